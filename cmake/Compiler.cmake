@@ -1,0 +1,11 @@
+# Warnings as errors, and ccache where the machine has it.
+add_library(tol_warnings INTERFACE)
+target_compile_options(tol_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+
+find_program(TOL_CCACHE ccache)
+if(TOL_CCACHE)
+  # Paths below the source folder count as relative, so that every checkout shares the cache.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
+      CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${TOL_CCACHE})
+endif()

@@ -1,0 +1,35 @@
+# A floor is a static library whose headers are included as "<floor>/<Header>.h". Its include path
+# holds links to its own headers and nothing else, so that a target sees a floor's headers only when
+# it links that floor: an include that points upward does not compile.
+
+# tol_floor(<folder below src> SOURCES <files...> [LINKS <public libraries...>])
+# Makes the target tol_<folder, slashes as underscores>.
+function(tol_floor folder)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  string(REPLACE "/" "_" name ${folder})
+  set(target tol_${name})
+  add_library(${target} STATIC ${ARG_SOURCES})
+  tol_include_root(${target} ${folder} ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${target} PUBLIC ${ARG_LINKS} PRIVATE tol_warnings)
+endfunction()
+
+# Gives the target an include path in which <folder> holds links to the headers of <source>.
+function(tol_include_root target folder source)
+  set(root ${CMAKE_BINARY_DIR}/include/${target})
+  file(REMOVE_RECURSE ${root})
+  file(MAKE_DIRECTORY ${root}/${folder})
+  file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${source} ${source}/*.h)
+  foreach(header ${headers})
+    file(CREATE_LINK ${source}/${header} ${root}/${folder}/${header} SYMBOLIC COPY_ON_ERROR)
+  endforeach()
+  target_include_directories(${target} PUBLIC ${root})
+endfunction()
+
+# tol_test(<name> LABEL unit|gui|e2e SOURCES <files...> LINKS <libraries...>)
+function(tol_test name)
+  cmake_parse_arguments(ARG "" "LABEL" "SOURCES;LINKS;ENVIRONMENT" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} tol_test_support tol_warnings GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+    PROPERTIES LABELS "${ARG_LABEL}" TIMEOUT 600 ENVIRONMENT "${ARG_ENVIRONMENT}")
+endfunction()

@@ -1,0 +1,2 @@
+// SPDX-License-Identifier: MIT
+#include "definition_update/engine/DefinitionUpdate.h"

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+namespace tol::update {
+
+/// One row of ACTIVITYLOG, as it is stored and shown.
+struct ActivityRow {
+    std::string PATHNAME, DBNAME, TABLENAME, INDEXNAME, FIELDNAME, Action, FDATE, PTIME;
+};
+
+/// The labels that a run writes to.
+enum class RunLabel {
+    NPPATHNAME, ///< Job Site, at the end "Finished" or "STOPPED"
+    NPPATHTEXT, ///< location, at the end the closing sentence
+    NPDBNAME,   ///< database
+    NP2,        ///< table
+    NP4,        ///< number of the record in work
+    NP6,        ///< number of records
+};
+
+enum class RunState { Running, Ended };
+
+/// What a run of the update shows while it works: the window, the terminal program and the tests each
+/// implement it. Every call is made on the caller's thread; none may throw.
+class UpdateView {
+  public:
+    virtual ~UpdateView() = default;
+
+    /// Shows or enables what belongs to the state. `Ended` is not told when the run broke off with an error.
+    virtual void showState(RunState state) = 0;
+    /// The site at that place of the tag list is now shown as tagged.
+    virtual void showTagged(int index) = 0;
+    virtual void showLabel(RunLabel label, const std::string& text) = 0;
+    /// The record labels ("Record: n of m") appear and disappear together.
+    virtual void showRecordLabels(bool visible) = 0;
+    /// The activity list is emptied and its row pointer goes back to the first row.
+    virtual void resetActivity() = 0;
+    virtual void showActivity(const ActivityRow& row) = 0;
+    /// The run has ended and the log was reopened: fill the activity list from its first row.
+    virtual void fillActivity() = 0;
+};
+
+/// What a refresh of the wanted definition shows while it works.
+enum class RefreshLabel { DBNAME, DBDESC, TNAME, FNAME, INAME };
+
+class RefreshView {
+  public:
+    virtual ~RefreshView() = default;
+    virtual void showLabel(RefreshLabel label, const std::string& text) = 0;
+    /// The Cancel button may be pressed from now on.
+    virtual void enableCancel() = 0;
+};
+
+} // namespace tol::update
