@@ -1,2 +1,1 @@
 // SPDX-License-Identifier: MIT
-

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "data/sqlite/CatalogueTables.h"
+
+namespace tol::data::sqlite {
+namespace {
+
+constexpr const char* definitions = R"(
+CREATE TABLE IF NOT EXISTS "MSysFields" (
+    TableName TEXT NOT NULL, ColumnName TEXT NOT NULL, FieldName TEXT NOT NULL, Ordinal INTEGER NOT NULL,
+    Type INTEGER NOT NULL, Size INTEGER NOT NULL, AllowZeroLength INTEGER NOT NULL,
+    Required INTEGER NOT NULL, Deleted INTEGER NOT NULL,
+    PRIMARY KEY (TableName, ColumnName)) WITHOUT ROWID;
+CREATE TABLE IF NOT EXISTS "MSysIndexes" (
+    TableName TEXT NOT NULL, IndexName TEXT NOT NULL, SqlName TEXT NOT NULL,
+    IsPrimary INTEGER NOT NULL, IsUnique INTEGER NOT NULL,
+    PRIMARY KEY (TableName, IndexName)) WITHOUT ROWID;
+CREATE TABLE IF NOT EXISTS "MSysInfo" (Name TEXT NOT NULL PRIMARY KEY, Value TEXT NOT NULL) WITHOUT ROWID;
+)";
+
+} // namespace
+
+bool CatalogueTables::exist() {
+    return m_connection.number("SELECT count(*) FROM sqlite_schema WHERE type = 'table' AND "
+                               "name IN ('MSysFields', 'MSysIndexes', 'MSysInfo')") == 3;
+}
+
+void CatalogueTables::create() {
+    m_connection.execute(definitions);
+}
+
+template <typename... Values>
+void CatalogueTables::change(std::string sql, const Values&... values) {
+    if (exist())
+        m_connection.run(std::move(sql), values...);
+}
+
+void CatalogueTables::putField(const FieldRow& row) {
+    create();
+    m_connection.run("INSERT OR REPLACE INTO MSysFields VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)", row.table,
+                     row.column, row.field, row.ordinal, row.type, row.size, row.allowZeroLength,
+                     row.required, row.deleted);
+}
+
+void CatalogueTables::renameField(const std::string& table, const std::string& column,
+                                  const std::string& newColumn, const std::string& newField) {
+    change("UPDATE MSysFields SET ColumnName = ?3, FieldName = ?4 WHERE TableName = ?1 AND ColumnName = ?2",
+           table, column, newColumn, newField);
+}
+
+void CatalogueTables::hideField(const std::string& table, const std::string& column,
+                                const std::string& newColumn) {
+    change("UPDATE MSysFields SET ColumnName = ?3, Deleted = 1 WHERE TableName = ?1 AND ColumnName = ?2",
+           table, column, newColumn);
+}
+
+void CatalogueTables::setOrdinal(const std::string& table, const std::string& column, int ordinal) {
+    change("UPDATE MSysFields SET Ordinal = ?3 WHERE TableName = ?1 AND ColumnName = ?2", table, column,
+           ordinal);
+}
+
+void CatalogueTables::setAllowZeroLength(const std::string& table, const std::string& column, bool allow) {
+    change("UPDATE MSysFields SET AllowZeroLength = ?3 WHERE TableName = ?1 AND ColumnName = ?2", table,
+           column, allow);
+}
+
+void CatalogueTables::removeField(const std::string& table, const std::string& column) {
+    change("DELETE FROM MSysFields WHERE TableName = ? AND ColumnName = ?", table, column);
+}
+
+void CatalogueTables::removeDeletedFields(const std::string& table) {
+    change("DELETE FROM MSysFields WHERE TableName = ? AND Deleted", table);
+}
+
+void CatalogueTables::putIndex(const IndexRow& row) {
+    create();
+    m_connection.run("INSERT OR REPLACE INTO MSysIndexes VALUES (?, ?, ?, ?, ?)", row.table, row.index,
+                     row.sqlName, row.primary, row.unique);
+}
+
+void CatalogueTables::removeIndex(const std::string& table, const std::string& index) {
+    change("DELETE FROM MSysIndexes WHERE TableName = ? AND IndexName = ?", table, index);
+}
+
+void CatalogueTables::renameTable(const std::string& table, const std::string& newName) {
+    change("UPDATE MSysFields SET TableName = ?2 WHERE TableName = ?1", table, newName);
+    change("UPDATE MSysIndexes SET TableName = ?2 WHERE TableName = ?1", table, newName);
+}
+
+void CatalogueTables::removeTable(const std::string& table) {
+    change("DELETE FROM MSysFields WHERE TableName = ?", table);
+    change("DELETE FROM MSysIndexes WHERE TableName = ?", table);
+}
+
+std::optional<std::string> CatalogueTables::info(const std::string& name) {
+    if (!exist())
+        return std::nullopt;
+    auto query = m_connection.cached("SELECT Value FROM MSysInfo WHERE Name = ?");
+    query->bind(1, name);
+    if (!query->step())
+        return std::nullopt;
+    return std::string(query->text(0));
+}
+
+void CatalogueTables::setInfo(const std::string& name, const std::string& value) {
+    create();
+    m_connection.run("INSERT OR REPLACE INTO MSysInfo VALUES (?, ?)", name, value);
+}
+
+} // namespace tol::data::sqlite

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/sqlite/Connection.h"
+
+#include <optional>
+#include <string>
+
+namespace tol::data::sqlite {
+
+/// First column of every table that this program makes: the row key.
+inline constexpr const char* rowKeyColumn = "MSysKey";
+/// Columns of deleted fields are called by this and a number.
+inline constexpr const char* hiddenColumnPrefix = "MSysDeleted";
+
+/// A row of MSysFields: what SQLite can't declare about a column.
+struct FieldRow {
+    std::string table;  ///< the table's name in the file
+    std::string column; ///< the column's name in the file
+    std::string field;  ///< the field's name; of a deleted field the one that it had
+    int ordinal = 0;
+    /// The field's type, or 0 for a column that another program made: its declared type and size hold,
+    /// and the row tells the ordinal and the zero-length rule only.
+    int type = 0;
+    int size = 0;
+    bool allowZeroLength = false;
+    bool required = false;
+    bool deleted = false;
+};
+
+/// A row of MSysIndexes: index names count per table here, but for the whole file in SQLite.
+struct IndexRow {
+    std::string table;
+    std::string index;
+    std::string sqlName; ///< the index's name in the file
+    bool primary = false;
+    bool unique = false;
+};
+
+/// The tables "MSysFields", "MSysIndexes" and "MSysInfo". A file that another program made gets them
+/// with the first change that needs them. Changes belong to the transaction that is open.
+class CatalogueTables {
+  public:
+    explicit CatalogueTables(Connection& connection) : m_connection(connection) {}
+
+    /// Whether the file has them.
+    bool exist();
+    void create();
+
+    void putField(const FieldRow& row); ///< adds or replaces
+    void renameField(const std::string& table, const std::string& column, const std::string& newColumn,
+                     const std::string& newField);
+    /// The column now holds a deleted field and is called newColumn.
+    void hideField(const std::string& table, const std::string& column, const std::string& newColumn);
+    void setOrdinal(const std::string& table, const std::string& column, int ordinal);
+    void setAllowZeroLength(const std::string& table, const std::string& column, bool allow);
+    void removeField(const std::string& table, const std::string& column);
+    void removeDeletedFields(const std::string& table);
+
+    void putIndex(const IndexRow& row);
+    void removeIndex(const std::string& table, const std::string& index);
+
+    void renameTable(const std::string& table, const std::string& newName);
+    void removeTable(const std::string& table);
+
+    [[nodiscard]] std::optional<std::string> info(const std::string& name);
+    void setInfo(const std::string& name, const std::string& value);
+
+  private:
+    /// Runs a change; a file without the catalogue tables has nothing to change.
+    template <typename... Values>
+    void change(std::string sql, const Values&... values);
+
+    Connection& m_connection;
+};
+
+} // namespace tol::data::sqlite

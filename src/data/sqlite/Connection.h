@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/sqlite/Statement.h"
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+struct sqlite3;
+
+namespace tol::data::sqlite {
+
+/// The one connection to a database file, for one thread. Waits for locks of others up to busyWait(),
+/// then fails with 3218. Texts can be collated as TOLTEXT. The file must never be opened a second time
+/// in this process by other means: closing it again would give up SQLite's locks.
+class Connection {
+  public:
+    enum class Mode { ReadWrite, ReadOnly };
+
+    Connection(std::filesystem::path file, Mode mode);
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    ~Connection();
+
+    [[nodiscard]] const std::filesystem::path& file() const { return m_file; }
+    [[nodiscard]] bool isReadOnly() const;
+    [[nodiscard]] sqlite3* handle() const { return m_handle; }
+
+    /// Runs one or more statements that give no rows.
+    void execute(const std::string& sql);
+    /// The first column of the first row as a number, or as a text; 0 and "" when there is no row.
+    std::int64_t number(std::string_view sql);
+    std::string text(std::string_view sql);
+
+    /// A prepared statement out of the cache, given back (reset, with its parameters cleared) when it
+    /// goes out of scope.
+    class Cached {
+      public:
+        Cached(Connection& connection, std::string sql);
+        Cached(const Cached&) = delete;
+        Cached& operator=(const Cached&) = delete;
+        ~Cached();
+        Statement* operator->() { return &m_statement; }
+        Statement& operator*() { return m_statement; }
+
+      private:
+        Connection& m_connection;
+        std::string m_sql;
+        Statement m_statement;
+    };
+    Cached cached(std::string sql) { return {*this, std::move(sql)}; }
+    /// The usual case of it: bind, run, done.
+    template <typename... Values>
+    void run(std::string sql, const Values&... values) {
+        Cached statement(*this, std::move(sql));
+        statement->bindAll(values...);
+        statement->run();
+    }
+
+    [[nodiscard]] std::int64_t lastInsertRowId() const;
+    [[nodiscard]] std::int64_t changes() const;
+    [[nodiscard]] bool inTransaction() const;
+
+    [[nodiscard]] std::chrono::milliseconds busyWait() const { return m_busyWait; }
+    void setBusyWait(std::chrono::milliseconds wait) { m_busyWait = wait; }
+    /// Called while a lock of another process is waited for: `begins` with true once at the start of
+    /// the wait, then with false at each turn. Must not throw and must not use this connection.
+    void setWaitObserver(std::function<void(bool begins)> observer) { m_waitObserver = std::move(observer); }
+
+    /// Throws what SQLite reported last on this connection.
+    [[noreturn]] void fail(int resultCode);
+
+  private:
+    static int waitForLock(void* self, int turn);
+    void open(Mode mode);
+
+    std::filesystem::path m_file;
+    sqlite3* m_handle = nullptr;
+    std::chrono::milliseconds m_busyWait{5000};
+    std::chrono::steady_clock::time_point m_waitUntil;
+    std::function<void(bool)> m_waitObserver;
+    std::unordered_map<std::string, Statement> m_cache;
+};
+
+} // namespace tol::data::sqlite

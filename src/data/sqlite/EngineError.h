@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "runtime/RuntimeError.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+
+namespace tol::data::sqlite {
+
+/// What SQLite reports, as the run-time error that administrators know, with SQLite's own words kept
+/// for logs. Errors that concern the file (full, read-only, damaged, locked, unreachable) name it.
+runtime::RuntimeError engineError(int resultCode, std::string_view engineText,
+                                  const std::filesystem::path& file, int systemError = 0);
+
+/// The error with the number's usual description; where that does not name the file, the file follows
+/// in parentheses.
+runtime::RuntimeError fileError(runtime::ErrorNumber number, const std::filesystem::path& file,
+                                std::string engineText = {});
+
+} // namespace tol::data::sqlite

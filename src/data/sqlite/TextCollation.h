@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+struct sqlite3;
+
+namespace tol::data::sqlite {
+
+/// The name under which index columns of this program's own tables ask for the order of
+/// runtime::compareText(). It never stands on a table's column, so that other tools can read the tables.
+inline constexpr const char* textCollation = "TOLTEXT";
+
+void registerTextCollation(sqlite3* connection);
+
+} // namespace tol::data::sqlite
