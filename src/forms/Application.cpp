@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "forms/Application.h"
+
+#include "forms/ErrorGuard.h"
+#include "forms/Form.h"
+#include "runtime/Host.h"
+
+#include <QAbstractEventDispatcher>
+#include <QKeyEvent>
+#include <QStyleFactory>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace tol::forms {
+namespace {
+
+// What Qt is told of the command line: the program's name and nothing else.
+int argumentCount = 1;
+char programName[] = "tol";
+char* argumentTexts[] = {programName, nullptr};
+
+std::string programTitle;
+int status = EXIT_SUCCESS;
+
+} // namespace
+
+Application::Application(std::string title)
+    : QApplication(argumentCount, static_cast<char**>(argumentTexts)) {
+    programTitle = std::move(title);
+    setApplicationName(programName);
+    setStyle(QStyleFactory::create("Fusion"));
+    setPalette(style()->standardPalette());
+    // A hidden main window behind a closed splash is still a running program: forms decide, not windows.
+    setQuitOnLastWindowClosed(false);
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            [] { guarded(runtime::settle); });
+}
+
+const std::string& Application::title() {
+    return programTitle;
+}
+
+void Application::setExitStatus(int newStatus) {
+    status = newStatus;
+}
+
+int Application::exitStatus() {
+    return status;
+}
+
+void Application::leave() {
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    bool handled = true;
+    guarded([&] {
+        handled = (event->type() == QEvent::KeyPress && receiver->isWidgetType() &&
+                   Form::previewKey(*static_cast<QWidget*>(receiver), *static_cast<QKeyEvent*>(event))) ||
+                  QApplication::notify(receiver, event);
+    });
+    return handled;
+}
+
+} // namespace tol::forms

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "forms/ErrorGuard.h"
+
+#include "forms/Application.h"
+#include "forms/MessageBox.h"
+#include "runtime/Host.h"
+#include "runtime/RuntimeError.h"
+
+#include <cstdlib>
+#include <exception>
+#include <fmt/format.h>
+#include <string>
+
+namespace tol::forms {
+namespace {
+
+constexpr runtime::MsgStyle errorStyle{runtime::MsgIcon::Critical, runtime::MsgButtons::Ok};
+
+bool ending = false;
+
+std::string errorText() {
+    try {
+        throw;
+    } catch (const runtime::RuntimeError& error) {
+        return fmt::format("Run-time error '{}':\n\n{}", error.number(), error.description());
+    } catch (const std::exception& error) {
+        return fmt::format("Internal error:\n\n{}", error.what());
+    } catch (...) {
+        return "Internal error.";
+    }
+}
+
+void showError(const std::string& text) {
+    try {
+        runtime::host().msgBox(text, errorStyle, Application::title());
+    } catch (...) {
+        // The box settles waiting writes first, and that may be the very thing that fails.
+        showMessageBox(text, errorStyle, Application::title());
+    }
+}
+
+} // namespace
+
+bool endingOnError() {
+    return ending;
+}
+
+void endOnError() noexcept {
+    Application::setExitStatus(EXIT_FAILURE);
+    if (!ending) { // an error under the error box adds nothing
+        ending = true;
+        try {
+            showError(errorText());
+            runtime::host().end();
+        } catch (...) { // the end settles waiting writes, too
+            Application::leave();
+        }
+    }
+    Application::leave();
+}
+
+} // namespace tol::forms

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+class QWidget;
+
+namespace tol::forms {
+
+using EventProcedure = std::function<void()>;
+
+/// Runs an event procedure of the window that the control is on. An error that leaves it goes to the
+/// error guard; once that shows its box, no further event procedure runs. The window object outlives its
+/// running procedures even if one of them unloads it.
+void runEvent(QWidget& control, const EventProcedure& procedure);
+
+/// Has the procedure run when the left button goes down and up again on the control. A click on a control
+/// is not a click on what lies below it.
+void onClick(QWidget& control, EventProcedure procedure);
+
+} // namespace tol::forms

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "forms/Form.h"
+
+#include "forms/ErrorGuard.h"
+#include "forms/EventProcedure.h"
+#include "forms/LoadedForms.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QWindow>
+
+namespace tol::forms {
+namespace {
+
+constexpr int longestWaitForScreen = 200; // milliseconds
+
+} // namespace
+
+Form::Form(const QString& name) {
+    setObjectName(name);
+}
+
+Form::~Form() {
+    if (m_loaded)
+        LoadedForms::remove(*this);
+}
+
+void Form::load() {
+    if (m_loaded)
+        return;
+    m_loaded = true;
+    LoadedForms::add(*this);
+    onLoad();
+}
+
+void Form::showModeless() {
+    const Hold hold(this);
+    load();
+    if (!m_loaded) // its Load can unload it
+        return;
+    if (!m_sizable)
+        setFixedSize(m_size);
+    outer().show();
+    outer().raise();
+    if (m_frame == nullptr)
+        activateWindow();
+}
+
+void Form::showModal(QWidget* owner) {
+    setParent(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    setWindowModality(Qt::ApplicationModal);
+    QEventLoop untilUnloaded;
+    m_modalLoop = &untilUnloaded;
+    showModeless();
+    if (m_loaded)
+        untilUnloaded.exec();
+    m_modalLoop = nullptr;
+}
+
+void Form::unload() {
+    if (!m_loaded)
+        return;
+    const Hold hold(this);
+    m_loaded = false;
+    onUnload();
+    outer().hide();
+    LoadedForms::remove(*this);
+    if (m_modalLoop != nullptr)
+        m_modalLoop->quit();
+}
+
+void Form::refresh() {
+    QElapsedTimer waited;
+    waited.start();
+    const QWindow* window = windowHandle();
+    while (window != nullptr && !window->isExposed() && !waited.hasExpired(longestWaitForScreen))
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    repaint();
+}
+
+void Form::setScaleSize(int width, int height) {
+    m_size = QSize(toPixels(width), toPixels(height));
+    resize(m_size);
+}
+
+Form* Form::of(QWidget* widget) {
+    for (; widget != nullptr; widget = widget->parentWidget())
+        if (auto* form = dynamic_cast<Form*>(widget))
+            return form;
+    return nullptr;
+}
+
+bool Form::previewKey(QWidget& receiver, const QKeyEvent& event) {
+    Form* form = of(&receiver);
+    if (form == nullptr || !form->m_loaded || !(form->m_keyPreview || form == &receiver))
+        return false;
+    KeyPress key = keyPressOf(event);
+    const int code = key.code;
+    runEvent(*form, [&] { form->onKeyDown(key); });
+    return key.code != code;
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+    runEvent(*this, [this] { unload(); });
+    event->accept();
+}
+
+bool Form::event(QEvent* event) {
+    // A child of the MDI area also gets this when the main window comes to the front.
+    if (event->type() == QEvent::WindowActivate && m_loaded && isWindow())
+        runEvent(*this, [this] { onActivate(); });
+    return QWidget::event(event);
+}
+
+QWidget& Form::outer() {
+    return m_frame != nullptr ? *m_frame : *this;
+}
+
+void Form::discardIfDone() {
+    if (m_frame != nullptr && !m_loaded && m_running == 0)
+        m_frame->deleteLater();
+}
+
+Form::Hold::Hold(Form* form) : m_form(form) {
+    if (m_form != nullptr)
+        ++m_form->m_running;
+}
+
+Form::Hold::~Hold() {
+    if (m_form == nullptr)
+        return;
+    --m_form->m_running;
+    m_form->discardIfDone();
+}
+
+} // namespace tol::forms

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "forms/Keys.h"
+#include "forms/Twips.h"
+
+#include <QWidget>
+
+class QEventLoop;
+class QKeyEvent;
+
+namespace tol::forms {
+
+/// A window of the program: loaded once, then shown, as a window of its own, modal, or as a child of the
+/// MDI area, and unloaded when it is closed. Its object name is the window's name, its title the
+/// caption. A derived class makes its controls in the constructor and overrides the event procedures.
+/// Unloading hides the window; the object itself is its maker's, except for a child of the MDI area,
+/// which goes when its last running event procedure has returned.
+class Form : public QWidget {
+  public:
+    explicit Form(const QString& name);
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+    ~Form() override;
+
+    /// Enters the form among the loaded ones and runs its Load, unless it is loaded already.
+    void load();
+    [[nodiscard]] bool isLoaded() const { return m_loaded; }
+    /// Loads and shows the form and returns at once.
+    void showModeless();
+    /// Loads and shows the form in front of its owner and returns when it has been unloaded.
+    void showModal(QWidget* owner);
+    /// Runs Unload and takes the form off the screen, unless it is not loaded.
+    void unload();
+    /// Brings what the window shows to the screen now, without handling what a person does meanwhile.
+    void refresh();
+
+    /// The size of the window's inside, in twips.
+    void setScaleSize(int width, int height);
+    /// Whether a person may change the window's size; fixed at first.
+    void setSizable(bool sizable) { m_sizable = sizable; }
+    [[nodiscard]] bool isSizable() const { return m_sizable; }
+    /// Whether the form sees keys before the control that has the focus.
+    void setKeyPreview(bool preview) { m_keyPreview = preview; }
+
+    QSize sizeHint() const override { return m_size; }
+
+    /// The form that a widget is on, or is; null when there is none.
+    static Form* of(QWidget* widget);
+    /// Lets the receiver's form see a key first. True when the form swallowed it.
+    static bool previewKey(QWidget& receiver, const QKeyEvent& event);
+
+    /// Keeps a form's object alive while one of its event procedures runs.
+    class Hold {
+      public:
+        explicit Hold(Form* form);
+        Hold(const Hold&) = delete;
+        Hold& operator=(const Hold&) = delete;
+        ~Hold();
+
+      private:
+        Form* m_form;
+    };
+
+  protected:
+    virtual void onLoad() {}
+    virtual void onActivate() {}
+    virtual void onUnload() {}
+    virtual void onKeyDown(KeyPress&) {}
+
+    void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
+
+  private:
+    friend class MdiForm;
+
+    /// The window that moves, hides and closes: the frame in the MDI area, or the form itself.
+    [[nodiscard]] QWidget& outer();
+    void discardIfDone();
+
+    QSize m_size;
+    QEventLoop* m_modalLoop = nullptr;
+    QWidget* m_frame = nullptr; ///< in the MDI area, which then owns the form
+    int m_running = 0;
+    bool m_loaded = false;
+    bool m_sizable = false;
+    bool m_keyPreview = false;
+};
+
+} // namespace tol::forms

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "forms/MdiArea.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+namespace tol::forms {
+
+class Form;
+
+/// A main window with a menu and an area of child windows. It is loaded once and stays hidden until it is
+/// shown. Closing it unloads its children first; then its own Unload runs. It belongs to its maker, the
+/// children belong to it.
+class MdiForm : public QMainWindow {
+  public:
+    explicit MdiForm(const QString& name);
+    MdiForm(const MdiForm&) = delete;
+    MdiForm& operator=(const MdiForm&) = delete;
+    ~MdiForm() override;
+
+    void load();
+    void unload();
+
+    /// Loads the form, puts it in the middle of the area and shows it.
+    void showChild(std::unique_ptr<Form> child);
+    void arrange(Arrangement style) { m_area.arrange(style); }
+
+    /// Outer size of the window, and size of the area that children lie in, in twips.
+    void setSize(int width, int height);
+    [[nodiscard]] int scaleWidth() const;
+    [[nodiscard]] int scaleHeight() const;
+
+  protected:
+    virtual void onLoad() {}
+    virtual void onUnload() {}
+    /// A click on the area where no child lies.
+    virtual void onClick() {}
+
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void unloadChildren();
+
+    MdiArea& m_area; // the window's central widget
+    bool m_loaded = false;
+};
+
+} // namespace tol::forms
