@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/DBEngine.h"
+#include "definition_update/engine/DefinitionRefresh.h"
 #include "definition_update/engine/UpdateView.h"
 
 #include <array>
@@ -53,23 +54,6 @@ class DefinitionUpdate {
   private:
     struct State;
     std::unique_ptr<State> m_state;
-};
-
-/// Fills NEWDEF, NEWINDEXES, MODULES and USERACCESSITEMS of ZOVDEF.MDB from the reference databases
-/// and the network database.
-class DefinitionRefresh {
-  public:
-    DefinitionRefresh(RefreshView& view, std::string netLocation);
-    /// Traps its own errors (vdProcessError). True when it finished, false when it was cancelled or an
-    /// error ended it.
-    bool RefreshDefinitions();
-    /// Clears the running flag; it takes effect behind the database in work.
-    void Cancel();
-
-  private:
-    RefreshView& m_view;
-    std::string m_netLocation;
-    bool m_running = false;
 };
 
 } // namespace tol::update

@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+#include "definition_update/engine/DefinitionRefresh.h"
+
+#include "data/DBEngine.h"
+#include "definition_update/engine/DefinitionRows.h"
+#include "definition_update/engine/ErrorReport.h"
+#include "runtime/Host.h"
+#include "runtime/Text.h"
+#include "shell/vdfunctions/vdfunctions.h"
+
+#include <initializer_list>
+#include <utility>
+
+namespace tol::update {
+
+using runtime::host;
+using runtime::MsgIcon;
+using shell::vdIsBlank;
+using shell::vdNullCheckText;
+using shell::vdRecordOK;
+
+namespace {
+
+/// Adds a row to `copy` for each row of `list`, in the order of the index that bears the table's name.
+void copyList(data::Recordset& list, data::Recordset& copy, std::initializer_list<const char*> fields) {
+    list.Index(list.Name());
+    while (vdRecordOK(list)) {
+        copy.AddNew();
+        for (const char* field : fields)
+            copy.Fields(field).Value(shell::vdNullCheck(list.Fields(field)));
+        copy.Update();
+        list.MoveNext();
+    }
+}
+
+} // namespace
+
+DefinitionRefresh::DefinitionRefresh(RefreshView& view, std::string netLocation)
+    : m_view(view), m_netLocation(std::move(netLocation)) {}
+
+void DefinitionRefresh::Cancel() {
+    m_running = false;
+}
+
+// The network lists are refreshed whatever became of the definitions.
+bool DefinitionRefresh::RefreshDefinitions() {
+    m_running = true;
+    m_failed = false;
+    bool finished = false;
+    const bool reachedEnd = reportErrors(refreshForm, "RefreshDefinitions", [&] {
+        data::Workspace wksDBU = data::DBEngine::CreateWorkspace("wksDBU");
+        data::Database definitions = wksDBU.OpenDatabase("ZOVDEF.MDB");
+        data::Recordset DATABASES = definitions.OpenRecordset("DATABASES");
+        data::Recordset NEWDEF = definitions.OpenRecordset("NEWDEF");
+        data::Recordset NEWINDEXES = definitions.OpenRecordset("NEWINDEXES");
+        if (empty(definitions, NEWDEF, " ") && empty(definitions, NEWINDEXES, " "))
+            finished = fillDefinitions(DATABASES, NEWDEF, NEWINDEXES);
+        finished = refreshNetworkLists(definitions) && finished;
+    });
+    return reachedEnd && finished && !m_failed;
+}
+
+/// Empties the recordset's table and opens it again.
+bool DefinitionRefresh::empty(data::Database& definitions, data::Recordset& rows, const std::string& folder) {
+    const std::string name = rows.Name();
+    if (!shell::vdEmptyTable(folder, "ZOVDEF.MDB", rows))
+        return false;
+    rows = definitions.OpenRecordset(name);
+    return true;
+}
+
+bool DefinitionRefresh::fillDefinitions(data::Recordset& DATABASES, data::Recordset& NEWDEF,
+                                        data::Recordset& NEWINDEXES) {
+    m_view.enableCancel();
+    DATABASES.Index("DATABASES");
+    DATABASES.MoveFirst();
+    do {
+        if (!vdRecordOK(DATABASES))
+            break;
+        fillDatabase(DATABASES, NEWDEF, NEWINDEXES);
+        DATABASES.MoveNext();
+        host().doEvents();
+    } while (m_running);
+    blankProgress();
+    m_view.showLabel(RefreshLabel::DBNAME, m_running ? "Finished" : "Process Canceled");
+    m_view.showLabel(RefreshLabel::DBDESC, m_running ? "Database Definitions Have Been Refreshed."
+                                                     : "Database Definitions ARE INCOMPLETE.");
+    return m_running;
+}
+
+// A database whose reference copy is missing gets no rows, so that a later update deletes all its tables.
+void DefinitionRefresh::fillDatabase(const data::Recordset& DATABASES, data::Recordset& NEWDEF,
+                                     data::Recordset& NEWINDEXES) {
+    const std::string DBNAME = foldedText(DATABASES.Fields("DBNAME"));
+    const std::string ALTDBNAME = foldedText(DATABASES.Fields("ALTDBNAME"));
+    m_view.showLabel(RefreshLabel::DBNAME, DBNAME);
+    m_view.showLabel(RefreshLabel::DBDESC, vdNullCheckText(DATABASES.Fields("DBDESC")));
+    blankProgress();
+    const std::string copy =
+        vdNullCheckText(DATABASES.Fields("FILLLOC")) + "\\" + (vdIsBlank(ALTDBNAME) ? DBNAME : ALTDBNAME);
+    const std::string file = std::string(runtime::trim(copy)) + ".MDB";
+    if (vdIsBlank(shell::vdDir(file))) {
+        host().msgBox("Cannot Locate Target Database: " + file, {MsgIcon::Information},
+                      "Cannot Locate Target");
+        return;
+    }
+    data::Workspace wksTARGET = data::DBEngine::CreateWorkspace("wksTARGET");
+    data::Database target = wksTARGET.OpenDatabase(file);
+    FillNewTableDef(target, NEWDEF, DBNAME);
+    FillNewIndexDef(target, NEWINDEXES, DBNAME);
+}
+
+void DefinitionRefresh::FillNewTableDef(const data::Database& target, data::Recordset& NEWDEF,
+                                        const std::string& DBNAME) {
+    const bool filled = reportErrors(refreshForm, "FillNewTableDef", [&] {
+        FieldRows rows(NEWDEF);
+        eachTable(target, [&](const data::TableDef& table, const std::string& name) {
+            const std::string TNAME = runtime::upperCase(name);
+            m_view.showLabel(RefreshLabel::TNAME, TNAME);
+            const data::TableDef::FieldList fields = table.Fields();
+            for (int position = 0; position < fields.Count(); ++position) {
+                data::FieldDef field = fields(position).definition();
+                field.name = runtime::upperCase(field.name);
+                m_view.showLabel(RefreshLabel::FNAME, field.name);
+                rows.add(DBNAME, TNAME, field);
+            }
+        });
+    });
+    m_failed = m_failed || !filled;
+}
+
+void DefinitionRefresh::FillNewIndexDef(const data::Database& target, data::Recordset& NEWINDEXES,
+                                        const std::string& DBNAME) {
+    const auto shows = [this](RefreshLabel label) {
+        return [this, label](const std::string& text) { m_view.showLabel(label, text); };
+    };
+    const bool filled = reportErrors(refreshForm, "FillNewIndexDef", [&] {
+        IndexRows rows(NEWINDEXES);
+        captureIndexes(target, rows, DBNAME,
+                       {shows(RefreshLabel::TNAME), shows(RefreshLabel::INAME), shows(RefreshLabel::FNAME)});
+    });
+    m_failed = m_failed || !filled;
+}
+
+// The copies are emptied in the file of the network location and filled in the file of the current folder:
+// the same file where the location is blank.
+bool DefinitionRefresh::refreshNetworkLists(data::Database& definitions) {
+    data::Workspace wksNET = data::DBEngine::CreateWorkspace("wksNET");
+    data::Database network = wksNET.OpenDatabase(shell::vdNetPath(m_netLocation, false));
+    data::Recordset MODULES = network.OpenRecordset("MODULES");
+    data::Recordset USERACCESSITEMS = network.OpenRecordset("USERACCESSITEMS");
+    data::Recordset modulesCopy = definitions.OpenRecordset("MODULES");
+    data::Recordset itemsCopy = definitions.OpenRecordset("USERACCESSITEMS");
+    m_running = true;
+    m_running = emptyCopy(definitions, modulesCopy, "Modules") &&
+                emptyCopy(definitions, itemsCopy, "User Access Items");
+    if (m_running) {
+        copyList(MODULES, modulesCopy, {"MODULEID", "MODULENAME"});
+        copyList(USERACCESSITEMS, itemsCopy, {"UAITAG", "MODULEID", "UAICODE", "Desc", "FORMNAME"});
+    }
+    return m_running;
+}
+
+bool DefinitionRefresh::emptyCopy(data::Database& definitions, data::Recordset& copy,
+                                  const std::string& listName) {
+    if (empty(definitions, copy, m_netLocation))
+        return true;
+    host().msgBox("Cannot Refresh Network " + listName + " List", {MsgIcon::Critical}, "Cannot Refresh");
+    return false;
+}
+
+void DefinitionRefresh::blankProgress() {
+    for (const RefreshLabel label : {RefreshLabel::TNAME, RefreshLabel::FNAME, RefreshLabel::INAME})
+        m_view.showLabel(label, " ");
+}
+
+} // namespace tol::update

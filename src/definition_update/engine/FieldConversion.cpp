@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "definition_update/engine/FieldConversion.h"
+
+#include "definition_update/engine/ActivityLog.h"
+#include "definition_update/engine/ConversionMatrix.h"
+#include "definition_update/engine/ErrorReport.h"
+#include "runtime/Conversions.h"
+#include "runtime/Host.h"
+#include "runtime/Text.h"
+
+#include <cstdint>
+
+namespace tol::update {
+
+using runtime::host;
+using runtime::MsgResult;
+using runtime::MsgStyle;
+using runtime::Value;
+using shell::vdNullCheck;
+
+namespace {
+
+const std::string temporaryField = "TEMPFIELD";
+constexpr MsgStyle yesNo{runtime::MsgIcon::Question, runtime::MsgButtons::YesNo};
+
+} // namespace
+
+void deleteAllIndexes(data::TableDef& table) {
+    while (table.Indexes().Count() >= 1)
+        table.Indexes().Delete(table.Indexes()(0).Name());
+}
+
+// The run may go on when the operator pressed Cancel, and must not when he answered No: the old field is kept
+// by the answer alone, which ProcessDatabase tells.
+void FieldConversion::ConvertFieldType() {
+    reportErrors(updateForm, "ConvertFieldType", [this] {
+        m_s.WarnUnconvertible = true;
+        showLabels();
+        deleteAllIndexes(*m_s.tableDef);
+        appendField(temporaryField, true);
+        convertRows();
+        if (m_s.ProcessDatabase) {
+            replaceOldField(true);
+            WriteActivityLog(m_s, m_s.TNAME, " ", m_s.FNAME,
+                             std::string("Changed Field Type. ") +
+                                 (m_s.UnableToConvert ? "DATA MAY BE LOST" : " "));
+        }
+        hideLabels();
+    });
+}
+
+// Unlike a change of type, a change of size keeps the old field whenever the run was stopped.
+void FieldConversion::ChangeFieldSize() {
+    reportErrors(updateForm, "ChangeFieldSize", [this] {
+        showLabels();
+        deleteAllIndexes(*m_s.tableDef);
+        appendField(temporaryField, false);
+        resizeRows();
+        if (m_s.ContinueRun) {
+            replaceOldField(false);
+            WriteActivityLog(m_s, m_s.TNAME, " ", m_s.FNAME,
+                             std::string("Changed Field Size. ") +
+                                 (m_s.UnableToConvert ? "Some Data may be lost." : " "));
+        }
+        hideLabels();
+    });
+}
+
+// Once the operator wants no more warnings no row is stored for the rest of the field, though conversions
+// still run and may fail. A row left without Update is dropped by the move to the next one.
+void FieldConversion::convertRows() {
+    data::Recordset rows = m_s.target.OpenRecordset(m_s.TNAME);
+    const data::Field from = rows.Fields(m_s.FNAME);
+    data::Field to = rows.Fields(temporaryField);
+    const Conversion convert = conversionFor(m_s.liveType, m_s.FTYPE);
+    Value converted;
+    eachRow(rows, [&] {
+        m_s.UnableToConvert = false;
+        m_s.UnableToConvert = !convert(vdNullCheck(from), m_s.FSIZE, converted);
+        if (!m_s.UnableToConvert)
+            to.Value(converted);
+        if (!m_s.WarnUnconvertible)
+            return;
+        if (m_s.UnableToConvert)
+            askAboutUnconvertible();
+        else
+            rows.Update();
+    });
+    rows.Close();
+}
+
+void FieldConversion::askAboutUnconvertible() {
+    const std::string text = "Unable to Convert Data in Field: " + std::string(runtime::trim(m_s.FNAME)) +
+                             " located in Table: " + std::string(runtime::trim(m_s.TNAME)) +
+                             "\nDATA IN THIS FIELD WILL BE LOST.\n\nOK to Continue?";
+    if (host().msgBox(text, yesNo, "Data Will Be Lost") == MsgResult::No) {
+        m_s.ContinueRun = false;
+        m_s.ProcessDatabase = false;
+        m_s.UnableToConvert = false;
+    } else if (host().msgBox("Warn Again if Unable to Convert Data?", yesNo, "Continue Warning?") ==
+               MsgResult::No) {
+        m_s.WarnUnconvertible = false;
+    }
+}
+
+void FieldConversion::resizeRows() {
+    data::Recordset rows = m_s.target.OpenRecordset(m_s.TNAME);
+    const data::Field from = rows.Fields(m_s.FNAME);
+    data::Field to = rows.Fields(temporaryField);
+    m_s.UnableToConvert = m_s.liveSize > m_s.FSIZE;
+    eachRow(rows, [&] {
+        const Value value = vdNullCheck(from);
+        if (m_s.UnableToConvert)
+            to.Value(runtime::left(runtime::toText(value), m_s.FSIZE));
+        else
+            to.Value(value);
+        rows.Update();
+    });
+    rows.Close();
+}
+
+// The values that were not stored come back as the wanted type's blank.
+void FieldConversion::replaceOldField(bool memoAllowsZeroLength) {
+    m_s.tableDef->Fields().Delete(m_s.FNAME);
+    appendField(m_s.FNAME, memoAllowsZeroLength);
+    data::Recordset rows = m_s.target.OpenRecordset(m_s.TNAME);
+    const data::Field from = rows.Fields(temporaryField);
+    data::Field to = rows.Fields(m_s.FNAME);
+    eachRow(rows, [&] {
+        to.Value(vdNullCheck(from));
+        rows.Update();
+    });
+    rows.Close();
+    m_s.tableDef->Fields().Delete(temporaryField);
+}
+
+void FieldConversion::eachRow(data::Recordset& rows, const std::function<void()>& change) {
+    const std::int64_t count = rows.RecordCount();
+    m_s.view.showLabel(RunLabel::NP6, std::to_string(count));
+    if (count == 0)
+        return;
+    rows.MoveFirst();
+    for (std::int32_t counter = 1; !rows.AtEOF(); ++counter) {
+        m_s.view.showLabel(RunLabel::NP4, shell::vdLongText(counter, 10));
+        rows.Edit();
+        change();
+        host().doEvents();
+        if (!m_s.ContinueRun)
+            break;
+        rows.MoveNext();
+    }
+}
+
+void FieldConversion::appendField(const std::string& name, bool memoAllowsZeroLength) {
+    data::TableDef& table = *m_s.tableDef;
+    table.Fields().Append(table.CreateField(name, m_s.FTYPE, m_s.FSIZE));
+    if (m_s.FTYPE == data::dbText || (memoAllowsZeroLength && m_s.FTYPE == data::dbMemo))
+        table.Fields()(name).AllowZeroLength(true);
+}
+
+void FieldConversion::showLabels() {
+    m_s.view.showRecordLabels(true);
+    m_s.view.showLabel(RunLabel::NP2, m_s.TNAME);
+}
+
+void FieldConversion::hideLabels() {
+    m_s.view.showLabel(RunLabel::NP2, " ");
+    m_s.view.showRecordLabels(false);
+}
+
+} // namespace tol::update

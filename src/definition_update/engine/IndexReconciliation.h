@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "definition_update/engine/DefinitionRows.h"
+#include "definition_update/engine/TableReconciliation.h"
+#include "definition_update/engine/UpdateState.h"
+
+#include <string>
+
+namespace tol::update {
+
+/// Brings the indexes of the target up to NEWINDEXES and its field positions up to NEWDEF. An index is known
+/// by table, name and joined key names; no other property is compared or made.
+class IndexReconciliation {
+  public:
+    IndexReconciliation(UpdateState& state, TableReconciliation& tables) : m_s(state), m_tables(tables) {}
+
+    /// Removes old tables and fields, makes and changes the wanted indexes, removes the old ones.
+    void UpdateIndexDefs();
+    /// Writes the position of every wanted field.
+    void UpdateOPOS();
+
+  private:
+    void makeWantedIndexes();
+    void makeIndex(const IndexRows& wanted, const IndexRows& live);
+    void addKeyFields(data::Index& index, const IndexRows& wanted);
+    void removeOldIndexes();
+    void removeIndex(data::TableDef& table);
+    void setPositions();
+    void setPositionsOfTable(const FieldRows& wanted);
+
+    UpdateState& m_s;
+    TableReconciliation& m_tables;
+    std::string m_indexName, m_keyString; // the index in work
+};
+
+} // namespace tol::update

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "definition_update/engine/TableReconciliation.h"
+
+#include "definition_update/engine/ActivityLog.h"
+#include "definition_update/engine/ErrorReport.h"
+#include "runtime/Conversions.h"
+#include "runtime/Host.h"
+#include "runtime/Text.h"
+
+namespace tol::update {
+
+using data::dbText;
+using runtime::host;
+using shell::vdFindFirst;
+using shell::vdIsBlank;
+using shell::vdNullCheckText;
+using shell::vdRecordOK;
+
+// It has no step of its own to the next row: the two procedures for a table do that.
+void TableReconciliation::UpdateTableDefs() {
+    reportErrors(updateForm, "UpdateTableDefs", [this] {
+        m_s.OLDDEF.Close();
+        m_s.OLDDEF = m_s.definitions.OpenRecordset("OLDDEF");
+        m_s.OLDDEF.Index("OLDDEF");
+        const FieldRows wanted(m_s.NEWDEF);
+        const FieldRows live(m_s.OLDDEF);
+        const shell::KeyPairs ofDatabase{{m_s.DBNAME, wanted.DBNAME()}};
+        const std::string mark = vdFindFirst(m_s.NEWDEF, "NEWDEF", ofDatabase);
+        if (vdIsBlank(mark))
+            return;
+        m_s.NEWDEF.Index("NEWDEF");
+        m_s.NEWDEF.Bookmark(mark);
+        do {
+            if (!vdRecordOK(m_s.NEWDEF, ofDatabase))
+                break;
+            m_s.TNAME = vdNullCheckText(wanted.TNAME);
+            m_s.view.showLabel(RunLabel::NP2, m_s.TNAME);
+            if (vdIsBlank(vdFindFirst(m_s.OLDDEF, "OLDDEF", {{m_s.TNAME, live.TNAME}})))
+                AddNewTable();
+            else
+                ModifyTable();
+            host().doEvents();
+        } while (m_s.ContinueRun);
+    });
+}
+
+// DatabaseOk is set afresh by every table added, so that the last one alone decides whether the database
+// counts as incomplete.
+void TableReconciliation::AddNewTable() {
+    reportErrors(updateForm, "AddNewTable", [this] {
+        const FieldRows wanted(m_s.NEWDEF);
+        m_s.DatabaseOk = true;
+        if (isLive(m_s.TNAME)) {
+            refuseTable(wanted, "TABLE EXITS");
+            return;
+        }
+        data::TableDef table = m_s.target.CreateTableDef(runtime::upperCase(m_s.TNAME));
+        WriteActivityLog(m_s, m_s.TNAME, " ", " ", "Added New Table.");
+        m_s.ChangesMade = true;
+        if (addWantedFields(table, wanted))
+            m_s.target.TableDefs().Append(table);
+        else
+            refuseTable(wanted, "CANNOT FIND TABLE IN NEWDEF");
+    });
+}
+
+bool TableReconciliation::isLive(const std::string& table) const {
+    const std::string wanted = runtime::upperCase(runtime::trim(table));
+    bool found = false;
+    eachTable(m_s.target, [&](const data::TableDef& /*live*/, const std::string& name) {
+        found = found || runtime::upperCase(name) == wanted;
+    });
+    return found;
+}
+
+// A field is logged before it is made, so that one that fails stands in the log.
+bool TableReconciliation::addWantedFields(data::TableDef& table, const FieldRows& wanted) {
+    const shell::KeyPairs ofTable = keysOfTable(wanted);
+    const std::string mark = vdFindFirst(m_s.NEWDEF, "NEWDEF", ofTable);
+    if (vdIsBlank(mark))
+        return false;
+    m_s.NEWDEF.Bookmark(mark);
+    while (vdRecordOK(m_s.NEWDEF, ofTable)) {
+        readWantedField(wanted);
+        WriteActivityLog(m_s, m_s.TNAME, " ", m_s.FNAME, "Added Field.");
+        appendField(table);
+        m_s.ChangesMade = true;
+        m_s.NEWDEF.MoveNext();
+    }
+    return true;
+}
+
+void TableReconciliation::refuseTable(const FieldRows& wanted, const std::string& reason) {
+    m_s.DatabaseOk = false;
+    const shell::KeyPairs ofTable = keysOfTable(wanted);
+    while (vdRecordOK(m_s.NEWDEF, ofTable)) {
+        host().doEvents();
+        m_s.NEWDEF.MoveNext();
+    }
+    WriteActivityLog(m_s, m_s.TNAME, " ", " ", "ERROR CREATING TABLE." + reason);
+}
+
+void TableReconciliation::ModifyTable() {
+    reportErrors(updateForm, "ModifyTable", [this] {
+        const FieldRows wanted(m_s.NEWDEF);
+        m_s.tableDef = m_s.target.TableDefs(m_s.TNAME);
+        const shell::KeyPairs ofTable = keysOfTable(wanted);
+        const std::string mark = vdFindFirst(m_s.NEWDEF, "NEWDEF", ofTable);
+        if (vdIsBlank(mark))
+            return;
+        m_s.NEWDEF.Bookmark(mark);
+        do {
+            if (!vdRecordOK(m_s.NEWDEF, ofTable))
+                break;
+            readWantedField(wanted);
+            modifyField();
+            m_s.NEWDEF.MoveNext();
+        } while (m_s.ContinueRun);
+    });
+}
+
+shell::KeyPairs TableReconciliation::keysOfTable(const FieldRows& wanted) const {
+    return {{m_s.DBNAME, wanted.DBNAME()}, {m_s.TNAME, wanted.TNAME}};
+}
+
+void TableReconciliation::readWantedField(const FieldRows& wanted) {
+    m_s.FNAME = trimmedText(wanted.FNAME);
+    m_s.FSIZE = runtime::toInteger(shell::vdNullCheck(wanted.FSIZE));
+    m_s.FTYPE = runtime::toInteger(shell::vdNullCheck(wanted.FTYPE));
+}
+
+void TableReconciliation::modifyField() {
+    m_s.OLDDEF.Seek("=", {m_s.TNAME, m_s.FNAME});
+    if (m_s.OLDDEF.NoMatch()) {
+        WriteActivityLog(m_s, m_s.TNAME, " ", m_s.FNAME, "Added New Field");
+        appendField(*m_s.tableDef);
+        m_s.ChangesMade = true;
+        return;
+    }
+    data::Field field = m_s.tableDef->Fields()(m_s.FNAME);
+    m_s.liveType = field.Type();
+    m_s.liveSize = field.Size();
+    if (m_s.liveType != m_s.FTYPE)
+        m_conversion.ConvertFieldType();
+    else if (m_s.liveSize != m_s.FSIZE)
+        m_conversion.ChangeFieldSize();
+    else if (m_s.FTYPE == dbText && !field.AllowZeroLength())
+        field.AllowZeroLength(true);
+}
+
+void TableReconciliation::appendField(data::TableDef& table) {
+    table.Fields().Append(table.CreateField(m_s.FNAME, m_s.FTYPE, m_s.FSIZE));
+    if (m_s.FTYPE == dbText)
+        table.Fields()(m_s.FNAME).AllowZeroLength(true);
+}
+
+void TableReconciliation::removeOldDefinitions() {
+    const FieldRows live(m_s.OLDDEF);
+    const FieldRows wanted(m_s.NEWDEF);
+    if (m_s.OLDDEF.RecordCount() > 0) {
+        m_s.OLDDEF.Index("OLDDEF");
+        m_s.OLDDEF.MoveFirst();
+    }
+    while (vdRecordOK(m_s.OLDDEF)) {
+        m_s.TNAME = trimmedText(live.TNAME);
+        m_s.FNAME = trimmedText(live.FNAME);
+        shell::KeyPairs wantedKeys = keysOfTable(wanted);
+        if (vdIsBlank(vdFindFirst(m_s.NEWDEF, "NEWDEF", wantedKeys))) {
+            removeTable(live);
+            continue;
+        }
+        wantedKeys.push_back({m_s.FNAME, wanted.FNAME});
+        if (vdIsBlank(vdFindFirst(m_s.NEWDEF, "NEWDEF", wantedKeys)))
+            removeField();
+        m_s.OLDDEF.MoveNext();
+    }
+}
+
+// Any index may hold the field, so all indexes of the table go first. OLDINDEXES still lists them: they
+// come back in the pass that captures the table afresh.
+void TableReconciliation::removeField() {
+    m_s.tableDef = m_s.target.TableDefs(m_s.TNAME);
+    deleteAllIndexes(*m_s.tableDef);
+    m_s.tableDef->Fields().Delete(m_s.FNAME);
+    WriteActivityLog(m_s, m_s.TNAME, " ", m_s.FNAME, "Removed Old Field.");
+    m_s.ChangesMade = true;
+}
+
+void TableReconciliation::removeTable(const FieldRows& live) {
+    m_s.target.TableDefs().Delete(m_s.TNAME);
+    WriteActivityLog(m_s, m_s.TNAME, " ", " ", "Table: " + m_s.TNAME + " Removed.");
+    m_s.ChangesMade = true;
+    while (vdRecordOK(m_s.OLDDEF, {{m_s.TNAME, live.TNAME}})) {
+        host().doEvents();
+        if (!m_s.ContinueRun)
+            break;
+        m_s.OLDDEF.MoveNext();
+    }
+}
+
+} // namespace tol::update
