@@ -2,6 +2,7 @@
 #include "data/sqlite/CreateTableSql.h"
 
 #include "data/sqlite/CreateTableParser.h"
+#include "data/sqlite/Sql.h"
 
 #include <algorithm>
 

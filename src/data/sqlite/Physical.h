@@ -51,6 +51,7 @@ struct PhysicalTable {
     std::vector<std::string> rowKey;
     bool withoutRowId = false;
     bool own = false;      ///< made by this program
+    bool strict = false;   ///< a STRICT table: columns may be declared with five types only
     int hiddenColumns = 0; ///< deleted fields whose bytes still lie in the file
 };
 

@@ -152,16 +152,6 @@ std::string unquotedName(std::string_view token) {
     return name;
 }
 
-std::string quotedName(std::string_view name) {
-    std::string quoted = "\"";
-    for (const char c : name) {
-        quoted += c;
-        if (c == '"')
-            quoted += '"';
-    }
-    return quoted + '"';
-}
-
 bool sameSqlName(std::string_view left, std::string_view right) {
     return std::ranges::equal(left, right, {}, lower, lower);
 }

@@ -29,9 +29,6 @@ std::vector<SqlToken> sqlTokens(std::string_view sql);
 /// The name that a token stands for: quotes of all four styles taken off.
 std::string unquotedName(std::string_view token);
 
-/// The name in double quotes, as it may stand in any SQL text.
-std::string quotedName(std::string_view name);
-
 /// Equality of names as SQLite has it: without regard to case for the 26 Latin letters alone.
 bool sameSqlName(std::string_view left, std::string_view right);
 

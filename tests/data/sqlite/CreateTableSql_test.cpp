@@ -120,10 +120,10 @@ TEST(CreateTableSql, LeavesColumnsOutWithTheirCommas) {
     const std::string sql = "CREATE TABLE t(a INT, -- one\n b INT, -- two\n c INT -- three\n)";
     EXPECT_EQ(withoutColumns(sql, {"a"}), "CREATE TABLE \"t\"( -- one\n b INT, -- two\n c INT -- three\n)");
     EXPECT_EQ(withoutColumns(sql, {"B"}), "CREATE TABLE \"t\"(a INT, -- one\n  -- two\n c INT -- three\n)");
-    EXPECT_EQ(withoutColumns(sql, {"c"}), "CREATE TABLE \"t\"(a INT, -- one\n b INT -- two\n  -- three\n)");
+    EXPECT_EQ(withoutColumns(sql, {"c"}), "CREATE TABLE \"t\"(a INT, -- one\n b INT -- three\n)");
     EXPECT_EQ(withoutColumns("CREATE TABLE t(a, b, CHECK(1) UNIQUE(a))", {"b"}),
               "CREATE TABLE \"t\"(a,  CHECK(1) UNIQUE(a))");
-    EXPECT_EQ(withoutColumns("CREATE TABLE t(a, b, c)", {"b", "c"}), "CREATE TABLE \"t\"(a )");
+    EXPECT_EQ(withoutColumns("CREATE TABLE t(a, b, c)", {"b", "c"}), "CREATE TABLE \"t\"(a)");
 }
 
 TEST(CreateTableSql, LeavesConstraintsOut) {
@@ -133,7 +133,7 @@ TEST(CreateTableSql, LeavesConstraintsOut) {
     EXPECT_EQ(without("CREATE TABLE t(a, b, PRIMARY KEY(a), UNIQUE(b))", PrimaryKey),
               "CREATE TABLE \"t\"(a, b,  UNIQUE(b))");
     EXPECT_EQ(without("CREATE TABLE t(a, b, PRIMARY KEY(a), UNIQUE(b))", Unique),
-              "CREATE TABLE \"t\"(a, b, PRIMARY KEY(a) )");
+              "CREATE TABLE \"t\"(a, b, PRIMARY KEY(a))");
     EXPECT_EQ(without("CREATE TABLE t(a, b, PRIMARY KEY(a) UNIQUE(b))", Unique),
               "CREATE TABLE \"t\"(a, b, PRIMARY KEY(a) )");
     EXPECT_EQ(without("CREATE TABLE t(a \"x\"UNIQUE DEFAULT 1, b)", Unique),
@@ -167,7 +167,7 @@ TEST(CreateTableSql, TakesAColumnInFront) {
     statement.removeColumn("a");
     statement.removeColumn("b");
     statement.removeConstraint(statement.constraints()[0]);
-    EXPECT_EQ(statement.text("t"), "CREATE TABLE \"t\"(k INTEGER PRIMARY KEY  )");
+    EXPECT_EQ(statement.text("t"), "CREATE TABLE \"t\"(k INTEGER PRIMARY KEY)");
 }
 
 } // namespace tol::test

@@ -102,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(UnknownOnes, ReadDeclaredType,
                                          Reading{"MYBLOB", dbLongBinary, 0},
                                          Reading{"\"odd type\"(7)", dbMemo, 0},
                                          Reading{"[VARCHAR](12)", dbText, 12},
-                                         Reading{"VARCHAR)(3", dbText, 3}, Reading{"VARCHAR((((9", dbText, 9},
+                                         Reading{"VARCHAR)(3", dbMemo, 0}, Reading{"VARCHAR((((9", dbText, 9},
                                          Reading{"\xC3\x84\xFF(", dbMemo, 0}));
 
 namespace {

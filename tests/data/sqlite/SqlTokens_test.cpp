@@ -65,11 +65,6 @@ TEST(SqlTokens, TakeQuotesOffNames) {
     EXPECT_EQ(unquotedName("\""), "");
 }
 
-TEST(SqlTokens, PutNamesIntoQuotes) {
-    EXPECT_EQ(quotedName("a \"b\""), "\"a \"\"b\"\"\"");
-    EXPECT_EQ(unquotedName(quotedName("\"")), "\"");
-}
-
 TEST(SqlTokens, CompareNamesAsSqliteDoes) {
     EXPECT_TRUE(sameSqlName("Name_1", "nAME_1"));
     EXPECT_FALSE(sameSqlName("Name", "Names"));

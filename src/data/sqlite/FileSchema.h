@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tol::data::sqlite {
+
+/// A column as SQLite tells it.
+struct SchemaColumn {
+    std::string name;
+    std::string type; ///< as it was declared
+    bool notNull = false;
+    bool hasDefault = false;
+    int keyPosition = 0;    ///< place in the primary key from 1, 0 outside of it
+    bool generated = false; ///< computed from others, or hidden in another way
+};
+
+struct SchemaKey {
+    std::string column; ///< "" for an expression
+    std::string collation;
+    bool descending = false;
+};
+
+enum class IndexOrigin { Created, UniqueConstraint, PrimaryKey };
+
+struct SchemaIndex {
+    std::string name;
+    IndexOrigin origin = IndexOrigin::Created;
+    bool unique = false;
+    bool partial = false;
+    std::vector<SchemaKey> keys;
+};
+
+/// A table as SQLite tells it, before anything is read into it.
+struct SchemaTable {
+    std::string name;
+    bool withoutRowId = false;
+    bool strict = false;
+    std::vector<SchemaColumn> columns;
+    std::vector<SchemaIndex> indexes; ///< in the order in which they were made
+    std::string sql;                  ///< its CREATE TABLE text; read only where the indexes need it
+
+    [[nodiscard]] const SchemaColumn* findColumn(std::string_view column) const;
+    /// The INTEGER PRIMARY KEY, which stands for the row id; null when there is none.
+    [[nodiscard]] const SchemaColumn* rowIdAlias() const;
+};
+
+} // namespace tol::data::sqlite

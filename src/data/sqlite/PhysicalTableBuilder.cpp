@@ -1,0 +1,247 @@
+// SPDX-License-Identifier: MIT
+#include "data/sqlite/PhysicalTableBuilder.h"
+
+#include "data/sqlite/CreateTableSql.h"
+#include "data/sqlite/DeclaredTypes.h"
+#include "data/sqlite/SqlTokens.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <string_view>
+
+namespace tol::data::sqlite {
+
+namespace {
+
+constexpr const char* primaryKeyName = "PrimaryKey";
+
+bool isHiddenColumn(const std::string& name) {
+    return name.starts_with(hiddenColumnPrefix);
+}
+
+bool isText(FieldType type) {
+    return type == dbText || type == dbMemo;
+}
+
+/// The catalogue's word on a column counts as long as the column is still declared as we declared it.
+bool describesColumn(const FieldRow& row, const SchemaColumn& column, bool strict) {
+    return isFieldType(row.type) &&
+           sameSqlName(column.type, declaredType(static_cast<FieldType>(row.type), row.size, strict));
+}
+
+/// A name for the row id that no column has taken.
+std::optional<std::string> rowIdName(const SchemaTable& schema) {
+    static constexpr std::array<const char*, 3> names = {"rowid", "_rowid_", "oid"};
+    const auto* found =
+        std::ranges::find_if(names, [&](const char* name) { return schema.findColumn(name) == nullptr; });
+    return found == names.end() ? std::nullopt : std::optional<std::string>(*found);
+}
+
+std::vector<std::string> primaryKeyColumns(const SchemaTable& schema) {
+    std::vector<const SchemaColumn*> keys;
+    for (const SchemaColumn& column : schema.columns)
+        if (column.keyPosition > 0)
+            keys.push_back(&column);
+    std::ranges::sort(keys, {}, &SchemaColumn::keyPosition);
+    std::vector<std::string> names;
+    for (const SchemaColumn* key : keys)
+        names.push_back(key->name);
+    return names;
+}
+
+/// Brings `items` into the order of `positions`.
+template <typename Item>
+std::vector<Item> arranged(std::vector<Item>& items, const std::vector<std::size_t>& positions) {
+    std::vector<Item> result;
+    result.reserve(items.size());
+    for (const std::size_t position : positions)
+        result.push_back(std::move(items[position]));
+    return result;
+}
+
+} // namespace
+
+std::optional<PhysicalTable> PhysicalTableBuilder::build() {
+    m_table.definition.name = m_schema.name;
+    m_table.sqlName = m_schema.name;
+    m_table.withoutRowId = m_schema.withoutRowId;
+    m_table.strict = m_schema.strict;
+    if (!addRowKey())
+        return std::nullopt;
+    addFields();
+    addIndexes();
+    return std::move(m_table);
+}
+
+bool PhysicalTableBuilder::addRowKey() {
+    if (m_schema.withoutRowId) {
+        m_table.rowKey = primaryKeyColumns(m_schema);
+        return true;
+    }
+    if (const SchemaColumn* alias = m_schema.rowIdAlias()) {
+        m_table.rowKey = {alias->name};
+        m_table.own = sameSqlName(alias->name, rowKeyColumn);
+        return true;
+    }
+    const auto name = rowIdName(m_schema);
+    if (name)
+        m_table.rowKey = {*name};
+    return name.has_value();
+}
+
+void PhysicalTableBuilder::addFields() {
+    int position = 0;
+    for (const SchemaColumn& column : m_schema.columns) {
+        const bool isOwnKey = m_table.own && column.name == m_table.rowKey.front();
+        if (isHiddenColumn(column.name))
+            ++m_table.hiddenColumns;
+        else if (!isOwnKey && !column.generated)
+            addField(column, position++);
+    }
+    sortFields();
+}
+
+void PhysicalTableBuilder::addField(const SchemaColumn& column, int position) {
+    const FieldRow* row = fieldRow(column.name);
+    FieldDef field;
+    field.name = column.name;
+    field.ordinal = position;
+    Column place;
+    place.name = column.name;
+    if (row != nullptr && describesColumn(*row, column, m_schema.strict)) {
+        field.type = static_cast<FieldType>(row->type);
+        field.size = row->size;
+        field.required = row->required;
+        place.storage = ownStorage(field.type);
+        place.own = true;
+    } else {
+        const ColumnType type = readDeclaredType(column.type);
+        const bool fillsItself = column.hasDefault || &column == m_schema.rowIdAlias();
+        field.type = type.type;
+        field.size = type.size;
+        field.required = column.notNull && !fillsItself;
+        field.allowZeroLength = isText(type.type);
+        place.storage = type.storage;
+    }
+    if (row != nullptr) {
+        field.name = row->field;
+        field.ordinal = row->ordinal;
+        field.allowZeroLength = row->allowZeroLength;
+    }
+    m_table.definition.fields.push_back(std::move(field));
+    m_table.columns.push_back(std::move(place));
+}
+
+void PhysicalTableBuilder::sortFields() {
+    std::vector<FieldDef>& fields = m_table.definition.fields;
+    std::vector<std::size_t> order(fields.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::ranges::stable_sort(order, {}, [&fields](std::size_t at) { return fields[at].ordinal; });
+    fields = arranged(fields, order);
+    m_table.columns = arranged(m_table.columns, order);
+}
+
+void PhysicalTableBuilder::addIndexes() {
+    const SchemaColumn* alias = m_schema.rowIdAlias();
+    if (alias != nullptr && !m_table.own)
+        addRowIdIndex(*alias);
+    for (const SchemaIndex& index : m_schema.indexes)
+        if (isTold(index))
+            addIndex(index);
+}
+
+void PhysicalTableBuilder::addRowIdIndex(const SchemaColumn& alias) {
+    const std::string* field = fieldOf(alias.name);
+    if (field == nullptr)
+        return;
+    m_table.definition.indexes.push_back({primaryKeyName, {*field}, true, true});
+    m_table.indexes.push_back({"", IndexKind::RowId, {""}, {false}});
+}
+
+void PhysicalTableBuilder::addIndex(const SchemaIndex& index) {
+    const IndexRow* row = indexRow(index.name);
+    IndexDef definition;
+    definition.name = indexName(index);
+    definition.unique = index.unique;
+    definition.primary = row != nullptr ? row->primary : index.origin == IndexOrigin::PrimaryKey;
+    PhysicalIndex place;
+    place.sqlName = index.name;
+    place.kind = row != nullptr                         ? IndexKind::Own
+                 : index.origin == IndexOrigin::Created ? IndexKind::Foreign
+                                                        : IndexKind::Constraint;
+    for (const SchemaKey& key : index.keys) {
+        definition.fields.push_back(*fieldOf(key.column));
+        place.collations.push_back(key.collation);
+        place.descending.push_back(key.descending);
+    }
+    m_table.definition.indexes.push_back(std::move(definition));
+    m_table.indexes.push_back(std::move(place));
+}
+
+bool PhysicalTableBuilder::isTold(const SchemaIndex& index) const {
+    return !index.partial && std::ranges::all_of(index.keys, [this](const SchemaKey& key) {
+        const auto isKey = [&key](const std::string& name) { return sameSqlName(name, key.collation); };
+        return fieldOf(key.column) != nullptr && std::ranges::any_of(m_collations, isKey);
+    });
+}
+
+std::string PhysicalTableBuilder::indexName(const SchemaIndex& index) const {
+    if (const IndexRow* row = indexRow(index.name))
+        return row->index;
+    switch (index.origin) {
+    case IndexOrigin::PrimaryKey:
+        return freeName(primaryKeyName);
+    case IndexOrigin::UniqueConstraint:
+        return freeName(constraintName(index));
+    case IndexOrigin::Created:
+        break;
+    }
+    return freeName(index.name);
+}
+
+/// The name that the CREATE TABLE text gives the constraint, else its columns'.
+std::string PhysicalTableBuilder::constraintName(const SchemaIndex& index) const {
+    std::vector<std::string> columns;
+    for (const SchemaKey& key : index.keys)
+        columns.push_back(key.column);
+    const auto belongs = [&](const ConstraintPart& part) {
+        return part.kind == ConstraintKind::Unique && !part.name.empty() &&
+               std::ranges::equal(part.columns, columns, sameSqlName);
+    };
+    if (const auto statement = CreateTableSql::parse(m_schema.sql))
+        for (const ConstraintPart& part : statement->allConstraints())
+            if (belongs(part))
+                return part.name;
+    std::string name = columns.front();
+    for (std::size_t at = 1; at < columns.size(); ++at)
+        name += "_" + columns[at];
+    return name;
+}
+
+/// Index names must differ within the table; a number tells two of the same name apart.
+std::string PhysicalTableBuilder::freeName(const std::string& wanted) const {
+    std::string name = wanted;
+    for (int number = 2; m_table.definition.findIndex(name) >= 0; ++number)
+        name = wanted + "_" + std::to_string(number);
+    return name;
+}
+
+const FieldRow* PhysicalTableBuilder::fieldRow(const std::string& column) const {
+    const auto found = std::ranges::find(m_fieldRows, column, &FieldRow::column);
+    return found == m_fieldRows.end() ? nullptr : &*found;
+}
+
+const IndexRow* PhysicalTableBuilder::indexRow(const std::string& sqlName) const {
+    const auto found = std::ranges::find(m_indexRows, sqlName, &IndexRow::sqlName);
+    return found == m_indexRows.end() ? nullptr : &*found;
+}
+
+const std::string* PhysicalTableBuilder::fieldOf(const std::string& column) const {
+    const auto found = std::ranges::find(m_table.columns, column, &Column::name);
+    if (found == m_table.columns.end())
+        return nullptr;
+    return &m_table.definition.fields[static_cast<std::size_t>(found - m_table.columns.begin())].name;
+}
+
+} // namespace tol::data::sqlite

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/sqlite/CatalogueTables.h"
+#include "data/sqlite/FileSchema.h"
+#include "data/sqlite/Physical.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace tol::data::sqlite {
+
+/// Makes of a table, as SQLite tells it, and of its catalogue rows the table that the interface sees.
+/// Columns and indexes without a row are read as those of another maker. Not told are generated
+/// columns, deleted fields, and indexes that are partial, have an expression or an untold column as a
+/// key, or collate in a way that only their maker's program knows.
+class PhysicalTableBuilder {
+  public:
+    PhysicalTableBuilder(const SchemaTable& schema, std::span<const FieldRow> fields,
+                         std::span<const IndexRow> indexes, const std::vector<std::string>& collations)
+        : m_schema(schema), m_fieldRows(fields), m_indexRows(indexes), m_collations(collations) {}
+
+    /// Nothing for a table whose rows can't be told apart: its columns bear all the names of the row id.
+    std::optional<PhysicalTable> build();
+
+  private:
+    bool addRowKey();
+    void addFields();
+    void addField(const SchemaColumn& column, int position);
+    void sortFields();
+    void addIndexes();
+    void addRowIdIndex(const SchemaColumn& alias);
+    void addIndex(const SchemaIndex& index);
+    [[nodiscard]] bool isTold(const SchemaIndex& index) const;
+    [[nodiscard]] std::string indexName(const SchemaIndex& index) const;
+    [[nodiscard]] std::string constraintName(const SchemaIndex& index) const;
+    [[nodiscard]] std::string freeName(const std::string& wanted) const;
+    [[nodiscard]] const FieldRow* fieldRow(const std::string& column) const;
+    [[nodiscard]] const IndexRow* indexRow(const std::string& sqlName) const;
+    /// The field in front of the column, null for one that is not told.
+    [[nodiscard]] const std::string* fieldOf(const std::string& column) const;
+
+    const SchemaTable& m_schema;
+    std::span<const FieldRow> m_fieldRows;
+    std::span<const IndexRow> m_indexRows;
+    const std::vector<std::string>& m_collations;
+    PhysicalTable m_table;
+};
+
+} // namespace tol::data::sqlite
