@@ -18,7 +18,9 @@ std::int32_t toLong(const Value& value);
 Currency toCurrency(const Value& value);
 float toSingle(const Value& value);
 double toDouble(const Value& value);
-/// A text is read month first ("1/31/2003", "1-31-03 4:05 PM", "2003-01-31 16:05:00"); a number is a serial.
+/// A text is read month first ("1/31/2003", "1-31-03 4:05 PM", "2003-01-31 16:05:00", "4:05 PM"); years of
+/// two digits are 1930 to 2029. A number, also as text ("37652"), is a serial: 6 beyond the years 100 to
+/// 9999, a text that names no date 13.
 Date toDate(const Value& value);
 
 /// The ordinary text form: "True"/"False"; whole numbers as they are; Single with 7 and Double with
@@ -28,11 +30,10 @@ Date toDate(const Value& value);
 std::string toText(const Value& value);
 
 /// The number at the front of a text, blanks passed over: "12abc" gives 12, "abc" gives 0,
-/// " 1 2.5e1x" gives 125. Never raises an error; a magnitude beyond Double gives infinity's sign
-/// as RuntimeError 6.
+/// " 1 2.5e1x" gives 125. A text without one gives 0; only a magnitude beyond Double raises an error (6).
 double leadingNumber(std::string_view text);
 
-/// The database's equality: numbers by amount whatever their type, dates by time, texts without
+/// The database's equality: numbers by amount whatever their type, dates to the second, texts without
 /// regard to case (the rule of index keys), Null equal to Null alone.
 bool valuesEqual(const Value& left, const Value& right);
 
