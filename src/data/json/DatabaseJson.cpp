@@ -1,2 +1,46 @@
 // SPDX-License-Identifier: MIT
+#include "data/json/DatabaseJson.h"
 
+#include "data/json/DatabaseReader.h"
+#include "data/json/DatabaseWriter.h"
+#include "data/json/JsonStream.h"
+#include "data/json/StagedFile.h"
+#include "platform/Paths.h"
+
+#include <sstream>
+
+namespace tol::data::json {
+
+void writeDatabase(Database& database, std::ostream& out, const WriteOptions& options) {
+    DatabaseWriter(database, out, options.watcher).write(options.schemaOnly);
+}
+
+std::string databaseText(Database& database, const WriteOptions& options) {
+    std::ostringstream out;
+    writeDatabase(database, out, options);
+    return std::move(out).str();
+}
+
+void readDatabase(std::istream& in, Database& database, const RowWatcher& watcher) {
+    DatabaseReader reader(database, watcher);
+    readJson(in, reader);
+}
+
+void makeDatabase(const std::string& file, std::istream& in, const RowWatcher& watcher) {
+    StagedFile staged(platform::hostPath(file));
+    {
+        Workspace workspace = DBEngine::CreateWorkspace("wksJSON");
+        Database database = workspace.CreateDatabase(staged.path().string());
+        readDatabase(in, database, watcher);
+        database.Close();
+        workspace.Close();
+    }
+    staged.publish();
+}
+
+void makeDatabase(const std::string& file, std::string_view text) {
+    std::istringstream in{std::string(text)};
+    makeDatabase(file, in);
+}
+
+} // namespace tol::data::json
