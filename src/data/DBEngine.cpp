@@ -1,2 +1,41 @@
 // SPDX-License-Identifier: MIT
 #include "data/DBEngine.h"
+
+#include "data/StoreRegistry.h"
+#include "data/WorkspaceCore.h"
+#include "runtime/Host.h"
+#include "runtime/RuntimeError.h"
+
+#include <utility>
+
+namespace tol::data {
+namespace {
+
+/// Every file is opened through a workspace, so this comes before the first write that could wait.
+void registerSettlerOnce() {
+    static const bool registered = [] {
+        runtime::addSettler([] { DBEngine::settle(); });
+        return true;
+    }();
+    static_cast<void>(registered);
+}
+
+} // namespace
+
+Workspace DBEngine::CreateWorkspace(const std::string& name, [[maybe_unused]] const std::string& user,
+                                    [[maybe_unused]] const std::string& password, int type) {
+    if (type != dbUseJet)
+        runtime::raise(runtime::errInvalidArgument);
+    registerSettlerOnce();
+    return Workspace(std::make_shared<WorkspaceCore>(name));
+}
+
+void DBEngine::addEngine(std::unique_ptr<Engine> engine) {
+    StoreRegistry::instance().addEngine(std::move(engine));
+}
+
+void DBEngine::settle() {
+    StoreRegistry::instance().settle();
+}
+
+} // namespace tol::data

@@ -18,7 +18,7 @@ namespace tol::data {
 /// type, size and zero-length rules. Every member may raise RuntimeError.
 
 /// A field's new value: its position in TableDefinition::fields, and a value that already has the
-/// field's own type (or Null).
+/// field's own type (hasOwnType()) or is Null.
 struct Assignment {
     std::size_t field;
     runtime::Value value;
@@ -46,7 +46,8 @@ class Cursor {
     /// Finds the first row whose leading key fields equal the keys, or come at or after them. There may
     /// be fewer keys than the index has fields. The keys have the types of their fields.
     virtual bool seek(SeekOperator op, std::span<const runtime::Value> keys) = 0;
-    /// Goes to the row of that bookmark; false when there is no such row (any more).
+    /// Goes to the row of that bookmark; false when there is no such row (any more). 3159 for a text that
+    /// no bookmark of this table can be.
     virtual bool seekBookmark(std::string_view bookmark) = 0;
 
     /// The current row's bookmark: a text that is never blank and names the row for ever.
@@ -104,7 +105,8 @@ class Store {
     virtual std::unique_ptr<Cursor> openCursor(std::string_view table) = 0;
 
     /// A transaction asked for by the caller: takes the write lock at once. Outside of one, a lone
-    /// write commits at once and a run of writes by the clock, every 50 ms; settle() commits what waits.
+    /// write commits at once and a run of writes by the clock, every 50 ms; settle() commits what waits, and
+    /// leaves a transaction that was asked for alone.
     virtual void begin() = 0;
     virtual void commit() = 0;
     virtual void rollback() = 0;

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/Engine.h"
+#include "data/Constants.h"
 #include "data/Field.h"
 
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 
 namespace tol::data {
 
@@ -75,7 +77,7 @@ class Recordset {
     void Edit();
     /// Writes the buffer: 3020 without one, 3022 for a duplicate key (the buffer then stays), 3314 for
     /// a missing required value. After AddNew the recordset stands where it stood before.
-    void Update(int type = 1, bool force = false);
+    void Update(int type = dbUpdateRegular, bool force = false);
     /// Drops the buffer.
     void CancelUpdate();
     /// Deletes the current record; there is no current record afterwards, but MoveNext and

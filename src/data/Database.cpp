@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "data/Database.h"
+
+#include "data/CloseQuietly.h"
+#include "data/DatabaseCore.h"
+#include "data/RecordsetCore.h"
+#include "data/TableCore.h"
+#include "runtime/RuntimeError.h"
+
+#include <utility>
+
+namespace tol::data {
+
+Database::Database(std::shared_ptr<DatabaseCore> core) : m_core(std::move(core)) {}
+
+Database& Database::operator=(Database&& other) noexcept {
+    if (this != &other) {
+        closeQuietly(m_core);
+        m_core = std::move(other.m_core);
+    }
+    return *this;
+}
+
+Database::~Database() {
+    closeQuietly(m_core);
+}
+
+DatabaseCore& Database::core() const {
+    if (!m_core)
+        runtime::raise(runtime::errObjectNotSet);
+    return *m_core;
+}
+
+bool Database::isOpen() const {
+    return m_core && m_core->isOpen();
+}
+
+std::string Database::Name() const {
+    return core().store().path().native();
+}
+
+Recordset Database::OpenRecordset(const std::string& table, int type, [[maybe_unused]] int options,
+                                  [[maybe_unused]] int lockEdit) {
+    core().requireOpen();
+    if (type != dbOpenTable)
+        runtime::raise(runtime::errInvalidArgument);
+    return Recordset(core().openRecordset(table));
+}
+
+TableDefs Database::TableDefs() const {
+    core().shared().refresh();
+    return data::TableDefs(m_core);
+}
+
+TableDef Database::CreateTableDef(const std::string& name) const {
+    core().requireOpen();
+    return TableDef(std::make_shared<TableCore>(name));
+}
+
+void Database::Compact() {
+    core().changeDefinitions([](Store& store) { store.compact(); });
+}
+
+void Database::Close() {
+    if (!core().isOpen())
+        runtime::raise(runtime::errObjectInvalid);
+    core().close();
+}
+
+} // namespace tol::data

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/Constants.h"
+#include "data/Recordset.h"
+#include "data/TableDef.h"
+#include "data/TableDefs.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tol::data {
+
+/// An open database file. Closing it closes its recordsets; the file itself stays open in the process
+/// as long as another handle uses it. A default-made one stands for none (91), a closed one raises 3420.
+class Database {
+  public:
+    Database() = default;
+    Database(Database&&) noexcept = default;
+    Database& operator=(Database&& other) noexcept;
+    ~Database();
+    explicit Database(std::shared_ptr<DatabaseCore> core);
+
+    [[nodiscard]] bool isOpen() const;
+    /// The file, as a host path.
+    [[nodiscard]] std::string Name() const;
+    /// Type must be dbOpenTable (else 3001). 3078 for an unknown table, 3211 when another holds it. The
+    /// options and the kind of lock change nothing: rows of others are always seen, and a transaction
+    /// takes the write lock at its begin.
+    Recordset OpenRecordset(const std::string& table, int type = dbOpenTable, int options = 0,
+                            int lockEdit = 0);
+    [[nodiscard]] data::TableDefs TableDefs() const;
+    [[nodiscard]] data::TableDef TableDefs(std::string_view name) const { return TableDefs()(name); }
+    [[nodiscard]] TableDef CreateTableDef(const std::string& name) const;
+    /// Removes the bytes of deleted fields and rows; 3211 when a table is open.
+    void Compact();
+    void Close();
+
+  private:
+    [[nodiscard]] DatabaseCore& core() const;
+    std::shared_ptr<DatabaseCore> m_core;
+};
+
+} // namespace tol::data

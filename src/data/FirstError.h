@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <exception>
+
+namespace tol::data {
+
+/// Runs steps that must all be tried, and raises the first error of them at the end.
+class FirstError {
+  public:
+    template <typename Step>
+    void attempt(Step&& step) {
+        try {
+            step();
+        } catch (...) {
+            if (!m_error)
+                m_error = std::current_exception();
+        }
+    }
+
+    void raise() const {
+        if (m_error)
+            std::rethrow_exception(m_error);
+    }
+
+  private:
+    std::exception_ptr m_error;
+};
+
+} // namespace tol::data

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string_view>
+
+namespace tol::data {
+
+/// Most characters of a new table's, field's or index's name.
+inline constexpr std::size_t maxNameLength = 64;
+
+/// Whether two names mean the same table, field or index: case does not matter for any letter.
+bool sameName(std::string_view left, std::string_view right);
+
+/// Raises 3125 for a name that nothing new may have: an empty or too long one, one that begins with a
+/// blank, or that holds a control character or one of . ! ` [ ]. What a database has already is
+/// opened, read and deleted whatever it is called.
+void requireNewName(std::string_view name);
+
+} // namespace tol::data
