@@ -25,11 +25,15 @@ function(tol_include_root target folder source)
   target_include_directories(${target} PUBLIC ${root})
 endfunction()
 
-# tol_test(<name> LABEL unit|gui|e2e SOURCES <files...> LINKS <libraries...>)
+# tol_test(<name> LABEL unit|gui|e2e SOURCES <files...> LINKS <libraries...> [MAIN <library with main()>]
+#          [ENVIRONMENT <name=value...>])
 function(tol_test name)
-  cmake_parse_arguments(ARG "" "LABEL" "SOURCES;LINKS;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(ARG "" "LABEL;MAIN" "SOURCES;LINKS;ENVIRONMENT" ${ARGN})
+  if(NOT ARG_MAIN)
+    set(ARG_MAIN GTest::gtest_main)
+  endif()
   add_executable(${name} ${ARG_SOURCES})
-  target_link_libraries(${name} PRIVATE ${ARG_LINKS} tol_test_support tol_warnings GTest::gmock GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} tol_test_support tol_warnings GTest::gmock ${ARG_MAIN})
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
     PROPERTIES LABELS "${ARG_LABEL}" TIMEOUT 600 ENVIRONMENT "${ARG_ENVIRONMENT}")
 endfunction()

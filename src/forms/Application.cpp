@@ -33,8 +33,10 @@ Application::Application(std::string title)
     setPalette(style()->standardPalette());
     // A hidden main window behind a closed splash is still a running program: forms decide, not windows.
     setQuitOnLastWindowClosed(false);
-    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
-            [] { guarded(runtime::settle); });
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this, [] {
+        if (!endingOnError())
+            guarded(runtime::settle);
+    });
 }
 
 const std::string& Application::title() {

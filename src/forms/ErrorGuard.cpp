@@ -46,17 +46,16 @@ bool endingOnError() {
 }
 
 void endOnError() noexcept {
+    if (ending)
+        return;
+    ending = true;
     Application::setExitStatus(EXIT_FAILURE);
-    if (!ending) { // an error under the error box adds nothing
-        ending = true;
-        try {
-            showError(errorText());
-            runtime::host().end();
-        } catch (...) { // the end settles waiting writes, too
-            Application::leave();
-        }
+    try {
+        showError(errorText());
+        runtime::host().end();
+    } catch (...) { // the end settles waiting writes, too
+        Application::leave();
     }
-    Application::leave();
 }
 
 } // namespace tol::forms

@@ -6,8 +6,9 @@
 namespace tol::forms {
 
 /// Shows the exception in flight in an error box and ends the program: a run-time error with its number
-/// and description, anything else as an internal error. To be called in a catch block.
-[[noreturn]] void endOnError() noexcept;
+/// and description, anything else as an internal error. An error under that box adds nothing: only then
+/// the call returns. To be called in a catch block.
+void endOnError() noexcept;
 
 /// Whether an error box is up that will end the program.
 bool endingOnError();

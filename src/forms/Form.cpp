@@ -21,6 +21,7 @@ constexpr int longestWaitForScreen = 200; // milliseconds
 
 Form::Form(const QString& name) {
     setObjectName(name);
+    setScaleSize(4800, 3600);
 }
 
 Form::~Form() {

@@ -22,6 +22,7 @@ class MdiForm : public QMainWindow {
     ~MdiForm() override;
 
     void load();
+    [[nodiscard]] bool isLoaded() const { return m_loaded; }
     void unload();
 
     /// Loads the form, puts it in the middle of the area and shows it.

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "forms/Form.h"
+
+#include "forms/EventProcedure.h"
+#include "forms/LoadedForms.h"
+
+#include <gmock/gmock.h>
+
+#include <QEventLoop>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+
+namespace tol::forms {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Recorded : public Form {
+  public:
+    Recorded() : Form("frmTest") { setScaleSize(3000, 1500); }
+
+    std::vector<std::string> events;
+    std::vector<int> keys;
+    bool unloadInLoad = false, swallow = false;
+
+  protected:
+    void onLoad() override {
+        events.emplace_back("Load");
+        if (unloadInLoad)
+            unload();
+    }
+    void onActivate() override { events.emplace_back("Activate"); }
+    void onUnload() override { events.emplace_back("Unload"); }
+    void onKeyDown(KeyPress& key) override {
+        keys.push_back(key.code);
+        if (swallow)
+            key.code = keyNone;
+    }
+};
+
+TEST(Form, GoesThroughItsLife) {
+    Recorded form;
+    form.showModeless();
+    EXPECT_TRUE(form.isVisible());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    form.unload();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_THAT(form.events, ElementsAre("Load", "Activate", "Unload"));
+}
+
+TEST(Form, LoadsAndUnloadsOnce) {
+    Recorded form;
+    form.unload();
+    form.load();
+    form.load();
+    form.unload();
+    form.unload();
+    EXPECT_THAT(form.events, ElementsAre("Load", "Unload"));
+}
+
+TEST(Form, LoadsAfreshAfterAnUnload) {
+    Recorded form;
+    form.load();
+    form.unload();
+    form.load();
+    EXPECT_THAT(form.events, ElementsAre("Load", "Unload", "Load"));
+}
+
+TEST(Form, ClosingUnloads) {
+    Recorded form;
+    form.showModeless();
+    form.close();
+    EXPECT_FALSE(form.isLoaded());
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.events.back(), "Unload");
+}
+
+TEST(Form, IsNotShownWhenItsLoadUnloadsIt) {
+    Recorded form;
+    form.unloadInLoad = true;
+    form.showModeless();
+    EXPECT_FALSE(form.isVisible());
+    form.showModal(nullptr);
+    EXPECT_THAT(form.events, ElementsAre("Load", "Unload", "Load", "Unload"));
+}
+
+TEST(Form, IsAmongTheLoadedFormsWhileLoaded) {
+    EXPECT_EQ(LoadedForms::Count(), 0);
+    Recorded form;
+    EXPECT_EQ(LoadedForms::find("frmTest"), nullptr);
+    form.load();
+    ASSERT_EQ(LoadedForms::Count(), 1);
+    EXPECT_EQ(&LoadedForms::Item(0), &form);
+    EXPECT_EQ(LoadedForms::find("frmTest"), &form);
+    EXPECT_EQ(LoadedForms::find("FRMTEST"), nullptr);
+    form.unload();
+    EXPECT_EQ(LoadedForms::Count(), 0);
+    {
+        Recorded neverUnloaded;
+        neverUnloaded.load();
+    }
+    EXPECT_EQ(LoadedForms::Count(), 0);
+}
+
+TEST(Form, TheEventLoopEndsWithTheLastForm) {
+    Recorded first, last;
+    first.load();
+    last.load();
+    bool stillRunning = false;
+    QTimer::singleShot(0, [&] { first.unload(); });
+    QTimer::singleShot(30, [&] {
+        stillRunning = true;
+        last.unload();
+    });
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+    EXPECT_TRUE(stillRunning);
+}
+
+TEST(Form, ModalReturnsWhenItIsUnloaded) {
+    QWidget owner;
+    owner.show();
+    Recorded form;
+    bool blocked = false;
+    QTimer::singleShot(0, [&] {
+        blocked = form.isVisible() && QApplication::activeModalWidget() == &form;
+        form.close();
+    });
+    form.showModal(&owner);
+    EXPECT_TRUE(blocked);
+    EXPECT_FALSE(form.isLoaded());
+    form.setParent(nullptr);
+}
+
+TEST(Form, HasAFixedSizeUnlessToldOtherwise) {
+    Recorded fixed, sizable;
+    sizable.setSizable(true);
+    fixed.showModeless();
+    sizable.showModeless();
+    EXPECT_EQ(fixed.size(), QSize(200, 100));
+    EXPECT_EQ(fixed.minimumSize(), fixed.maximumSize());
+    EXPECT_EQ(sizable.size(), QSize(200, 100));
+    EXPECT_LT(sizable.minimumSize().width(), sizable.maximumSize().width());
+}
+
+TEST(Form, SeesKeysWhenNoControlHasTheFocus) {
+    Recorded form;
+    form.showModeless();
+    QTest::keyClick(&form, Qt::Key_F10);
+    EXPECT_THAT(form.keys, ElementsAre(keyF1 + 9));
+}
+
+TEST(Form, SeesKeysOfItsControlsOnlyWithKeyPreview) {
+    Recorded form;
+    QLineEdit box(&form);
+    form.showModeless();
+    QTest::keyClick(&box, Qt::Key_A);
+    EXPECT_THAT(form.keys, IsEmpty());
+    form.setKeyPreview(true);
+    QTest::keyClick(&box, Qt::Key_B);
+    EXPECT_THAT(form.keys, ElementsAre('B'));
+    EXPECT_EQ(box.text(), "ab");
+}
+
+TEST(Form, MaySwallowAKey) {
+    Recorded form;
+    QLineEdit box(&form);
+    form.setKeyPreview(true);
+    form.swallow = true;
+    form.showModeless();
+    QTest::keyClick(&box, Qt::Key_A);
+    EXPECT_EQ(box.text(), "");
+}
+
+TEST(Form, SeesAKeyOnceThoughNoControlTakesIt) {
+    Recorded form;
+    QWidget middle(&form);
+    QWidget control(&middle);
+    form.setKeyPreview(true);
+    form.showModeless();
+    QTest::keyClick(&control, Qt::Key_F5);
+    EXPECT_EQ(form.keys.size(), 1U);
+}
+
+TEST(Form, OfAWidgetIsTheOneItLiesOn) {
+    Recorded form;
+    QWidget middle(&form);
+    QWidget control(&middle);
+    QWidget elsewhere;
+    EXPECT_EQ(Form::of(&control), &form);
+    EXPECT_EQ(Form::of(&form), &form);
+    EXPECT_EQ(Form::of(&elsewhere), nullptr);
+    EXPECT_EQ(Form::of(nullptr), nullptr);
+}
+
+} // namespace
+} // namespace tol::forms

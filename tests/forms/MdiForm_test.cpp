@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+#include "forms/MdiForm.h"
+
+#include "forms/EventProcedure.h"
+#include "forms/Form.h"
+#include "forms/LoadedForms.h"
+
+#include <gmock/gmock.h>
+
+#include <QMdiSubWindow>
+#include <QPointer>
+#include <QTest>
+
+namespace tol::forms {
+namespace {
+
+using testing::ElementsAre;
+
+class Parent : public MdiForm {
+  public:
+    Parent() : MdiForm("frmParent") {
+        setSize(15000, 12000);
+        load();
+        show();
+    }
+    std::vector<std::string> events;
+
+  protected:
+    void onLoad() override { events.emplace_back("Load"); }
+    void onUnload() override { events.emplace_back("Unload"); }
+    void onClick() override { events.emplace_back("Click"); }
+};
+
+class Child : public Form {
+  public:
+    explicit Child(Parent& parent, const QString& name = "frmChild") : Form(name), m_parent(parent) {
+        setScaleSize(3000, 1500);
+    }
+
+  protected:
+    void onActivate() override { m_parent.events.push_back("Activate " + objectName().toStdString()); }
+    void onUnload() override { m_parent.events.push_back("Unload " + objectName().toStdString()); }
+
+  private:
+    Parent& m_parent;
+};
+
+class Mdi : public testing::Test {
+  protected:
+    Child& add(const QString& name, bool sizable = false) {
+        auto child = std::make_unique<Child>(parent, name);
+        child->setSizable(sizable);
+        Child& shown = *child;
+        parent.showChild(std::move(child));
+        return shown;
+    }
+    static QMdiSubWindow& frameOf(const Form& form) {
+        return *dynamic_cast<QMdiSubWindow*>(form.parentWidget());
+    }
+    [[nodiscard]] QSize area() const { return parent.findChild<QMdiArea*>("mdiArea")->viewport()->size(); }
+
+    Parent parent;
+};
+
+TEST_F(Mdi, AChildIsCentred) {
+    const QMdiSubWindow& frame = frameOf(add("frmChild"));
+    EXPECT_TRUE(frame.isVisible());
+    EXPECT_EQ(frame.x(), (area().width() - frame.width()) / 2);
+    EXPECT_EQ(frame.y(), (area().height() - frame.height()) / 2);
+}
+
+TEST_F(Mdi, AChildsInsideHasTheSizeThatItAskedFor) {
+    EXPECT_EQ(add("frmFixed").size(), QSize(200, 100));
+    EXPECT_EQ(add("frmSizable", true).size(), QSize(200, 100));
+}
+
+TEST_F(Mdi, AFixedChildCannotBeSizedOrMaximised) {
+    const QMdiSubWindow& fixed = frameOf(add("frmFixed"));
+    EXPECT_EQ(fixed.minimumSize(), fixed.maximumSize());
+    EXPECT_FALSE(fixed.windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+    EXPECT_TRUE(frameOf(add("frmSizable", true)).windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+}
+
+TEST_F(Mdi, ScaleSizeIsThatOfTheArea) {
+    EXPECT_EQ(parent.scaleWidth(), area().width() * 15);
+    EXPECT_EQ(parent.scaleHeight(), area().height() * 15);
+    EXPECT_EQ(parent.size(), QSize(1000, 800));
+}
+
+TEST_F(Mdi, TiledHorizontallyTheyLieOneBelowTheOther) {
+    for (const char* name : {"frmA", "frmB", "frmC"})
+        add(name, true);
+    parent.arrange(Arrangement::TileHorizontally);
+    int top = 0;
+    for (const char* name : {"frmA", "frmB", "frmC"}) {
+        const QRect place = frameOf(*dynamic_cast<Form*>(LoadedForms::find(name))).geometry();
+        EXPECT_EQ(place.left(), 0);
+        EXPECT_EQ(place.width(), area().width());
+        EXPECT_EQ(place.top(), top);
+        top = place.bottom() + 1;
+    }
+    EXPECT_EQ(top, area().height());
+}
+
+TEST_F(Mdi, TiledVerticallyTheyLieSideBySide) {
+    for (const char* name : {"frmA", "frmB", "frmC"})
+        add(name, true);
+    parent.arrange(Arrangement::TileVertically);
+    int left = 0;
+    for (const char* name : {"frmA", "frmB", "frmC"}) {
+        const QRect place = frameOf(*dynamic_cast<Form*>(LoadedForms::find(name))).geometry();
+        EXPECT_EQ(place.top(), 0);
+        EXPECT_EQ(place.height(), area().height());
+        EXPECT_EQ(place.left(), left);
+        left = place.right() + 1;
+    }
+    EXPECT_EQ(left, area().width());
+}
+
+TEST_F(Mdi, TilingMovesFixedChildrenOnly) {
+    Child& first = add("frmA");
+    Child& second = add("frmB");
+    const QSize before = frameOf(first).size();
+    parent.arrange(Arrangement::TileHorizontally);
+    EXPECT_EQ(frameOf(first).geometry(), QRect(QPoint(0, 0), before));
+    EXPECT_EQ(frameOf(second).geometry(), QRect(QPoint(0, area().height() / 2), before));
+}
+
+TEST_F(Mdi, CascadeStepsDownAndTheLastLiesOnTop) {
+    Child& first = add("frmA", true);
+    Child& second = add("frmB");
+    parent.arrange(Arrangement::Cascade);
+    EXPECT_EQ(frameOf(first).geometry(), QRect(QPoint(0, 0), area() * 2 / 3));
+    EXPECT_GT(frameOf(second).x(), 0);
+    EXPECT_EQ(frameOf(second).x(), frameOf(second).y());
+    EXPECT_EQ(second.size(), QSize(200, 100));
+    EXPECT_EQ(parent.findChild<QMdiArea*>()->activeSubWindow(), &frameOf(second));
+}
+
+TEST_F(Mdi, CascadeStartsAnewAtTheEdge) {
+    std::vector<Child*> children;
+    for (int i = 0; i < 40; ++i)
+        children.push_back(&add(QString("frm%1").arg(i)));
+    parent.arrange(Arrangement::Cascade);
+    int stairs = 0;
+    for (const Child* child : children) {
+        const QRect place = frameOf(*child).geometry();
+        EXPECT_TRUE(QRect(QPoint(0, 0), area()).contains(place)) << place.x() << ' ' << place.y();
+        stairs += place.topLeft() == QPoint(0, 0) ? 1 : 0;
+    }
+    EXPECT_GE(stairs, 2);
+    EXPECT_LT(stairs, 10);
+}
+
+TEST_F(Mdi, ArrangingLeavesMinimisedChildrenAndRestoresMaximisedOnes) {
+    Child& minimised = add("frmA", true);
+    Child& maximised = add("frmB", true);
+    frameOf(minimised).showMinimized();
+    frameOf(maximised).showMaximized();
+    parent.arrange(Arrangement::TileVertically);
+    EXPECT_TRUE(frameOf(minimised).isMinimized());
+    EXPECT_FALSE(frameOf(maximised).isMaximized());
+    EXPECT_EQ(frameOf(maximised).geometry(), QRect(QPoint(0, 0), area()));
+}
+
+TEST_F(Mdi, ArrangingNothingDoesNothing) {
+    parent.arrange(Arrangement::Cascade);
+    parent.arrange(Arrangement::TileHorizontally);
+    EXPECT_THAT(parent.events, ElementsAre("Load"));
+}
+
+TEST_F(Mdi, AClickIsOneOnTheEmptyArea) {
+    const Child& child = add("frmChild");
+    QWidget* viewport = parent.findChild<QMdiArea*>()->viewport();
+    parent.events.clear();
+    QTest::mouseClick(&frameOf(child), Qt::LeftButton, {}, {100, 50});
+    EXPECT_EQ(parent.events, std::vector<std::string>());
+    QTest::mouseClick(viewport, Qt::LeftButton, {}, {5, 5});
+    EXPECT_THAT(parent.events, ElementsAre("Click"));
+}
+
+TEST_F(Mdi, ChildrenAreToldWhenTheyComeToTheFront) {
+    const Child& first = add("frmA");
+    add("frmB");
+    parent.events.clear();
+    parent.findChild<QMdiArea*>()->setActiveSubWindow(&frameOf(first));
+    EXPECT_THAT(parent.events, ElementsAre("Activate frmA"));
+}
+
+TEST_F(Mdi, AClosedChildIsUnloadedAndThenGone) {
+    QPointer<Form> child = &add("frmChild");
+    QPointer<QMdiSubWindow> frame = &frameOf(*child);
+    parent.events.clear();
+    frame->close();
+    EXPECT_THAT(parent.events, ElementsAre("Unload frmChild"));
+    EXPECT_EQ(LoadedForms::find("frmChild"), nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return child.isNull() && frame.isNull(); }));
+    EXPECT_TRUE(parent.findChild<QMdiArea*>()->subWindowList().isEmpty());
+}
+
+TEST_F(Mdi, AChildThatUnloadsItselfLivesUntilItsProcedureHasReturned) {
+    QPointer<Form> child = &add("frmChild");
+    bool alive = false;
+    runEvent(*child, [&] {
+        child->unload();
+        for (int i = 0; i < 5; ++i)
+            QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        alive = !child.isNull();
+    });
+    EXPECT_TRUE(alive);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return child.isNull(); }));
+}
+
+TEST_F(Mdi, ClosingTheParentUnloadsTheChildrenFirst) {
+    add("frmA");
+    add("frmB");
+    parent.events.clear();
+    parent.close();
+    EXPECT_FALSE(parent.isVisible());
+    const std::vector<std::string> events = parent.events;
+    EXPECT_THAT(events, ElementsAre("Unload frmA", "Unload frmB", "Unload"));
+    EXPECT_EQ(LoadedForms::Count(), 0);
+}
+
+} // namespace
+} // namespace tol::forms

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "forms/MessageBox.h"
+
+#include "support/BoxAnswerer.h"
+
+#include <gmock/gmock.h>
+
+#include <QTest>
+
+namespace tol::forms {
+namespace {
+
+using runtime::MsgButtons;
+using runtime::MsgIcon;
+using runtime::MsgResult;
+using testing::ElementsAre;
+
+TEST(MessageBox, ShowsTitleAndTextAsTheyAre) {
+    test::BoxAnswerer person;
+    showMessageBox("Line 1\n<b>Line 2</b> & more", {MsgIcon::Critical, MsgButtons::Ok}, "Startup Error");
+    ASSERT_EQ(person.boxes.size(), 1U);
+    EXPECT_EQ(person.boxes[0].title, "Startup Error");
+    EXPECT_EQ(person.boxes[0].text, "Line 1\n<b>Line 2</b> & more");
+}
+
+TEST(MessageBox, TakesTextForPlainText) {
+    test::BoxAnswerer person;
+    person.onBox = [](QMessageBox& box) {
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        box.close();
+    };
+    showMessageBox("<b>x</b>", {}, "T");
+    EXPECT_EQ(person.boxes.size(), 1U);
+}
+
+TEST(MessageBox, HasTheIconAskedFor) {
+    test::BoxAnswerer person;
+    for (const MsgIcon icon :
+         {MsgIcon::None, MsgIcon::Critical, MsgIcon::Question, MsgIcon::Exclamation, MsgIcon::Information})
+        showMessageBox("x", {icon, MsgButtons::Ok}, "T");
+    std::vector<QMessageBox::Icon> icons;
+    for (const test::SeenBox& box : person.boxes)
+        icons.push_back(box.icon);
+    EXPECT_THAT(icons, ElementsAre(QMessageBox::NoIcon, QMessageBox::Critical, QMessageBox::Question,
+                                   QMessageBox::Warning, QMessageBox::Information));
+}
+
+TEST(MessageBox, OffersOk) {
+    test::BoxAnswerer person;
+    EXPECT_EQ(showMessageBox("x", {MsgIcon::None, MsgButtons::Ok}, "T"), MsgResult::Ok);
+    EXPECT_THAT(person.boxes.at(0).buttons, ElementsAre("cmdOK"));
+    EXPECT_EQ(person.boxes[0].defaultButton, "cmdOK");
+}
+
+TEST(MessageBox, OffersOkAndCancel) {
+    test::BoxAnswerer person;
+    person.answers = {"cmdOK", "cmdCancel"};
+    EXPECT_EQ(showMessageBox("x", {MsgIcon::Question, MsgButtons::OkCancel}, "T"), MsgResult::Ok);
+    EXPECT_EQ(showMessageBox("x", {MsgIcon::Question, MsgButtons::OkCancel}, "T"), MsgResult::Cancel);
+    EXPECT_THAT(person.boxes.at(0).buttons, ElementsAre("cmdOK", "cmdCancel"));
+    EXPECT_EQ(person.boxes[0].defaultButton, "cmdOK");
+}
+
+TEST(MessageBox, OffersYesAndNo) {
+    test::BoxAnswerer person;
+    person.answers = {"cmdYes", "cmdNo"};
+    EXPECT_EQ(showMessageBox("x", {MsgIcon::Question, MsgButtons::YesNo}, "T"), MsgResult::Yes);
+    EXPECT_EQ(showMessageBox("x", {MsgIcon::Question, MsgButtons::YesNo}, "T"), MsgResult::No);
+    EXPECT_THAT(person.boxes.at(0).buttons, ElementsAre("cmdYes", "cmdNo"));
+    EXPECT_EQ(person.boxes[0].defaultButton, "cmdYes");
+}
+
+MsgResult answeredByKey(MsgButtons buttons, Qt::Key key) {
+    test::BoxAnswerer person;
+    person.onBox = [key](QMessageBox& box) { QTest::keyClick(&box, key); };
+    return showMessageBox("x", {MsgIcon::Question, buttons}, "T");
+}
+
+TEST(MessageBox, EscIsOkWhereThatIsTheOnlyAnswerAndElseCancel) {
+    EXPECT_EQ(answeredByKey(MsgButtons::Ok, Qt::Key_Escape), MsgResult::Ok);
+    EXPECT_EQ(answeredByKey(MsgButtons::OkCancel, Qt::Key_Escape), MsgResult::Cancel);
+}
+
+TEST(MessageBox, EnterIsTheDefaultButton) {
+    EXPECT_EQ(answeredByKey(MsgButtons::OkCancel, Qt::Key_Return), MsgResult::Ok);
+    EXPECT_EQ(answeredByKey(MsgButtons::YesNo, Qt::Key_Return), MsgResult::Yes);
+}
+
+TEST(MessageBox, LettersAnswerYesAndNo) {
+    EXPECT_EQ(answeredByKey(MsgButtons::YesNo, Qt::Key_Y), MsgResult::Yes);
+    EXPECT_EQ(answeredByKey(MsgButtons::YesNo, Qt::Key_N), MsgResult::No);
+}
+
+TEST(MessageBox, YesOrNoCannotBeEvaded) {
+    test::BoxAnswerer person;
+    bool stayed = false;
+    person.onBox = [&](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_Escape);
+        box.close();
+        stayed = box.isVisible();
+        box.findChild<QAbstractButton*>("cmdNo")->click();
+    };
+    EXPECT_EQ(showMessageBox("x", {MsgIcon::Question, MsgButtons::YesNo}, "T"), MsgResult::No);
+    EXPECT_TRUE(stayed);
+}
+
+} // namespace
+} // namespace tol::forms
