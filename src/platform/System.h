@@ -17,6 +17,6 @@ bool getUserName(std::string& buffer, std::size_t& size);
 
 /// The local date and time, to the second. Tests replace the clock; an empty function restores it.
 runtime::Date now();
-void setClock(std::function<runtime::Date()> clock);
+void setClock(std::function<runtime::Date()> replacement);
 
 } // namespace tol::platform
