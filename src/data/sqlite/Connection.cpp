@@ -90,7 +90,7 @@ int Connection::waitForLock(void* self, int turn) {
     if (turn == 0)
         connection.m_waitUntil = now + connection.m_busyWait;
     if (connection.m_waitObserver)
-        connection.m_waitObserver(turn == 0);
+        connection.m_waitObserver();
     if (now >= connection.m_waitUntil)
         return 0;
     std::this_thread::sleep_for(std::chrono::milliseconds(1));

@@ -67,9 +67,9 @@ class Connection {
 
     [[nodiscard]] std::chrono::milliseconds busyWait() const { return m_busyWait; }
     void setBusyWait(std::chrono::milliseconds wait) { m_busyWait = wait; }
-    /// Called while a lock of another process is waited for: `begins` with true once at the start of
-    /// the wait, then with false at each turn. Must not throw and must not use this connection.
-    void setWaitObserver(std::function<void(bool begins)> observer) { m_waitObserver = std::move(observer); }
+    /// Called again and again while a lock of another process is waited for. It must not throw and must
+    /// not use this connection.
+    void setWaitObserver(std::function<void()> observer) { m_waitObserver = std::move(observer); }
 
     /// Throws what SQLite reported last on this connection.
     [[noreturn]] void fail(int resultCode);
@@ -82,7 +82,7 @@ class Connection {
     sqlite3* m_handle = nullptr;
     std::chrono::milliseconds m_busyWait{5000};
     std::chrono::steady_clock::time_point m_waitUntil;
-    std::function<void(bool)> m_waitObserver;
+    std::function<void()> m_waitObserver;
     std::unordered_map<std::string, Statement> m_cache;
 };
 

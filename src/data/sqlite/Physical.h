@@ -37,6 +37,9 @@ struct PhysicalIndex {
     /// Collation of each key as ORDER BY and comparisons must name it, "" for the column's default.
     std::vector<std::string> collations;
     std::vector<bool> descending; ///< keys of foreign indexes may descend
+    /// Sorted by another version of the collator, in a file that can't be written to: order and
+    /// comparisons must be computed without it.
+    bool outdated = false;
 };
 
 /// A table as the interface sees it, and where each part of it lies in the file. Immutable: a schema

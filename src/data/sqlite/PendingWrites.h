@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/sqlite/Connection.h"
+
+#include <chrono>
+#include <functional>
+#include <string>
+
+namespace tol::data::sqlite {
+
+/// The transaction in which a file's changes wait. A lone change commits at once. Changes that follow
+/// each other within WriteClock::period are a run: they are held in one transaction, which the clock
+/// commits. A transaction asked for by the caller is left to him. A change that fails undoes itself and
+/// nothing before it; where SQLite itself gave the whole transaction up (a full disk, a failing one), the
+/// error that told so has been raised and the listener hears of the rollback.
+class PendingWrites {
+  public:
+    /// Hears of the beginning and the end of each transaction that is longer than one statement, of the
+    /// moment before a run takes the write lock again, and when the write lock has been got or given up.
+    struct Listener {
+        std::function<void()> holding, began, committed, rolledBack, wishOver;
+    };
+
+    explicit PendingWrites(Connection& connection);
+    PendingWrites(const PendingWrites&) = delete;
+    PendingWrites& operator=(const PendingWrites&) = delete;
+    /// Commits what is held, gives up a transaction of the caller's.
+    ~PendingWrites();
+
+    void setListener(Listener listener) { m_listener = std::move(listener); }
+
+    /// A change of one statement.
+    template <typename Change>
+    void write(Change&& change) {
+        prepare();
+        const Wish wish(*this);
+        guarded(change);
+    }
+    /// A change of several statements that takes place as a whole or not at all.
+    void writeStep(const std::function<void()>& change);
+
+    /// Transactions of the caller; they may be nested.
+    void begin();
+    void commit();
+    void rollback();
+    [[nodiscard]] bool inCallersTransaction() const { return m_depth > 0; }
+
+    /// Commits what is held. Nothing happens to a transaction of the caller's.
+    void settle();
+    [[nodiscard]] bool isHeld() const { return m_held; }
+    [[nodiscard]] std::chrono::steady_clock::time_point heldSince() const { return m_heldSince; }
+
+    /// For the clock, when another file's call made it commit: a failure is kept and raised by the
+    /// next call for this file.
+    void settleForOthers() noexcept;
+    /// Keeps everyone from committing in the middle of a step, or while a lock is waited for.
+    class Closed {
+      public:
+        explicit Closed(PendingWrites& writes) : m_writes(writes) { ++m_writes.m_closed; }
+        Closed(const Closed&) = delete;
+        Closed& operator=(const Closed&) = delete;
+        ~Closed() { --m_writes.m_closed; }
+
+      private:
+        PendingWrites& m_writes;
+    };
+    [[nodiscard]] bool isClosed() const { return m_closed > 0; }
+    /// Whether what runs now may have to wait for the write lock.
+    [[nodiscard]] bool wantsWriteLock() const { return m_wishes > 0; }
+
+  private:
+    /// Counts as wanting the write lock while it lives.
+    class Wish {
+      public:
+        explicit Wish(PendingWrites& writes) : m_writes(writes) { ++m_writes.m_wishes; }
+        Wish(const Wish&) = delete;
+        Wish& operator=(const Wish&) = delete;
+        ~Wish() {
+            if (--m_writes.m_wishes == 0 && m_writes.m_listener.wishOver)
+                m_writes.m_listener.wishOver();
+        }
+
+      private:
+        PendingWrites& m_writes;
+    };
+
+    void prepare();
+    void takeWriteLock();
+    void hold();
+    void commitHeld();
+    void letGo();
+    void undoHeld();
+    void raiseOwed();
+    void noticeLoss();
+    template <typename Change>
+    void guarded(Change& change) {
+        try {
+            change();
+        } catch (...) {
+            noticeLoss();
+            throw;
+        }
+        m_lastWrite = std::chrono::steady_clock::now();
+    }
+
+    Connection& m_connection;
+    Listener m_listener;
+    bool m_held = false;
+    int m_depth = 0;
+    int m_wishes = 0;
+    int m_closed = 0;
+    std::chrono::steady_clock::time_point m_heldSince;
+    std::chrono::steady_clock::time_point m_lastWrite;
+    std::exception_ptr m_owed;
+};
+
+} // namespace tol::data::sqlite

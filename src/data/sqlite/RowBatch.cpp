@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "data/sqlite/RowBatch.h"
+
+#include <sqlite3.h>
+
+namespace tol::data::sqlite {
+namespace {
+
+using Kind = StoredValue::Kind;
+
+/// A single long memo may have blown the text up; that much is not kept for the next batch.
+constexpr std::size_t keptTextBytes = std::size_t{2} << 20;
+
+} // namespace
+
+void RowBatch::clear(std::size_t columns) {
+    m_columns = columns;
+    m_rows = 0;
+    m_cells.clear();
+    if (m_text.capacity() > keptTextBytes)
+        m_text = std::string();
+    m_text.clear();
+}
+
+void RowBatch::append(sqlite3_stmt* statement) {
+    const std::size_t first = m_cells.size();
+    m_cells.resize(first + m_columns);
+    for (std::size_t column = 0; column < m_columns; ++column) {
+        Cell& cell = m_cells[first + column];
+        const int position = static_cast<int>(column);
+        switch (sqlite3_column_type(statement, position)) {
+        case SQLITE_INTEGER:
+            cell.kind = Kind::Integer;
+            cell.integer = sqlite3_column_int64(statement, position);
+            break;
+        case SQLITE_FLOAT:
+            cell.kind = Kind::Real;
+            cell.real = sqlite3_column_double(statement, position);
+            break;
+        case SQLITE_TEXT:
+            cell.kind = Kind::Text;
+            keepText(cell, reinterpret_cast<const char*>(sqlite3_column_text(statement, position)),
+                     static_cast<std::size_t>(sqlite3_column_bytes(statement, position)));
+            break;
+        case SQLITE_BLOB:
+            cell.kind = Kind::Blob;
+            keepText(cell, static_cast<const char*>(sqlite3_column_blob(statement, position)),
+                     static_cast<std::size_t>(sqlite3_column_bytes(statement, position)));
+            break;
+        default:
+            cell.kind = Kind::Null;
+            break;
+        }
+    }
+    ++m_rows;
+}
+
+void RowBatch::removeLast() {
+    --m_rows;
+    m_cells.resize(m_rows * m_columns);
+}
+
+void RowBatch::keepText(Cell& cell, const char* text, std::size_t length) {
+    cell.offset = m_text.size();
+    cell.length = static_cast<std::uint32_t>(length);
+    if (length != 0)
+        m_text.append(text, length);
+}
+
+StoredValue RowBatch::at(std::size_t row, std::size_t column) const {
+    const Cell& cell = m_cells[row * m_columns + column];
+    switch (cell.kind) {
+    case Kind::Integer:
+        return StoredValue::ofInteger(cell.integer);
+    case Kind::Real:
+        return StoredValue::ofReal(cell.real);
+    case Kind::Text:
+        return StoredValue::ofText({m_text.data() + cell.offset, cell.length});
+    case Kind::Blob:
+        return StoredValue::ofBlob({m_text.data() + cell.offset, cell.length});
+    case Kind::Null:
+        break;
+    }
+    return {};
+}
+
+void RowBatch::replace(std::size_t row, std::size_t column, const StoredValue& value) {
+    Cell& cell = m_cells[row * m_columns + column];
+    cell.kind = value.kind;
+    switch (value.kind) {
+    case Kind::Integer:
+        cell.integer = value.integer;
+        break;
+    case Kind::Real:
+        cell.real = value.real;
+        break;
+    case Kind::Text:
+    case Kind::Blob:
+        keepText(cell, value.text.data(), value.text.size());
+        break;
+    case Kind::Null:
+        break;
+    }
+}
+
+} // namespace tol::data::sqlite

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/sqlite/Physical.h"
+#include "data/sqlite/StoredValue.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tol::data::sqlite {
+
+/// The values of a row's key columns: one integer in tables with row ids, the primary key in tables
+/// without.
+using RowKey = std::vector<KeptValue>;
+
+/// The key as a bookmark: the integer's digits, or for other keys each part as a letter for its class,
+/// its length and its text.
+std::string bookmarkOf(const RowKey& key);
+/// Raises 3159 for a text that no bookmark of this table can be.
+RowKey keyOfBookmark(const PhysicalTable& table, std::string_view bookmark);
+
+/// "a = ? AND b = ?" for the key columns.
+std::string rowKeyCondition(const PhysicalTable& table);
+/// The key columns, quoted, with commas between them.
+std::string rowKeyColumns(const PhysicalTable& table);
+/// Binds the key's parts from that parameter on.
+void bindRowKey(Statement& statement, int parameter, const RowKey& key);
+
+} // namespace tol::data::sqlite

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "data/sqlite/RowWriter.h"
+
+#include "data/sqlite/RowBatch.h"
+#include "data/sqlite/Sql.h"
+#include "runtime/RuntimeError.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
+namespace tol::data::sqlite {
+namespace {
+
+/// Callers write the same few sets of fields again and again; more sets than that come from none.
+constexpr std::size_t statementLimit = 64;
+
+/// Of this program's own tables; in those of others a primary key may fill itself.
+std::vector<std::size_t> ownPrimaryFields(const PhysicalTable& table) {
+    std::vector<std::size_t> fields;
+    for (std::size_t index = 0; index < table.indexes.size(); ++index) {
+        if (!table.definition.indexes[index].primary || table.indexes[index].kind != IndexKind::Own)
+            continue;
+        for (const auto& name : table.definition.indexes[index].fields)
+            fields.push_back(static_cast<std::size_t>(table.definition.findField(name)));
+    }
+    return fields;
+}
+
+/// Triggers of other makers' tables may change more rows than the one that was written.
+class SideEffects {
+  public:
+    SideEffects(Session& session, const PhysicalTable& table)
+        : m_session(session), m_possible(!table.own), m_before(total()) {}
+    void notice(std::int64_t expected) {
+        if (m_possible && total() - m_before != expected)
+            m_session.changedAnything();
+    }
+
+  private:
+    [[nodiscard]] std::int64_t total() const {
+        return m_possible ? sqlite3_total_changes64(m_session.connection().handle()) : 0;
+    }
+
+    Session& m_session;
+    bool m_possible;
+    std::int64_t m_before;
+};
+
+} // namespace
+
+RowWriter::RowWriter(Session& session, TableState& state)
+    : m_session(session),
+      m_state(state),
+      m_table(state.table),
+      m_primaryFields(ownPrimaryFields(*state.table)) {}
+
+RowKey RowWriter::insert(std::span<const Assignment> values) {
+    requireKeys(values, true);
+    Statement& statement = statementFor(m_inserts, values, &RowWriter::insertSql);
+    RowKey key;
+    SideEffects effects(m_session, *m_table);
+    m_session.writes().write([&] {
+        bindValues(statement, values);
+        key = insertedKey(statement);
+    });
+    ++m_state.changes;
+    if (m_state.count)
+        ++*m_state.count;
+    effects.notice(1);
+    return key;
+}
+
+RowKey RowWriter::insertedKey(Statement& statement) {
+    RowKey key;
+    if (!m_table->withoutRowId) {
+        statement.run();
+        key.emplace_back(StoredValue::ofInteger(m_session.connection().lastInsertRowId()));
+        return key;
+    }
+    statement.step(); // RETURNING gives the row
+    RowBatch row;
+    row.clear(m_table->rowKey.size());
+    row.append(statement.handle());
+    for (std::size_t part = 0; part < m_table->rowKey.size(); ++part)
+        key.emplace_back(row.at(0, part));
+    statement.run();
+    return key;
+}
+
+bool RowWriter::update(const RowKey& key, std::span<const Assignment> values) {
+    requireKeys(values, false);
+    Statement& statement = statementFor(m_updates, values, &RowWriter::updateSql);
+    bindRowKey(statement, static_cast<int>(values.size()) + 1, key);
+    bindValues(statement, values);
+    return change(statement);
+}
+
+bool RowWriter::remove(const RowKey& key) {
+    if (!m_remove.isPrepared())
+        m_remove = Statement(m_session.connection(), "DELETE FROM " + quotedName(m_table->sqlName) +
+                                                         " WHERE " + rowKeyCondition(*m_table));
+    bindRowKey(m_remove, 1, key);
+    const bool removed = change(m_remove);
+    if (removed && m_state.count)
+        --*m_state.count;
+    return removed;
+}
+
+bool RowWriter::change(Statement& statement) {
+    SideEffects effects(m_session, *m_table);
+    m_session.writes().write([&] { statement.run(); });
+    const std::int64_t changed = m_session.connection().changes();
+    if (changed > 0)
+        ++m_state.changes;
+    effects.notice(changed);
+    return changed > 0;
+}
+
+Statement& RowWriter::statementFor(Statements& statements, std::span<const Assignment> values,
+                                   std::string (RowWriter::*sql)(const Fields&) const) {
+    m_fields.clear();
+    for (const auto& value : values)
+        m_fields.push_back(value.field);
+    const auto kept = statements.find(m_fields);
+    if (kept != statements.end())
+        return kept->second;
+    if (statements.size() >= statementLimit)
+        statements.clear();
+    return statements.emplace(m_fields, Statement(m_session.connection(), (this->*sql)(m_fields)))
+        .first->second;
+}
+
+std::string RowWriter::insertSql(const Fields& fields) const {
+    std::string names;
+    std::string places;
+    for (const auto field : fields) {
+        names += (names.empty() ? "" : ", ") + quotedName(m_table->columns[field].name);
+        places += places.empty() ? "?" : ", ?";
+    }
+    std::string sql = "INSERT INTO " + quotedName(m_table->sqlName);
+    sql += fields.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + places + ")";
+    if (m_table->withoutRowId)
+        sql += " RETURNING " + rowKeyColumns(*m_table);
+    return sql;
+}
+
+std::string RowWriter::updateSql(const Fields& fields) const {
+    std::string changes;
+    for (const auto field : fields)
+        changes += (changes.empty() ? "" : ", ") + quotedName(m_table->columns[field].name) + " = ?";
+    // An update of no field still tells whether the row is there.
+    if (fields.empty())
+        changes = quotedName(m_table->rowKey[0]) + " = " + quotedName(m_table->rowKey[0]);
+    return "UPDATE " + quotedName(m_table->sqlName) + " SET " + changes + " WHERE " +
+           rowKeyCondition(*m_table);
+}
+
+void RowWriter::bindValues(Statement& statement, std::span<const Assignment> values) {
+    if (m_buffers.size() < values.size())
+        m_buffers.resize(values.size());
+    for (std::size_t place = 0; place < values.size(); ++place) {
+        const auto storage = m_table->columns[values[place].field].storage;
+        bindStored(statement, static_cast<int>(place) + 1,
+                   toStored(values[place].value, storage, m_buffers[place]));
+    }
+}
+
+/// SQLite lets Nulls into unique indexes; a primary key must not have them.
+void RowWriter::requireKeys(std::span<const Assignment> values, bool all) const {
+    for (const auto field : m_primaryFields) {
+        const auto sets = [&](const Assignment& value) { return value.field == field; };
+        const auto set = std::find_if(values.begin(), values.end(), sets);
+        if (set == values.end() ? all : set->value.isNull())
+            runtime::raise(runtime::errNullInIndex);
+    }
+}
+
+} // namespace tol::data::sqlite

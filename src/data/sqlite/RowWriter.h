@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/Engine.h"
+#include "data/sqlite/RowKey.h"
+#include "data/sqlite/Session.h"
+
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace tol::data::sqlite {
+
+/// Writes rows of one table, with a prepared statement for each set of fields that is written. Keeps
+/// what the table's users share up to date.
+class RowWriter {
+  public:
+    RowWriter(Session& session, TableState& state);
+
+    /// Adds a row and returns its key.
+    RowKey insert(std::span<const Assignment> values);
+    /// Each returns whether there (still) was such a row.
+    bool update(const RowKey& key, std::span<const Assignment> values);
+    bool remove(const RowKey& key);
+
+  private:
+    using Fields = std::vector<std::size_t>;
+    using Statements = std::map<Fields, Statement>;
+
+    Statement& statementFor(Statements& statements, std::span<const Assignment> values,
+                            std::string (RowWriter::*sql)(const Fields&) const);
+    [[nodiscard]] std::string insertSql(const Fields& fields) const;
+    [[nodiscard]] std::string updateSql(const Fields& fields) const;
+    void bindValues(Statement& statement, std::span<const Assignment> values);
+    void requireKeys(std::span<const Assignment> values, bool all) const;
+    RowKey insertedKey(Statement& statement);
+    bool change(Statement& statement);
+
+    Session& m_session;
+    TableState& m_state;
+    std::shared_ptr<const PhysicalTable> m_table;
+    std::vector<std::size_t> m_primaryFields;
+    Statements m_inserts;
+    Statements m_updates;
+    Statement m_remove;
+    Fields m_fields;
+    std::vector<std::string> m_buffers;
+};
+
+} // namespace tol::data::sqlite

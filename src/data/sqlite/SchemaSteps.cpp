@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+#include "data/sqlite/SchemaSteps.h"
+
+#include "data/sqlite/DeclaredTypes.h"
+#include "data/sqlite/Sql.h"
+#include "data/sqlite/SqlTokens.h"
+#include "data/sqlite/TextCollation.h"
+#include "runtime/RuntimeError.h"
+
+#include <algorithm>
+
+namespace tol::data::sqlite {
+namespace {
+
+constexpr const char* entryChangesName = "EntryChanges";
+
+bool isTextKey(FieldType type) {
+    return type == dbText || type == dbMemo || type == dbGUID;
+}
+
+std::string columnDefinition(const FieldDef& field, bool strict) {
+    return quotedName(field.name) + " " + declaredType(field.type, field.size, strict);
+}
+
+/// The names that the engine keeps for itself.
+void requireFieldName(const std::string& name) {
+    if (sameSqlName(name, rowKeyColumn) || name.starts_with(hiddenColumnPrefix))
+        runtime::raise(runtime::errInvalidName, {name});
+}
+
+int ordinalBehind(const TableDefinition& table) {
+    int last = -1;
+    for (const auto& field : table.fields)
+        last = std::max(last, field.ordinal);
+    return last + 1;
+}
+
+FieldRow rowOf(const std::string& table, const FieldDef& field) {
+    return {.table = table,
+            .column = field.name,
+            .field = field.name,
+            .ordinal = field.ordinal,
+            .type = field.type,
+            .size = field.size,
+            .allowZeroLength = field.allowZeroLength,
+            .required = field.required};
+}
+
+} // namespace
+
+// ---------------------------------------------------------------- tables
+
+void SchemaSteps::createTable(const TableDefinition& table) {
+    requireFreeName(table.name);
+    PhysicalTable made;
+    made.sqlName = table.name;
+    made.definition.name = table.name;
+    std::string sql = "CREATE TABLE " + quotedName(table.name) + " (" + quotedName(rowKeyColumn) +
+                      " INTEGER PRIMARY KEY AUTOINCREMENT";
+    for (FieldDef field : table.fields) {
+        requireFieldName(field.name);
+        if (field.ordinal < 0)
+            field.ordinal = ordinalBehind(made.definition);
+        sql += ", " + columnDefinition(field, false);
+        m_catalogue.putField(rowOf(table.name, field));
+        made.columns.push_back({field.name, ownStorage(field.type), true});
+        made.definition.fields.push_back(std::move(field));
+    }
+    m_connection.execute(sql + ")");
+    for (const auto& index : table.indexes)
+        createIndex(made, index);
+}
+
+void SchemaSteps::dropTable(const PhysicalTable& table) {
+    m_connection.execute("DROP TABLE " + quotedName(table.sqlName));
+    m_catalogue.removeTable(table.sqlName);
+}
+
+void SchemaSteps::renameTable(const PhysicalTable& table, const std::string& newName) {
+    const auto rename = [&](const std::string& from, const std::string& to) {
+        m_connection.execute("ALTER TABLE " + quotedName(from) + " RENAME TO " + quotedName(to));
+    };
+    if (sameSqlName(table.sqlName, newName)) {
+        // SQLite takes the other spelling for a second table of that name.
+        const std::string between = table.sqlName + "~";
+        rename(table.sqlName, between);
+        rename(between, newName);
+    } else {
+        requireFreeName(newName);
+        rename(table.sqlName, newName);
+    }
+    m_catalogue.renameTable(table.sqlName, newName);
+}
+
+/// Tables share their names with views, triggers and indexes in SQLite.
+void SchemaSteps::requireFreeName(const std::string& name) {
+    if (name.empty() || sameSqlName(std::string_view(name).substr(0, 7), "sqlite_"))
+        runtime::raise(runtime::errInvalidName, {name});
+    if (isTaken(name))
+        runtime::raise(runtime::errTableExists, {name});
+}
+
+bool SchemaSteps::isTaken(const std::string& name) {
+    auto query = m_connection.cached("SELECT 1 FROM sqlite_schema WHERE name = ? COLLATE NOCASE");
+    query->bind(1, name);
+    return query->step();
+}
+
+// ---------------------------------------------------------------- fields
+
+void SchemaSteps::addField(const PhysicalTable& table, const FieldDef& field) {
+    requireFieldName(field.name);
+    FieldDef added = field;
+    if (added.ordinal < 0)
+        added.ordinal = ordinalBehind(table.definition);
+    m_connection.execute("ALTER TABLE " + quotedName(table.sqlName) + " ADD COLUMN " +
+                         columnDefinition(added, table.strict));
+    m_catalogue.putField(rowOf(table.sqlName, added));
+}
+
+void SchemaSteps::dropField(const PhysicalTable& table, std::size_t field) {
+    const std::string& column = table.columns[field].name;
+    const std::string hidden = freeHiddenName(table.sqlName);
+    m_connection.execute("ALTER TABLE " + quotedName(table.sqlName) + " RENAME COLUMN " + quotedName(column) +
+                         " TO " + quotedName(hidden));
+    putEntry(table, field);
+    m_catalogue.hideField(table.sqlName, column, hidden);
+}
+
+std::string SchemaSteps::freeHiddenName(const std::string& table) {
+    auto query = m_connection.cached("SELECT max(CAST(substr(name, length(?1) + 1) AS INTEGER)) "
+                                     "FROM pragma_table_xinfo(?2) WHERE substr(name, 1, length(?1)) = ?1");
+    query->bindAll(hiddenColumnPrefix, table);
+    query->step();
+    return hiddenColumnPrefix + std::to_string(query->integer(0) + 1);
+}
+
+void SchemaSteps::renameField(const PhysicalTable& table, std::size_t field, const std::string& newName) {
+    requireFieldName(newName);
+    const std::string& column = table.columns[field].name;
+    m_connection.execute("ALTER TABLE " + quotedName(table.sqlName) + " RENAME COLUMN " + quotedName(column) +
+                         " TO " + quotedName(newName));
+    m_catalogue.renameField(table.sqlName, column, newName, newName);
+}
+
+void SchemaSteps::putEntry(const PhysicalTable& table, std::size_t field) {
+    const FieldDef& definition = table.definition.fields[field];
+    FieldRow row = rowOf(table.sqlName, definition);
+    row.column = table.columns[field].name;
+    if (!table.columns[field].own)
+        row.type = row.size = 0;
+    m_catalogue.putField(row);
+}
+
+std::string SchemaSteps::entryChanges() {
+    return m_catalogue.info(entryChangesName).value_or("0");
+}
+
+/// SQLite's own count of schema changes does not tell of these.
+void SchemaSteps::countEntryChange() {
+    m_catalogue.setInfo(entryChangesName, std::to_string(std::stoll(entryChanges()) + 1));
+}
+
+void SchemaSteps::setOrdinal(const PhysicalTable& table, std::size_t field, int ordinal) {
+    putEntry(table, field);
+    m_catalogue.setOrdinal(table.sqlName, table.columns[field].name, ordinal);
+    countEntryChange();
+}
+
+void SchemaSteps::setAllowZeroLength(const PhysicalTable& table, std::size_t field, bool allow) {
+    putEntry(table, field);
+    m_catalogue.setAllowZeroLength(table.sqlName, table.columns[field].name, allow);
+    countEntryChange();
+}
+
+// ---------------------------------------------------------------- indexes
+
+void SchemaSteps::createIndex(const PhysicalTable& table, const IndexDef& index) {
+    if (index.primary)
+        requireNoNull(table, index);
+    const std::string name = freeIndexName(table.sqlName, index.name);
+    std::string keys;
+    for (const auto& fieldName : index.fields) {
+        const auto field = static_cast<std::size_t>(table.definition.findField(fieldName));
+        keys += (keys.empty() ? "" : ", ") + quotedName(table.columns[field].name);
+        if (isTextKey(table.definition.fields[field].type))
+            keys += std::string(" COLLATE ") + textCollation;
+    }
+    const bool unique = index.unique || index.primary;
+    m_connection.execute(std::string(unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + quotedName(name) +
+                         " ON " + quotedName(table.sqlName) + " (" + keys + ")");
+    m_catalogue.putIndex({table.sqlName, index.name, name, index.primary, unique});
+}
+
+std::string SchemaSteps::freeIndexName(const std::string& table, const std::string& index) {
+    const std::string wanted = table + "." + index;
+    std::string name = wanted;
+    for (int number = 2; isTaken(name); ++number)
+        name = wanted + "~" + std::to_string(number);
+    return name;
+}
+
+void SchemaSteps::requireNoNull(const PhysicalTable& table, const IndexDef& index) {
+    std::string anyNull;
+    for (const auto& fieldName : index.fields) {
+        const auto field = static_cast<std::size_t>(table.definition.findField(fieldName));
+        anyNull += (anyNull.empty() ? "" : " OR ") + quotedName(table.columns[field].name) + " IS NULL";
+    }
+    if (m_connection.number("SELECT EXISTS (SELECT 1 FROM " + quotedName(table.sqlName) + " WHERE " +
+                            anyNull + ")") != 0)
+        runtime::raise(runtime::errNullInIndex, {index.name});
+}
+
+void SchemaSteps::dropIndex(const PhysicalTable& table, std::size_t index) {
+    m_connection.execute("DROP INDEX " + quotedName(table.indexes[index].sqlName));
+    m_catalogue.removeIndex(table.sqlName, table.definition.indexes[index].name);
+}
+
+} // namespace tol::data::sqlite

@@ -1,0 +1,338 @@
+// SPDX-License-Identifier: MIT
+#include "data/sqlite/SqliteStore.h"
+
+#include "data/sqlite/FileFormat.h"
+#include "data/sqlite/SqliteCursor.h"
+#include "data/sqlite/TextCollation.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tol::data::sqlite {
+namespace {
+
+constexpr const char* collatorEntry = "CollatorVersion";
+
+std::string collatorVersion() {
+    return std::to_string(runtime::collationVersion());
+}
+
+/// An open recordset's mark on its table.
+class StoreTableUse : public TableUse {
+  public:
+    StoreTableUse(std::shared_ptr<TableState> state, std::function<void(const std::string&)> lastEnds)
+        : m_state(std::move(state)), m_lastEnds(std::move(lastEnds)) {
+        ++m_state->uses;
+    }
+    StoreTableUse(const StoreTableUse&) = delete;
+    StoreTableUse& operator=(const StoreTableUse&) = delete;
+    ~StoreTableUse() override {
+        if (--m_state->uses == 0)
+            m_lastEnds(m_state->table->sqlName);
+    }
+
+  private:
+    std::shared_ptr<TableState> m_state;
+    std::function<void(const std::string&)> m_lastEnds;
+};
+
+} // namespace
+
+bool SqliteStore::ByName::operator()(const std::string& left, const std::string& right) const {
+    return runtime::compareText(left, right) < 0;
+}
+
+SqliteStore::SqliteStore(const std::filesystem::path& file, Connection::Mode mode)
+    : m_session(std::make_shared<Session>(file, mode)),
+      m_locks(m_session->lockFile(), m_session->connection().isReadOnly()),
+      m_catalogue(m_session->connection()),
+      m_steps(m_session->connection()) {
+    m_session->setTransactionEnd([this](bool committed) {
+        m_locks.releaseHeld();
+        if (!committed)
+            m_mark.clear();
+    });
+    configure(m_session->connection());
+    checkCollator();
+    readTables();
+}
+
+SqliteStore::~SqliteStore() {
+    m_session->writes().settleForOthers(); // while the locks on what it changed are still held
+    m_session->setTransactionEnd({});
+}
+
+const std::filesystem::path& SqliteStore::path() const {
+    return m_session->connection().file();
+}
+
+// ---------------------------------------------------------------- catalogue
+
+/// Text indexes that another version of the collator has sorted are sorted anew. Where that can't be
+/// written they are not walked.
+void SqliteStore::checkCollator() {
+    CatalogueTables tables(m_session->connection());
+    const auto stored = tables.info(collatorEntry);
+    if (!stored || *stored == collatorVersion())
+        return;
+    m_outdatedCollation = m_session->connection().isReadOnly();
+    if (m_outdatedCollation)
+        return;
+    m_session->writes().writeStep([&] {
+        m_session->connection().execute(std::string("REINDEX ") + textCollation);
+        tables.setInfo(collatorEntry, collatorVersion());
+    });
+}
+
+void SqliteStore::enter() {
+    m_session->enter();
+    if (m_mark.empty())
+        readTables();
+}
+
+void SqliteStore::refresh() {
+    enter();
+    if (m_othersSeen != m_session->others() && definitionsMark() != m_mark)
+        readTables();
+    m_othersSeen = m_session->others();
+}
+
+/// SQLite counts the changes of its schema, the catalogue those that are its own only.
+std::string SqliteStore::definitionsMark() {
+    return m_session->connection().text("PRAGMA schema_version") + "/" + m_steps.entryChanges();
+}
+
+void SqliteStore::readTables() {
+    const std::string mark = definitionsMark();
+    auto known = std::exchange(m_tables, {});
+    for (auto& table : m_catalogue.tables()) {
+        // Whoever has the table open shares what is known of it.
+        if (auto state = known.extract(table.sqlName))
+            m_tables.insert(std::move(state));
+        put(std::move(table));
+    }
+    m_mark = mark;
+}
+
+void SqliteStore::readTable(const std::string& sqlName) {
+    if (auto table = m_catalogue.table(sqlName))
+        put(std::move(*table));
+    else
+        m_tables.erase(sqlName);
+}
+
+void SqliteStore::put(PhysicalTable table) {
+    if (m_outdatedCollation) {
+        for (auto& index : table.indexes)
+            index.outdated = std::ranges::count(index.collations, textCollation) > 0;
+    }
+    auto& state = m_tables[table.sqlName];
+    if (!state)
+        state = std::make_shared<TableState>();
+    state->table = std::make_shared<const PhysicalTable>(std::move(table));
+}
+
+std::shared_ptr<TableState> SqliteStore::find(std::string_view table) const {
+    const auto found = m_tables.find(std::string(table));
+    return found == m_tables.end() ? nullptr : found->second;
+}
+
+std::shared_ptr<TableState> SqliteStore::state(std::string_view table) const {
+    auto found = find(table);
+    if (!found)
+        runtime::raise(runtime::errTableNotFound, {table});
+    return found;
+}
+
+std::vector<std::string> SqliteStore::tableNames() {
+    enter();
+    std::vector<std::string> names;
+    for (const auto& [name, state] : m_tables)
+        names.push_back(state->table->definition.name);
+    return names;
+}
+
+std::shared_ptr<const TableDefinition> SqliteStore::definition(std::string_view table) {
+    enter();
+    const auto found = find(table);
+    if (!found)
+        return nullptr;
+    return {found->table, &found->table->definition};
+}
+
+// ---------------------------------------------------------------- schema steps
+
+/// Runs a step with the named tables held exclusively. What others have changed meanwhile is read
+/// before it, and the tables that it changes are read again after it.
+void SqliteStore::run(const std::vector<std::string>& tables, const std::function<void()>& step) {
+    enter();
+    try {
+        for (const auto& table : tables) {
+            const auto known = find(table);
+            m_locks.hold(table, known ? known->uses : 0);
+        }
+        write(tables, step);
+    } catch (...) {
+        if (!m_session->connection().inTransaction())
+            m_locks.releaseHeld();
+        throw;
+    }
+}
+
+void SqliteStore::write(const std::vector<std::string>& tables, const std::function<void()>& step) {
+    try {
+        m_session->writes().writeStep([&] {
+            refresh();
+            step();
+            for (const auto& table : tables)
+                readTable(table);
+            m_mark = definitionsMark();
+        });
+    } catch (...) {
+        m_mark.clear(); // what is kept in memory may be ahead of the file
+        throw;
+    }
+}
+
+void SqliteStore::createTable(const TableDefinition& table) {
+    run({table.name}, [&] { m_steps.createTable(table); });
+}
+
+void SqliteStore::dropTable(std::string_view table) {
+    run({nameOf(table)}, [&] {
+        m_steps.dropTable(*state(table)->table);
+        m_tables.erase(std::string(table));
+    });
+}
+
+void SqliteStore::renameTable(std::string_view table, const std::string& newName) {
+    run({nameOf(table), newName}, [&] {
+        m_steps.renameTable(*state(table)->table, newName);
+        m_tables.erase(std::string(table));
+    });
+}
+
+void SqliteStore::addField(std::string_view table, const FieldDef& field) {
+    run({nameOf(table)}, [&] { m_steps.addField(*state(table)->table, field); });
+}
+
+void SqliteStore::dropField(std::string_view table, std::string_view field) {
+    run({nameOf(table)}, [&] {
+        const auto found = state(table);
+        m_steps.dropField(*found->table, fieldPosition(*found->table, field));
+    });
+}
+
+void SqliteStore::renameField(std::string_view table, std::string_view field, const std::string& newName) {
+    run({nameOf(table)}, [&] {
+        const auto found = state(table);
+        m_steps.renameField(*found->table, fieldPosition(*found->table, field), newName);
+    });
+}
+
+void SqliteStore::createIndex(std::string_view table, const IndexDef& index) {
+    run({nameOf(table)}, [&] {
+        m_steps.createIndex(*state(table)->table, index);
+        CatalogueTables tables(m_session->connection());
+        if (!tables.info(collatorEntry))
+            tables.setInfo(collatorEntry, collatorVersion());
+    });
+}
+
+void SqliteStore::dropIndex(std::string_view table, std::string_view index) {
+    run({nameOf(table)}, [&] {
+        const auto found = state(table);
+        const int position = found->table->definition.findIndex(index);
+        if (position < 0)
+            runtime::raise(runtime::errItemNotFound);
+        m_steps.dropIndex(*found->table, static_cast<std::size_t>(position));
+    });
+}
+
+void SqliteStore::setOrdinal(std::string_view table, std::string_view field, int ordinal) {
+    enter();
+    const auto& definition = state(table)->table->definition;
+    if (definition.fields[fieldPosition(*state(table)->table, field)].ordinal == ordinal)
+        return;
+    write({nameOf(table)}, [&] {
+        const auto found = state(table);
+        m_steps.setOrdinal(*found->table, fieldPosition(*found->table, field), ordinal);
+    });
+}
+
+void SqliteStore::setAllowZeroLength(std::string_view table, std::string_view field, bool allow) {
+    enter();
+    const auto& definition = state(table)->table->definition;
+    if (definition.fields[fieldPosition(*state(table)->table, field)].allowZeroLength == allow)
+        return;
+    write({nameOf(table)}, [&] {
+        const auto found = state(table);
+        m_steps.setAllowZeroLength(*found->table, fieldPosition(*found->table, field), allow);
+    });
+}
+
+/// The table's name as the file has it, which may differ in case.
+std::string SqliteStore::nameOf(std::string_view table) {
+    enter();
+    return state(table)->table->sqlName;
+}
+
+std::size_t SqliteStore::fieldPosition(const PhysicalTable& table, std::string_view field) {
+    const int position = table.definition.findField(field);
+    if (position < 0)
+        runtime::raise(runtime::errItemNotFound);
+    return static_cast<std::size_t>(position);
+}
+
+// ---------------------------------------------------------------- use
+
+std::unique_ptr<TableUse> SqliteStore::useTable(std::string_view table) {
+    const std::string name = nameOf(table);
+    // Others must not come in while the change is not yet in the file.
+    if (m_locks.isHeld(name))
+        settle();
+    m_locks.share(name, state(name)->uses);
+    try {
+        refresh();
+        return std::make_unique<StoreTableUse>(
+            state(name),
+            [store = shared_from_this()](const std::string& ended) { store->m_locks.release(ended); });
+    } catch (...) {
+        m_locks.release(name);
+        throw;
+    }
+}
+
+std::unique_ptr<Cursor> SqliteStore::openCursor(std::string_view table) {
+    enter();
+    return std::make_unique<SqliteCursor>(m_session, state(table));
+}
+
+void SqliteStore::begin() {
+    enter();
+    m_session->writes().begin();
+}
+
+void SqliteStore::commit() {
+    m_session->writes().commit();
+}
+
+void SqliteStore::rollback() {
+    m_session->writes().rollback();
+}
+
+void SqliteStore::settle() {
+    m_session->writes().settle();
+}
+
+void SqliteStore::compact() {
+    settle();
+    for (const auto& name : tableNames())
+        m_locks.hold(name, state(name)->uses);
+    m_session->connection().execute("VACUUM");
+    m_locks.releaseHeld();
+}
+
+} // namespace tol::data::sqlite

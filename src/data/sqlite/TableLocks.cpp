@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "data/sqlite/TableLocks.h"
+
+#include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
+
+namespace tol::data::sqlite {
+
+/// 64-bit FNV-1a. Two names with the same 62 bits would only be in each other's way.
+std::int64_t TableLocks::byteOf(const std::string& table) {
+    std::uint64_t hash = 14695981039346656037U;
+    for (const char c : runtime::upperCase(table))
+        hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
+    return static_cast<std::int64_t>(hash) & LockFile::lastByte;
+}
+
+void TableLocks::share(const std::string& table, int uses) {
+    if (uses > 0 || m_alone)
+        return;
+    if (!m_file.share(byteOf(table)))
+        runtime::raise(runtime::errTableInUse, {table});
+    m_held.erase(byteOf(table));
+}
+
+void TableLocks::release(const std::string& table) {
+    if (!m_alone)
+        m_file.release(byteOf(table));
+}
+
+void TableLocks::hold(const std::string& table, int uses) {
+    if (uses > 0 || (!m_alone && !m_file.take(byteOf(table))))
+        runtime::raise(runtime::errTableInUse, {table});
+    m_held.insert(byteOf(table));
+}
+
+void TableLocks::releaseHeld() {
+    for (const auto byte : m_held) {
+        if (!m_alone)
+            m_file.release(byte);
+    }
+    m_held.clear();
+}
+
+} // namespace tol::data::sqlite
