@@ -99,13 +99,17 @@ int fullYear(DateScanner::Number year) {
 bool readDay(DateScanner& in, DateParts& parts) {
     constexpr int yearDigits = 4;
     const auto first = in.takeNumber(1, yearDigits);
+    in.skipBlanks();
     const char separator = in.atEnd() ? '\0' : in.rest().front();
     if (first.digits == 0 || (separator != '/' && separator != '-' && separator != '.'))
         return false;
     in.takeIf(separator);
+    in.skipBlanks();
     const auto second = in.takeNumber(1, 2);
+    in.skipBlanks();
     if (second.digits == 0 || !in.takeIf(separator))
         return false;
+    in.skipBlanks();
     const auto third = in.takeNumber(1, yearDigits);
     if (third.digits == 0)
         return false;

@@ -12,7 +12,8 @@ namespace tol::screens {
 std::string vdDateKey(std::string_view text, int& pivot);
 
 /// A date text ("1/2/03", "1.2.2003", "010203") checked and brought into one form: width 6 MMDDYY,
-/// 8 MM/DD/YY, any other MM/DD/YYYY. Ten blanks are never returned: " " stands for a text that is no date.
-std::string vdDateCheck(std::string_view text, int& width, int& pivot);
+/// 8 MM/DD/YY, any other MM/DD/YYYY; " " for a text that is no date. The pivot is cleaned as above. The form
+/// of width 6 has no separators, so a 29 February that its year lacks goes unnoticed there.
+std::string vdDateCheck(std::string_view text, int width, int& pivot);
 
 } // namespace tol::screens
