@@ -141,7 +141,7 @@ Value Values::value(const TableRecipe& table, const FieldRecipe& field, int row)
     }
     if (field.definition.type == data::dbLongBinary)
         return someBytes(chance.next(), static_cast<std::size_t>(16 + chance.below(48)));
-    const Value value = made(table, field, row, chance);
+    Value value = made(table, field, row, chance);
     if (field.definition.type == data::dbText)
         return std::string(runtime::left(runtime::toText(value), field.definition.size));
     return value;
