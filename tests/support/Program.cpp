@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "support/Program.h"
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <stdexcept>
+
+namespace tol::test {
+
+namespace {
+
+/// A nameless file in memory, so that a program that writes much never waits for its reader.
+int memoryFile() {
+    const int file = memfd_create("output", MFD_CLOEXEC);
+    if (file < 0)
+        throw std::runtime_error("no memory for a program's output");
+    return file;
+}
+
+std::string contentOf(int file) {
+    std::string content;
+    std::array<char, 4096> part{};
+    for (;;) {
+        const ssize_t count = pread(file, part.data(), part.size(), static_cast<off_t>(content.size()));
+        if (count <= 0)
+            return content;
+        content.append(part.data(), static_cast<std::size_t>(count));
+    }
+}
+
+} // namespace
+
+Program::Program(const std::filesystem::path& program, const std::vector<std::string>& arguments,
+                 const std::filesystem::path& folder, const std::function<void()>& prepare)
+    : m_out(memoryFile()), m_err(memoryFile()) {
+    std::vector<char*> words{const_cast<char*>(program.c_str())};
+    for (const std::string& argument : arguments)
+        words.push_back(const_cast<char*>(argument.c_str()));
+    words.push_back(nullptr);
+    m_process = fork();
+    if (m_process < 0)
+        throw std::runtime_error("no new process");
+    if (m_process > 0)
+        return;
+    const int nothing = open("/dev/null", O_RDONLY | O_CLOEXEC);
+    dup2(nothing, STDIN_FILENO);
+    dup2(m_out, STDOUT_FILENO);
+    dup2(m_err, STDERR_FILENO);
+    if (chdir(folder.c_str()) == 0) {
+        if (prepare)
+            prepare();
+        execv(program.c_str(), words.data());
+    }
+    _exit(127);
+}
+
+Program::~Program() {
+    if (m_process > 0)
+        kill();
+    close(m_out);
+    close(m_err);
+}
+
+int Program::wait() {
+    if (m_process > 0) {
+        int status = 0;
+        waitpid(m_process, &status, 0);
+        m_process = -1;
+        m_status = WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status);
+    }
+    return m_status;
+}
+
+int Program::kill() {
+    if (m_process > 0)
+        ::kill(m_process, SIGKILL);
+    return wait();
+}
+
+std::string Program::out() const {
+    return contentOf(m_out);
+}
+
+std::string Program::err() const {
+    return contentOf(m_err);
+}
+
+} // namespace tol::test
