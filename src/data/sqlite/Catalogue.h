@@ -31,9 +31,6 @@ class Catalogue {
     };
 
     void read(const std::string& sqlName);
-    void readTables(const std::string& sqlName);
-    void readIndexes(const std::string& sqlName);
-    void readConstraintTexts();
     void readCollations();
     void readCatalogueRows(const std::string& sqlName);
     void readFieldRows(const std::string& sqlName);
@@ -41,7 +38,7 @@ class Catalogue {
     [[nodiscard]] std::optional<PhysicalTable> build(const SchemaTable& table) const;
 
     Connection& m_connection;
-    std::map<std::string, SchemaTable> m_tables;
+    FileSchema m_tables;
     std::map<std::string, CatalogueRows> m_rows;
     std::vector<std::string> m_collations;
 };

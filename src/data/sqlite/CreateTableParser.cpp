@@ -148,7 +148,7 @@ void CreateTableParser::parseForeignKey(ConstraintPart& part, const std::string&
     part.kind = ConstraintKind::ForeignKey;
     if (!column.empty())
         part.columns = {column};
-    skip();
+    part.parentTable = takeName();
     skipGroup();
     parseReferenceActions();
 }

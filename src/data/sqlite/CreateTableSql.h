@@ -27,6 +27,7 @@ struct ConstraintPart {
     ConstraintKind kind = ConstraintKind::Other;
     std::string name;                 ///< "" when it has none
     std::vector<std::string> columns; ///< of a key, unique or (child side) foreign-key constraint
+    std::string parentTable;          ///< of a foreign key
     std::size_t begin = 0;
     std::size_t end = 0;
     bool inColumn = false;

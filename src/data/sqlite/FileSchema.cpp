@@ -1,11 +1,95 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite/FileSchema.h"
 
+#include "data/sqlite/Connection.h"
 #include "data/sqlite/SqlTokens.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tol::data::sqlite {
+
+namespace {
+
+/// A query over the ordinary tables of the file, called `l`, or over the one whose name is bound.
+std::string overTables(std::string_view columns, std::string_view joins, bool one) {
+    std::string sql = "SELECT ";
+    sql.append(columns).append(" FROM pragma_table_list").append(one ? "(?1)" : "").append(" l");
+    return sql.append(joins).append(" WHERE l.schema = 'main' AND l.type = 'table'"
+                                    " AND l.name NOT LIKE 'sqlite\\_%' ESCAPE '\\'");
+}
+
+void bindIfOne(Statement& query, const std::string& one) {
+    if (!one.empty())
+        query.bind(1, one);
+}
+
+IndexOrigin origin(std::string_view letters) {
+    if (letters == "c")
+        return IndexOrigin::Created;
+    return letters == "pk" ? IndexOrigin::PrimaryKey : IndexOrigin::UniqueConstraint;
+}
+
+void readTables(Connection& connection, const std::string& one, FileSchema& tables) {
+    auto query = connection.cached(overTables(
+        "l.name, l.wr, l.strict, x.name, x.type, x.\"notnull\", x.dflt_value IS NOT NULL, x.pk, x.hidden",
+        ", pragma_table_xinfo(l.name, 'main') x", !one.empty()));
+    bindIfOne(*query, one);
+    while (query->step()) {
+        SchemaTable& table = tables[std::string(query->text(0))];
+        table.name = query->text(0);
+        table.withoutRowId = query->integer(1) != 0;
+        table.strict = query->integer(2) != 0;
+        table.columns.push_back({.name = std::string(query->text(3)),
+                                 .type = std::string(query->text(4)),
+                                 .notNull = query->integer(5) != 0,
+                                 .hasDefault = query->integer(6) != 0,
+                                 .keyPosition = static_cast<int>(query->integer(7)),
+                                 .generated = query->integer(8) != 0});
+    }
+}
+
+/// SQLite tells the newest index of a table first.
+void readIndexes(Connection& connection, const std::string& one, FileSchema& tables) {
+    auto query = connection.cached(
+        overTables("l.name, i.name, i.\"unique\", i.origin, i.partial, x.cid, x.name, x.\"desc\", x.coll",
+                   ", pragma_index_list(l.name, 'main') i, pragma_index_xinfo(i.name, 'main') x",
+                   !one.empty()) +
+        " AND x.key");
+    bindIfOne(*query, one);
+    while (query->step()) {
+        const auto table = tables.find(std::string(query->text(0)));
+        if (table == tables.end())
+            continue;
+        std::vector<SchemaIndex>& indexes = table->second.indexes;
+        if (indexes.empty() || indexes.back().name != query->text(1))
+            indexes.push_back({.name = std::string(query->text(1)),
+                               .origin = origin(query->text(3)),
+                               .unique = query->integer(2) != 0,
+                               .partial = query->integer(4) != 0,
+                               .keys = {}});
+        indexes.back().keys.push_back({.column = std::string(query->text(6)),
+                                       .collation = std::string(query->text(8)),
+                                       .descending = query->integer(7) != 0});
+    }
+    for (auto& [name, table] : tables)
+        std::ranges::reverse(table.indexes);
+}
+
+/// Only the texts tell what a UNIQUE constraint is called.
+void readConstraintTexts(Connection& connection, FileSchema& tables) {
+    for (auto& [name, table] : tables) {
+        if (std::ranges::find(table.indexes, IndexOrigin::UniqueConstraint, &SchemaIndex::origin) ==
+            table.indexes.end())
+            continue;
+        auto query = connection.cached("SELECT sql FROM sqlite_schema WHERE type = 'table' AND name = ?");
+        query->bind(1, name);
+        if (query->step())
+            table.sql = query->text(0);
+    }
+}
+
+} // namespace
 
 const SchemaColumn* SchemaTable::findColumn(std::string_view column) const {
     const auto found = std::ranges::find_if(
@@ -20,6 +104,37 @@ const SchemaColumn* SchemaTable::rowIdAlias() const {
         return nullptr;
     const auto found = std::ranges::find(columns, 1, &SchemaColumn::keyPosition);
     return found != columns.end() && sameSqlName(found->type, "INTEGER") ? &*found : nullptr;
+}
+
+std::optional<std::string> SchemaTable::rowIdName() const {
+    static constexpr std::array<const char*, 3> names = {"rowid", "_rowid_", "oid"};
+    if (withoutRowId)
+        return std::nullopt;
+    if (const SchemaColumn* alias = rowIdAlias())
+        return alias->name;
+    const auto* free =
+        std::ranges::find_if(names, [this](const char* candidate) { return !findColumn(candidate); });
+    return free == names.end() ? std::nullopt : std::optional<std::string>(*free);
+}
+
+std::vector<std::string> SchemaTable::primaryKey() const {
+    std::vector<const SchemaColumn*> keys;
+    for (const SchemaColumn& column : columns)
+        if (column.keyPosition > 0)
+            keys.push_back(&column);
+    std::ranges::sort(keys, {}, &SchemaColumn::keyPosition);
+    std::vector<std::string> names;
+    for (const SchemaColumn* key : keys)
+        names.push_back(key->name);
+    return names;
+}
+
+FileSchema readSchema(Connection& connection, const std::string& table) {
+    FileSchema tables;
+    readTables(connection, table, tables);
+    readIndexes(connection, table, tables);
+    readConstraintTexts(connection, tables);
+    return tables;
 }
 
 } // namespace tol::data::sqlite

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tol::data::sqlite {
+
+class Connection;
 
 /// A column as SQLite tells it.
 struct SchemaColumn {
@@ -40,11 +44,24 @@ struct SchemaTable {
     bool strict = false;
     std::vector<SchemaColumn> columns;
     std::vector<SchemaIndex> indexes; ///< in the order in which they were made
-    std::string sql;                  ///< its CREATE TABLE text; read only where the indexes need it
+    std::string sql;                  ///< its CREATE TABLE text, where a UNIQUE constraint is in it
 
     [[nodiscard]] const SchemaColumn* findColumn(std::string_view column) const;
     /// The INTEGER PRIMARY KEY, which stands for the row id; null when there is none.
     [[nodiscard]] const SchemaColumn* rowIdAlias() const;
+    /// What the row id can be called in SQL: by its alias, else by a name that no column has taken. Nothing
+    /// where there is none, or no row id at all.
+    [[nodiscard]] std::optional<std::string> rowIdName() const;
+    /// The primary key's columns in key order; none where there is no primary key.
+    [[nodiscard]] std::vector<std::string> primaryKey() const;
 };
+
+/// Tables by their names.
+using FileSchema = std::map<std::string, SchemaTable>;
+
+/// The ordinary tables of a file, or the one of that name. Takes two statements, and one more for each
+/// table with UNIQUE constraints.
+/// SQLite's own tables, views and virtual tables with what lies behind them are none.
+FileSchema readSchema(Connection& connection, const std::string& table = {});
 
 } // namespace tol::data::sqlite

@@ -6,7 +6,6 @@
 #include "data/sqlite/SqlTokens.h"
 
 #include <algorithm>
-#include <array>
 #include <numeric>
 #include <string_view>
 
@@ -28,26 +27,6 @@ bool isText(FieldType type) {
 bool describesColumn(const FieldRow& row, const SchemaColumn& column, bool strict) {
     return isFieldType(row.type) &&
            sameSqlName(column.type, declaredType(static_cast<FieldType>(row.type), row.size, strict));
-}
-
-/// A name for the row id that no column has taken.
-std::optional<std::string> rowIdName(const SchemaTable& schema) {
-    static constexpr std::array<const char*, 3> names = {"rowid", "_rowid_", "oid"};
-    const auto* found =
-        std::ranges::find_if(names, [&](const char* name) { return schema.findColumn(name) == nullptr; });
-    return found == names.end() ? std::nullopt : std::optional<std::string>(*found);
-}
-
-std::vector<std::string> primaryKeyColumns(const SchemaTable& schema) {
-    std::vector<const SchemaColumn*> keys;
-    for (const SchemaColumn& column : schema.columns)
-        if (column.keyPosition > 0)
-            keys.push_back(&column);
-    std::ranges::sort(keys, {}, &SchemaColumn::keyPosition);
-    std::vector<std::string> names;
-    for (const SchemaColumn* key : keys)
-        names.push_back(key->name);
-    return names;
 }
 
 /// Brings `items` into the order of `positions`.
@@ -76,18 +55,15 @@ std::optional<PhysicalTable> PhysicalTableBuilder::build() {
 
 bool PhysicalTableBuilder::addRowKey() {
     if (m_schema.withoutRowId) {
-        m_table.rowKey = primaryKeyColumns(m_schema);
+        m_table.rowKey = m_schema.primaryKey();
         return true;
     }
-    if (const SchemaColumn* alias = m_schema.rowIdAlias()) {
-        m_table.rowKey = {alias->name};
-        m_table.own = sameSqlName(alias->name, rowKeyColumn);
-        return true;
-    }
-    const auto name = rowIdName(m_schema);
-    if (name)
-        m_table.rowKey = {*name};
-    return name.has_value();
+    const auto name = m_schema.rowIdName();
+    if (!name)
+        return false;
+    m_table.rowKey = {*name};
+    m_table.own = m_schema.rowIdAlias() != nullptr && sameSqlName(*name, rowKeyColumn);
+    return true;
 }
 
 void PhysicalTableBuilder::addFields() {

@@ -92,6 +92,7 @@ TEST(CreateTableSql, TellsTableConstraintsApart) {
     EXPECT_THAT(statement.constraints()[0].columns, ElementsAre("a", "b"));
     EXPECT_THAT(statement.constraints()[1].columns, ElementsAre("c"));
     EXPECT_EQ(statement.constraints()[3].name, "f");
+    EXPECT_EQ(statement.constraints()[3].parentTable, "o");
     EXPECT_THAT(statement.constraints()[3].columns, ElementsAre("a", "b"));
 }
 

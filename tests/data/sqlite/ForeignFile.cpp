@@ -23,6 +23,7 @@ std::vector<std::string> runOn(const std::filesystem::path& file, const std::str
     sqlite3* database = nullptr;
     EXPECT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK) << file;
     sqlite3_busy_timeout(database, 5000);
+    sqlite3_exec(database, "PRAGMA synchronous = OFF", nullptr, nullptr, nullptr); // only for speed
     EXPECT_EQ(sqlite3_exec(database, sql.c_str(), collect, &rows, nullptr), SQLITE_OK)
         << sqlite3_errmsg(database) << "\n"
         << sql;
