@@ -13,7 +13,14 @@
 namespace tol::platform {
 namespace {
 
+std::function<std::string()>& login() {
+    static std::function<std::string()> installed;
+    return installed;
+}
+
 std::string loginName() {
+    if (login())
+        return login()();
     if (const char* name = std::getenv("LOGNAME"); name != nullptr && *name != '\0')
         return name;
     const passwd* account = getpwuid(getuid());
@@ -46,6 +53,10 @@ bool getUserName(std::string& buffer, std::size_t& size) {
     size = name.size() + 1;
     buffer.replace(0, size, name.c_str(), size);
     return true;
+}
+
+void setLoginName(std::function<std::string()> replacement) {
+    login() = std::move(replacement);
 }
 
 runtime::Date now() {

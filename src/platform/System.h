@@ -15,6 +15,9 @@ namespace tol::platform {
 /// included, gives false and leaves the buffer alone. The name is $LOGNAME, else the account's.
 bool getUserName(std::string& buffer, std::size_t& size);
 
+/// Replaces the source of the log-in name for tests; an empty function restores it.
+void setLoginName(std::function<std::string()> replacement);
+
 /// The local date and time, to the second. Tests replace the clock; an empty function restores it.
 runtime::Date now();
 void setClock(std::function<runtime::Date()> replacement);

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "shell/vdfunctions/DatabaseName.h"
+#include "shell/vdfunctions/MessageBox.h"
+#include "shell/vdfunctions/vdfunctions.h"
+
+#include <fmt/format.h>
+
+namespace tol::shell {
+namespace {
+
+/// Remembers at most so many fields, indexes or index columns of a table; beyond that it is a bounds error.
+constexpr std::size_t mostEntries = 201;
+
+void requireRoom(std::size_t entries) {
+    if (entries > mostEntries)
+        runtime::raise(runtime::errSubscript);
+}
+
+/// What the new table takes over from the old one.
+data::TableDefinition readDefinition(data::Database& database, const std::string& table) {
+    data::TableDefinition definition = database.TableDefs(table).definition();
+    std::size_t columns = 0;
+    for (const data::IndexDef& index : definition.indexes)
+        columns += index.fields.size();
+    requireRoom(definition.fields.size());
+    requireRoom(definition.indexes.size());
+    requireRoom(columns);
+    return definition;
+}
+
+/// Names, sizes and types of the fields, names and columns of the indexes; nothing else.
+void makeTable(data::Database& database, const data::TableDefinition& definition) {
+    data::TableDef table = database.CreateTableDef(definition.name);
+    for (const data::FieldDef& old : definition.fields) {
+        data::Field field = table.CreateField(old.name, old.type, old.size);
+        if (old.type == data::dbText)
+            field.AllowZeroLength(true);
+        table.Fields().Append(field);
+    }
+    database.TableDefs().Append(table);
+    for (const data::IndexDef& old : definition.indexes) {
+        data::Index index = table.CreateIndex(old.name);
+        for (const std::string& field : old.fields)
+            index.Fields().Append(index.CreateField(field));
+        table.Indexes().Append(index);
+    }
+}
+
+} // namespace
+
+bool vdEmptyTable(std::string_view folder, std::string_view database, data::Recordset& recordset) {
+    std::string name;
+    try {
+        name = recordset.Name();
+        recordset.Close();
+        data::Workspace wksTEMP = data::DBEngine::CreateWorkspace("wksTEMP");
+        data::Database file = wksTEMP.OpenDatabase(databaseName(folder, database));
+        const data::TableDefinition definition = readDefinition(file, name);
+        file.TableDefs().Delete(name);
+        makeTable(file, definition);
+        file.Close();
+        wksTEMP.Close();
+        return true;
+    } catch (const runtime::RuntimeError&) {
+        showBox(fmt::format("Cannot Obtain Exclusive use of the Table: {}\nCannot Empty Table.", name),
+                runtime::MsgIcon::Critical, "Error");
+        return false;
+    }
+}
+
+} // namespace tol::shell
