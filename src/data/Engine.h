@@ -55,9 +55,11 @@ class Cursor {
     /// The current row's value, in the field's own type or Null. Raises 3167 when the row is gone.
     virtual runtime::Value value(std::size_t field) = 0;
 
-    /// Adds a row and returns its bookmark; the cursor stays where it is.
+    /// Adds a row and returns its bookmark; the cursor stays where it is. 3022 for a duplicate key and
+    /// 3058 for a Null in the primary key, unless the storage fills it in; both name the index.
     virtual std::string insert(std::span<const Assignment> values) = 0;
-    /// Changes, or deletes, the current row; the cursor keeps its place. 3022 for a duplicate key.
+    /// Changes, or deletes, the current row; the cursor keeps its place. 3022 and 3058 as above, 3167 when
+    /// the row is gone.
     virtual void update(std::span<const Assignment> values) = 0;
     virtual void remove() = 0;
 

@@ -322,10 +322,6 @@ void RecordsetCore::checkBuffer() const {
         if (willBeNull(field))
             runtime::raise(runtime::errValueRequired, {m_definition->fields[field].name});
     }
-    for (const std::size_t field : m_primaryKey) {
-        if (willBeNull(field))
-            runtime::raise(runtime::errNullInIndex, {m_primaryName});
-    }
 }
 
 /// A field that is not assigned to is Null in a new record, and stays as it is in an edited one.
@@ -348,26 +344,17 @@ bool RecordsetCore::allowsZeroLength(std::size_t field) {
 
 void RecordsetCore::findKeyFields() {
     m_keyFields.clear();
-    if (!m_index.empty())
-        addKeyFields(m_definition->indexes[static_cast<std::size_t>(m_definition->findIndex(m_index))],
-                     m_keyFields);
-}
-
-void RecordsetCore::addKeyFields(const IndexDef& index, std::vector<std::size_t>& positions) const {
-    for (const std::string& name : index.fields)
-        positions.push_back(static_cast<std::size_t>(m_definition->findField(name)));
+    const int position = m_index.empty() ? -1 : m_definition->findIndex(m_index);
+    if (position < 0)
+        return;
+    for (const std::string& name : m_definition->indexes[static_cast<std::size_t>(position)].fields)
+        m_keyFields.push_back(static_cast<std::size_t>(m_definition->findField(name)));
 }
 
 void RecordsetCore::findRequired() {
     for (std::size_t i = 0; i < m_definition->fields.size(); ++i) {
         if (m_definition->fields[i].required)
             m_required.push_back(i);
-    }
-    for (const IndexDef& index : m_definition->indexes) {
-        if (index.primary) {
-            addKeyFields(index, m_primaryKey);
-            m_primaryName = index.name;
-        }
     }
 }
 

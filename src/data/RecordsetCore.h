@@ -97,7 +97,6 @@ class RecordsetCore {
     [[nodiscard]] bool willBeNull(std::size_t field) const;
     [[nodiscard]] bool allowsZeroLength(std::size_t field);
     void findKeyFields();
-    void addKeyFields(const IndexDef& index, std::vector<std::size_t>& positions) const;
     void findRequired();
 
     std::shared_ptr<DatabaseCore> m_database;
@@ -113,8 +112,6 @@ class RecordsetCore {
     std::vector<Assignment> m_assignments;
     std::vector<std::uint16_t> m_slots; ///< for each field its place in m_assignments, or `unassigned`
     std::vector<std::size_t> m_required;
-    std::vector<std::size_t> m_primaryKey;
-    std::string_view m_primaryName;
     std::size_t m_probe = 0; ///< the field that is cheapest to read
     std::vector<bool> m_allowsZeroLength;
     std::uint64_t m_rulesVersion = 0; ///< of the definitions when m_allowsZeroLength was taken

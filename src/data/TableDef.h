@@ -6,7 +6,7 @@
 
 #include <memory>
 #include <string>
-#include <vector>
+#include <string_view>
 
 namespace tol::data {
 
@@ -52,7 +52,11 @@ class TableDef {
     };
 
     [[nodiscard]] FieldList Fields() const { return FieldList(m_core); }
+    [[nodiscard]] Field Fields(std::string_view name) const { return Fields()(name); }
+    [[nodiscard]] Field Fields(int position) const { return Fields()(position); }
     [[nodiscard]] IndexList Indexes() const { return IndexList(m_core); }
+    [[nodiscard]] Index Indexes(std::string_view name) const { return Indexes()(name); }
+    [[nodiscard]] Index Indexes(int position) const { return Indexes()(position); }
     [[nodiscard]] Field CreateField(const std::string& name, int type, int size = 0) const;
     [[nodiscard]] Index CreateIndex(const std::string& name) const;
     [[nodiscard]] TableDefinition definition() const;

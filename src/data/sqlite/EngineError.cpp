@@ -60,13 +60,6 @@ bool meansNoSpace(int systemError) {
 
 } // namespace
 
-RuntimeError fileError(ErrorNumber number, const std::filesystem::path& file, std::string engineText) {
-    std::string text = runtime::describe(number, {file.native()});
-    if (text.find(file.native()) == std::string::npos)
-        text += " (" + file.native() + ")";
-    return {number, std::move(text), std::move(engineText)};
-}
-
 RuntimeError engineError(int resultCode, std::string_view engineText, const std::filesystem::path& file,
                          int systemError) {
     const int primary = resultCode & 0xff;

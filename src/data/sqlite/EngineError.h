@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "data/FileError.h"
 #include "runtime/RuntimeError.h"
 
 #include <filesystem>
@@ -15,10 +16,5 @@ namespace tol::data::sqlite {
 /// for logs. Errors that concern the file (full, read-only, damaged, locked, unreachable) name it.
 runtime::RuntimeError engineError(int resultCode, std::string_view engineText,
                                   const std::filesystem::path& file, int systemError = 0);
-
-/// The error with the number's usual description; where that does not name the file, the file follows
-/// in parentheses.
-runtime::RuntimeError fileError(runtime::ErrorNumber number, const std::filesystem::path& file,
-                                std::string engineText = {});
 
 } // namespace tol::data::sqlite

@@ -15,16 +15,41 @@ namespace {
 /// Callers write the same few sets of fields again and again; more sets than that come from none.
 constexpr std::size_t statementLimit = 64;
 
-/// Of this program's own tables; in those of others a primary key may fill itself.
-std::vector<std::size_t> ownPrimaryFields(const PhysicalTable& table) {
-    std::vector<std::size_t> fields;
+/// The primary key of one of this program's own tables, null for none; in those of others it may fill
+/// itself.
+const IndexDef* ownPrimaryKey(const PhysicalTable& table) {
     for (std::size_t index = 0; index < table.indexes.size(); ++index) {
-        if (!table.definition.indexes[index].primary || table.indexes[index].kind != IndexKind::Own)
-            continue;
-        for (const auto& name : table.definition.indexes[index].fields)
-            fields.push_back(static_cast<std::size_t>(table.definition.findField(name)));
+        if (table.definition.indexes[index].primary && table.indexes[index].kind == IndexKind::Own)
+            return &table.definition.indexes[index];
     }
-    return fields;
+    return nullptr;
+}
+
+/// Key fields as SQLite tells of a duplicate: "table.column, table.column".
+std::string keyText(const PhysicalTable& table, const IndexDef& index) {
+    std::string text;
+    for (const auto& name : index.fields) {
+        const auto field = static_cast<std::size_t>(table.definition.findField(name));
+        text += (text.empty() ? "" : ", ") + table.sqlName + "." + table.columns[field].name;
+    }
+    return text;
+}
+
+/// Runs a write; the error of a duplicate key tells which index it is about.
+template <typename Step>
+void namingDuplicates(const PhysicalTable& table, Step&& step) {
+    try {
+        step();
+    } catch (const runtime::RuntimeError& error) {
+        const auto& indexes = table.definition.indexes;
+        const auto isMeant = [&](const IndexDef& index) {
+            return index.unique && error.engineText().ends_with(": " + keyText(table, index));
+        };
+        const auto meant = std::find_if(indexes.begin(), indexes.end(), isMeant);
+        if (error.number() != runtime::errDuplicateKey || meant == indexes.end())
+            throw;
+        runtime::raise(runtime::errDuplicateKey, {meant->name}, error.engineText());
+    }
 }
 
 /// Triggers of other makers' tables may change more rows than the one that was written.
@@ -50,19 +75,25 @@ class SideEffects {
 } // namespace
 
 RowWriter::RowWriter(Session& session, TableState& state)
-    : m_session(session),
-      m_state(state),
-      m_table(state.table),
-      m_primaryFields(ownPrimaryFields(*state.table)) {}
+    : m_session(session), m_state(state), m_table(state.table) {
+    const IndexDef* primary = ownPrimaryKey(*m_table);
+    if (primary == nullptr)
+        return;
+    m_primaryName = primary->name;
+    for (const auto& name : primary->fields)
+        m_primaryFields.push_back(static_cast<std::size_t>(m_table->definition.findField(name)));
+}
 
 RowKey RowWriter::insert(std::span<const Assignment> values) {
     requireKeys(values, true);
     Statement& statement = statementFor(m_inserts, values, &RowWriter::insertSql);
     RowKey key;
     SideEffects effects(m_session, *m_table);
-    m_session.writes().write([&] {
-        bindValues(statement, values);
-        key = insertedKey(statement);
+    namingDuplicates(*m_table, [&] {
+        m_session.writes().write([&] {
+            bindValues(statement, values);
+            key = insertedKey(statement);
+        });
     });
     ++m_state.changes;
     if (m_state.count)
@@ -109,7 +140,7 @@ bool RowWriter::remove(const RowKey& key) {
 
 bool RowWriter::change(Statement& statement) {
     SideEffects effects(m_session, *m_table);
-    m_session.writes().write([&] { statement.run(); });
+    namingDuplicates(*m_table, [&] { m_session.writes().write([&] { statement.run(); }); });
     const std::int64_t changed = m_session.connection().changes();
     if (changed > 0)
         ++m_state.changes;
@@ -172,7 +203,7 @@ void RowWriter::requireKeys(std::span<const Assignment> values, bool all) const 
         const auto sets = [&](const Assignment& value) { return value.field == field; };
         const auto set = std::find_if(values.begin(), values.end(), sets);
         if (set == values.end() ? all : set->value.isNull())
-            runtime::raise(runtime::errNullInIndex);
+            runtime::raise(runtime::errNullInIndex, {m_primaryName});
     }
 }
 

@@ -7,6 +7,7 @@
 
 #include <map>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace tol::data::sqlite {
@@ -39,6 +40,7 @@ class RowWriter {
     Session& m_session;
     TableState& m_state;
     std::shared_ptr<const PhysicalTable> m_table;
+    std::string_view m_primaryName; ///< of m_table's own primary key
     std::vector<std::size_t> m_primaryFields;
     Statements m_inserts;
     Statements m_updates;

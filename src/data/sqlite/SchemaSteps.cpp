@@ -187,8 +187,14 @@ void SchemaSteps::createIndex(const PhysicalTable& table, const IndexDef& index)
             keys += std::string(" COLLATE ") + textCollation;
     }
     const bool unique = index.unique || index.primary;
-    m_connection.execute(std::string(unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + quotedName(name) +
-                         " ON " + quotedName(table.sqlName) + " (" + keys + ")");
+    try {
+        m_connection.execute(std::string(unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
+                             quotedName(name) + " ON " + quotedName(table.sqlName) + " (" + keys + ")");
+    } catch (const runtime::RuntimeError& error) {
+        if (error.number() != runtime::errDuplicateKey)
+            throw;
+        runtime::raise(runtime::errDuplicateKey, {index.name}, error.engineText());
+    }
     m_catalogue.putIndex({table.sqlName, index.name, name, index.primary, unique});
 }
 
