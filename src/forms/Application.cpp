@@ -3,11 +3,11 @@
 
 #include "forms/ErrorGuard.h"
 #include "forms/Form.h"
+#include "forms/PlainStyle.h"
 #include "runtime/Host.h"
 
 #include <QAbstractEventDispatcher>
 #include <QKeyEvent>
-#include <QStyleFactory>
 
 #include <cstdio>
 #include <cstdlib>
@@ -29,7 +29,7 @@ Application::Application(std::string title)
     : QApplication(argumentCount, static_cast<char**>(argumentTexts)) {
     programTitle = std::move(title);
     setApplicationName(programName);
-    setStyle(QStyleFactory::create("Fusion"));
+    setStyle(new PlainStyle);
     setPalette(style()->standardPalette());
     // A hidden main window behind a closed splash is still a running program: forms decide, not windows.
     setQuitOnLastWindowClosed(false);

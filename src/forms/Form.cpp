@@ -10,6 +10,8 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QWindow>
 
 namespace tol::forms {
@@ -46,7 +48,9 @@ void Form::showModeless() {
         setFixedSize(m_size);
     outer().show();
     outer().raise();
-    if (m_frame == nullptr)
+    if (m_frame != nullptr)
+        m_frame->mdiArea()->setActiveSubWindow(m_frame);
+    else
         activateWindow();
 }
 
@@ -117,7 +121,7 @@ bool Form::event(QEvent* event) {
 }
 
 QWidget& Form::outer() {
-    return m_frame != nullptr ? *m_frame : *this;
+    return m_frame != nullptr ? static_cast<QWidget&>(*m_frame) : *this;
 }
 
 void Form::discardIfDone() {

@@ -8,6 +8,7 @@
 
 class QEventLoop;
 class QKeyEvent;
+class QMdiSubWindow;
 
 namespace tol::forms {
 
@@ -80,7 +81,7 @@ class Form : public QWidget {
 
     QSize m_size;
     QEventLoop* m_modalLoop = nullptr;
-    QWidget* m_frame = nullptr; ///< in the MDI area, which then owns the form
+    QMdiSubWindow* m_frame = nullptr; ///< in the MDI area, which then owns the form
     int m_running = 0;
     bool m_loaded = false;
     bool m_sizable = false;

@@ -6,6 +6,7 @@
 
 #include <QCloseEvent>
 #include <QMdiSubWindow>
+#include <QScreen>
 
 namespace tol::forms {
 namespace {
@@ -80,7 +81,7 @@ void MdiForm::showChild(std::unique_ptr<Form> child) {
 }
 
 void MdiForm::setSize(int width, int height) {
-    resize(toPixels(width), toPixels(height));
+    resize(QSize(toPixels(width), toPixels(height)).boundedTo(screen()->availableSize()));
 }
 
 int MdiForm::scaleWidth() const {

@@ -29,8 +29,9 @@ class MdiForm : public QMainWindow {
     void showChild(std::unique_ptr<Form> child);
     void arrange(Arrangement style) { m_area.arrange(style); }
 
-    /// Outer size of the window, and size of the area that children lie in, in twips.
+    /// Size of the window in twips, as far as the screen has room for it.
     void setSize(int width, int height);
+    /// Size of the area that children lie in, in twips.
     [[nodiscard]] int scaleWidth() const;
     [[nodiscard]] int scaleHeight() const;
 

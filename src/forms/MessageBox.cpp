@@ -63,6 +63,8 @@ QMessageBox::Icon iconOf(MsgIcon icon) {
 
 MsgResult showMessageBox(const std::string& text, runtime::MsgStyle style, const std::string& title) {
     QMessageBox box(QApplication::activeWindow());
+    box.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                       Qt::WindowCloseButtonHint);
     box.setObjectName("msgBox");
     box.setWindowTitle(QString::fromStdString(title));
     box.setTextFormat(Qt::PlainText);

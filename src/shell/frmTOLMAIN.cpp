@@ -35,7 +35,7 @@ constexpr const char* userDatabase = R"(C:\ZOVUSER\ZOVUSER.MDB)";
 
 frmTOLMAIN::frmTOLMAIN() : MdiForm("frmTOLMAIN"), Timer1(*this, "Timer1", [this] { Timer1_Timer(); }) {
     setWindowTitle("Zovarin Series - Tolvane Module");
-    setWindowIcon(programIcon());
+    forms::Application::setWindowIcon(programIcon()); // of the boxes, too
     buildMenu();
 }
 

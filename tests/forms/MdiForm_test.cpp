@@ -19,7 +19,7 @@ using testing::ElementsAre;
 class Parent : public MdiForm {
   public:
     Parent() : MdiForm("frmParent") {
-        setSize(15000, 12000);
+        setSize(11250, 9000);
         load();
         show();
     }
@@ -84,7 +84,7 @@ TEST_F(Mdi, AFixedChildCannotBeSizedOrMaximised) {
 TEST_F(Mdi, ScaleSizeIsThatOfTheArea) {
     EXPECT_EQ(parent.scaleWidth(), area().width() * 15);
     EXPECT_EQ(parent.scaleHeight(), area().height() * 15);
-    EXPECT_EQ(parent.size(), QSize(1000, 800));
+    EXPECT_EQ(parent.size(), QSize(750, 600));
 }
 
 TEST_F(Mdi, TiledHorizontallyTheyLieOneBelowTheOther) {

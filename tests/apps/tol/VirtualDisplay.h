@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Process.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace tol::test {
+
+/// Waits until something is so, 20 seconds at most; whether it came to be.
+bool waitFor(const std::function<bool()>& isSo);
+
+/// A display of the test's own with a window manager, and the hands and eyes of a person before it. Both
+/// programs are started with the object and ended with it. `folder` takes their messages.
+class VirtualDisplay {
+  public:
+    explicit VirtualDisplay(const std::filesystem::path& folder);
+
+    /// What a program needs in its environment to be on this display.
+    [[nodiscard]] Process::Environment environment() const;
+
+    /// Whether a visible window has exactly this title.
+    [[nodiscard]] bool hasWindow(const std::string& title) const;
+    /// Waits for the window and for the keyboard to be its own.
+    [[nodiscard]] bool waitForWindow(const std::string& title) const;
+    /// Presses keys one after the other, such as "alt+f" and "Return".
+    void press(const std::vector<std::string>& keys) const;
+    /// Takes a picture of the whole display.
+    void takePicture(const std::filesystem::path& file) const;
+
+  private:
+    /// Runs a command on the display and returns what it printed.
+    [[nodiscard]] std::string told(const std::string& command) const;
+
+    std::string m_name;
+    std::unique_ptr<Process> m_server;
+    std::unique_ptr<Process> m_windowManager;
+};
+
+} // namespace tol::test

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "VirtualDisplay.h"
+
+#include "platform/Paths.h"
+#include "support/StartFolder.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+
+namespace tol::test {
+namespace {
+
+using namespace std::chrono_literals;
+using runtime::Value;
+using testing::ElementsAre;
+using testing::Optional;
+
+const char* const mainTitle = "Zovarin Series - Tolvane Module";
+
+// The keys that choose each item behind which no window stands yet.
+const std::vector<std::vector<std::string>> waitingItems = {
+    {"alt+f", "1"}, {"alt+f", "2"}, {"alt+r", "1"},
+    {"alt+r", "2"}, {"alt+a", "1"}, {"alt+a", "2"},
+    {"alt+u", "1"}, {"alt+u", "2"}, {"alt+u", "3"},
+    {"alt+u", "4"}, {"alt+h", "c"}, {"alt+h", "i"},
+    {"alt+h", "s"}, {"alt+h", "a"}, {"alt", "Down", "Return"}, // without any letter
+};
+
+class Tol : public testing::Test {
+  protected:
+    void start(std::vector<std::string> arguments = {}) {
+        arguments.insert(arguments.begin(), TOL_PROGRAM);
+        program = std::make_unique<Process>(arguments, display.environment(), folder / "tol.txt");
+    }
+
+    [[nodiscard]] std::string messages() const { return folder.read("tol.txt"); }
+
+    // A picture for the documents, or for the test alone when nobody asked for pictures.
+    void expectPicture(const std::string& name) {
+        const char* pictures = std::getenv("TOL_SCREENSHOTS");
+        const std::filesystem::path file =
+            (pictures != nullptr ? std::filesystem::path(pictures) : folder.path()) / (name + ".png");
+        // A window can have the keyboard before it is painted; a black display makes a tiny file.
+        EXPECT_TRUE(waitFor([&] {
+            display.takePicture(file);
+            return std::filesystem::file_size(file) > 1000;
+        }));
+    }
+
+    StartFolder folder;
+    VirtualDisplay display{folder.path()};
+    std::unique_ptr<Process> program;
+};
+
+TEST_F(Tol, IsWalkedThroughByKeysAndLeftByExit) {
+    start();
+    ASSERT_TRUE(display.waitForWindow("Tolvane Module")) << messages();
+    expectPicture("desktop-splash");
+    EXPECT_FALSE(display.hasWindow(mainTitle));
+    ASSERT_TRUE(display.waitForWindow(mainTitle)) << messages();
+    EXPECT_FALSE(display.hasWindow("Tolvane Module"));
+    expectPicture("desktop-main-window");
+    for (const auto& keys : waitingItems) {
+        display.press(keys);
+        ASSERT_TRUE(display.waitForWindow("Option Not Ready")) << keys.front() << ' ' << keys.back();
+        display.press({"Return"});
+        ASSERT_TRUE(display.waitForWindow(mainTitle));
+    }
+    display.press({"alt+w", "h", "alt+w", "v", "alt+w", "c"});
+    EXPECT_TRUE(program->isRunning());
+    display.press({"alt+f", "x"});
+    EXPECT_THAT(program->wait(20s), Optional(0)) << messages();
+    EXPECT_THAT(folder.paths(), ElementsAre(Value(platform::currentFolder())));
+}
+
+TEST_F(Tol, ShowsItsMainWindowAsSoonAsMayBeAfterTheSplashWasTakenAway) {
+    start();
+    ASSERT_TRUE(display.waitForWindow("Tolvane Module")) << messages();
+    display.press({"space"});
+    ASSERT_TRUE(display.waitForWindow(mainTitle)) << messages();
+}
+
+TEST_F(Tol, IsLeftByTheCloseButton) {
+    start();
+    ASSERT_TRUE(display.waitForWindow(mainTitle)) << messages();
+    display.press({"alt+F4"}); // the window manager's own key for it
+    EXPECT_THAT(program->wait(20s), Optional(0)) << messages();
+}
+
+TEST_F(Tol, ReadsNoCommandLine) {
+    start({"--help", "-platform", "nonsense", "-style", "nonsense"});
+    EXPECT_TRUE(display.waitForWindow(mainTitle)) << messages();
+}
+
+TEST_F(Tol, EndsAfterSayingWhichDatabaseIsMissing) {
+    folder.remove("NETPATH.MDB");
+    start();
+    ASSERT_TRUE(display.waitForWindow("Startup Error")) << messages();
+    EXPECT_FALSE(display.hasWindow("Tolvane Module"));
+    expectPicture("desktop-startup-error");
+    display.press({"Return"});
+    EXPECT_THAT(program->wait(20s), Optional(1)) << messages();
+}
+
+TEST_F(Tol, EndsWithoutTheUsersDatabase) {
+    folder.remove("drives/c/ZOVUSER/ZOVUSER.MDB");
+    start();
+    ASSERT_TRUE(display.waitForWindow("A Required Database is Missing.")) << messages();
+    display.press({"Escape"});
+    EXPECT_THAT(program->wait(20s), Optional(1)) << messages();
+}
+
+TEST_F(Tol, StaysUpWithADamagedDatabase) {
+    folder.write("NETPATH.MDB", "this is no database");
+    start();
+    ASSERT_TRUE(display.waitForWindow("Error Loading Tolvane Module")) << messages();
+    EXPECT_FALSE(display.hasWindow(mainTitle));
+    display.press({"Return"});
+    ASSERT_TRUE(display.waitForWindow(mainTitle));
+    display.press({"alt+f", "x"});
+    EXPECT_THAT(program->wait(20s), Optional(0)) << messages();
+    EXPECT_EQ(folder.read("NETPATH.MDB"), "this is no database");
+}
+
+} // namespace
+} // namespace tol::test
