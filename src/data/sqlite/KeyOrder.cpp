@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite/KeyOrder.h"
 
+#include "data/sqlite/RowKey.h"
 #include "data/sqlite/Sql.h"
 
 #include <algorithm>
@@ -68,12 +69,17 @@ void KeyOrder::addKeys(const PhysicalTable& table, const PhysicalIndex& physical
     m_unique = index.unique || index.primary;
 }
 
+/// A primary key's text column that the index has under another collation must follow once more: that
+/// one may take texts for equal which the primary key tells apart.
 void KeyOrder::addRowKey(const PhysicalTable& table) {
+    const auto& descending = table.rowKeyOrder.descending;
     for (std::size_t part = 0; part < table.rowKey.size(); ++part) {
-        const KeySlot slot{true, part};
-        const auto same = [&](const Term& term) { return term.slot == slot; };
+        Term added{rowKeyExpression(table, part), {true, part}, part < descending.size() && descending[part]};
+        const auto same = [&](const Term& term) {
+            return term.slot == added.slot && (!table.withoutRowId || term.expression == added.expression);
+        };
         if (std::none_of(m_terms.begin(), m_terms.end(), same))
-            m_terms.push_back({quotedName(table.rowKey[part]), slot, false});
+            m_terms.push_back(std::move(added));
     }
 }
 

@@ -52,6 +52,8 @@ struct PhysicalTable {
     /// The row key: the one integer column (own key, alias or "rowid") of a table with row ids, or the
     /// primary-key columns of a WITHOUT ROWID table.
     std::vector<std::string> rowKey;
+    /// How the key columns of a WITHOUT ROWID table collate and descend; nothing for row ids.
+    PhysicalIndex rowKeyOrder;
     bool withoutRowId = false;
     bool own = false;      ///< made by this program
     bool strict = false;   ///< a STRICT table: columns may be declared with five types only

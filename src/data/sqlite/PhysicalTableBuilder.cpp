@@ -55,7 +55,7 @@ std::optional<PhysicalTable> PhysicalTableBuilder::build() {
 
 bool PhysicalTableBuilder::addRowKey() {
     if (m_schema.withoutRowId) {
-        m_table.rowKey = m_schema.primaryKey();
+        addPrimaryKeyAsRowKey();
         return true;
     }
     const auto name = m_schema.rowIdName();
@@ -64,6 +64,18 @@ bool PhysicalTableBuilder::addRowKey() {
     m_table.rowKey = {*name};
     m_table.own = m_schema.rowIdAlias() != nullptr && sameSqlName(*name, rowKeyColumn);
     return true;
+}
+
+void PhysicalTableBuilder::addPrimaryKeyAsRowKey() {
+    m_table.rowKey = m_schema.primaryKey();
+    for (const SchemaIndex& index : m_schema.indexes) {
+        if (index.origin != IndexOrigin::PrimaryKey)
+            continue;
+        for (const SchemaKey& key : index.keys) {
+            m_table.rowKeyOrder.collations.push_back(isKnown(key.collation) ? key.collation : "");
+            m_table.rowKeyOrder.descending.push_back(key.descending);
+        }
+    }
 }
 
 void PhysicalTableBuilder::addFields() {
@@ -157,9 +169,13 @@ void PhysicalTableBuilder::addIndex(const SchemaIndex& index) {
 
 bool PhysicalTableBuilder::isTold(const SchemaIndex& index) const {
     return !index.partial && std::ranges::all_of(index.keys, [this](const SchemaKey& key) {
-        const auto isKey = [&key](const std::string& name) { return sameSqlName(name, key.collation); };
-        return fieldOf(key.column) != nullptr && std::ranges::any_of(m_collations, isKey);
+        return fieldOf(key.column) != nullptr && isKnown(key.collation);
     });
+}
+
+bool PhysicalTableBuilder::isKnown(const std::string& collation) const {
+    return std::ranges::any_of(m_collations,
+                               [&](const std::string& name) { return sameSqlName(name, collation); });
 }
 
 std::string PhysicalTableBuilder::indexName(const SchemaIndex& index) const {

@@ -27,6 +27,7 @@ class PhysicalTableBuilder {
 
   private:
     bool addRowKey();
+    void addPrimaryKeyAsRowKey();
     void addFields();
     void addField(const SchemaColumn& column, int position);
     void sortFields();
@@ -34,6 +35,7 @@ class PhysicalTableBuilder {
     void addRowIdIndex(const SchemaColumn& alias);
     void addIndex(const SchemaIndex& index);
     [[nodiscard]] bool isTold(const SchemaIndex& index) const;
+    [[nodiscard]] bool isKnown(const std::string& collation) const;
     [[nodiscard]] std::string indexName(const SchemaIndex& index) const;
     [[nodiscard]] std::string constraintName(const SchemaIndex& index) const;
     [[nodiscard]] std::string freeName(const std::string& wanted) const;

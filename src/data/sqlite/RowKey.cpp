@@ -67,13 +67,13 @@ std::optional<StoredValue> takePart(std::string_view& rest) {
 
 std::optional<RowKey> parsed(const PhysicalTable& table, std::string_view bookmark) {
     RowKey key;
-    if (!table.withoutRowId) {
-        const auto number = wholeNumber<std::int64_t>(bookmark);
-        if (!number)
-            return std::nullopt;
+    const auto number = wholeNumber<std::int64_t>(bookmark);
+    if (number && table.rowKey.size() == 1) {
         key.emplace_back(StoredValue::ofInteger(*number));
         return key;
     }
+    if (!table.withoutRowId)
+        return std::nullopt;
     while (!bookmark.empty()) {
         const auto part = takePart(bookmark);
         if (!part)
@@ -106,10 +106,18 @@ RowKey keyOfBookmark(const PhysicalTable& table, std::string_view bookmark) {
     return std::move(*key);
 }
 
+std::string rowKeyExpression(const PhysicalTable& table, std::size_t part) {
+    const auto& collations = table.rowKeyOrder.collations;
+    const std::string column = quotedName(table.rowKey[part]);
+    if (part >= collations.size() || collations[part].empty())
+        return column;
+    return column + " COLLATE " + quotedName(collations[part]);
+}
+
 std::string rowKeyCondition(const PhysicalTable& table) {
     std::string condition;
-    for (const auto& column : table.rowKey)
-        condition += (condition.empty() ? "" : " AND ") + quotedName(column) + " = ?";
+    for (std::size_t part = 0; part < table.rowKey.size(); ++part)
+        condition += (part == 0 ? "" : " AND ") + rowKeyExpression(table, part) + " = ?";
     return condition;
 }
 

@@ -20,6 +20,8 @@ std::string bookmarkOf(const RowKey& key);
 /// Raises 3159 for a text that no bookmark of this table can be.
 RowKey keyOfBookmark(const PhysicalTable& table, std::string_view bookmark);
 
+/// A key column as SQLite's own order of the rows compares it.
+std::string rowKeyExpression(const PhysicalTable& table, std::size_t part);
 /// "a = ? AND b = ?" for the key columns.
 std::string rowKeyCondition(const PhysicalTable& table);
 /// The key columns, quoted, with commas between them.

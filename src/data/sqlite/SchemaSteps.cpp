@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite/SchemaSteps.h"
 
+#include "data/sqlite/AlterTable.h"
 #include "data/sqlite/DeclaredTypes.h"
 #include "data/sqlite/Sql.h"
 #include "data/sqlite/SqlTokens.h"
+#include "data/sqlite/TableRebuild.h"
 #include "data/sqlite/TextCollation.h"
 #include "runtime/RuntimeError.h"
 
@@ -77,17 +79,14 @@ void SchemaSteps::dropTable(const PhysicalTable& table) {
 }
 
 void SchemaSteps::renameTable(const PhysicalTable& table, const std::string& newName) {
-    const auto rename = [&](const std::string& from, const std::string& to) {
-        m_connection.execute("ALTER TABLE " + quotedName(from) + " RENAME TO " + quotedName(to));
-    };
     if (sameSqlName(table.sqlName, newName)) {
         // SQLite takes the other spelling for a second table of that name.
         const std::string between = table.sqlName + "~";
-        rename(table.sqlName, between);
-        rename(between, newName);
+        sqlite::renameTable(m_connection, table.sqlName, between);
+        sqlite::renameTable(m_connection, between, newName);
     } else {
         requireFreeName(newName);
-        rename(table.sqlName, newName);
+        sqlite::renameTable(m_connection, table.sqlName, newName);
     }
     m_catalogue.renameTable(table.sqlName, newName);
 }
@@ -120,11 +119,22 @@ void SchemaSteps::addField(const PhysicalTable& table, const FieldDef& field) {
 
 void SchemaSteps::dropField(const PhysicalTable& table, std::size_t field) {
     const std::string& column = table.columns[field].name;
+    if (!table.columns[field].own && !TableRebuild::canDoWithoutValues(m_connection, table.sqlName, column)) {
+        removeColumn(table, column);
+        return;
+    }
     const std::string hidden = freeHiddenName(table.sqlName);
-    m_connection.execute("ALTER TABLE " + quotedName(table.sqlName) + " RENAME COLUMN " + quotedName(column) +
-                         " TO " + quotedName(hidden));
+    renameColumn(m_connection, table.sqlName, column, hidden);
     putEntry(table, field);
     m_catalogue.hideField(table.sqlName, column, hidden);
+}
+
+/// A column of another maker that must have values can't stay behind.
+void SchemaSteps::removeColumn(const PhysicalTable& table, const std::string& column) {
+    TableRebuild rebuild(m_connection, table.sqlName);
+    rebuild.removeColumn(column);
+    rebuild.run();
+    m_catalogue.removeField(table.sqlName, column);
 }
 
 std::string SchemaSteps::freeHiddenName(const std::string& table) {
@@ -138,8 +148,7 @@ std::string SchemaSteps::freeHiddenName(const std::string& table) {
 void SchemaSteps::renameField(const PhysicalTable& table, std::size_t field, const std::string& newName) {
     requireFieldName(newName);
     const std::string& column = table.columns[field].name;
-    m_connection.execute("ALTER TABLE " + quotedName(table.sqlName) + " RENAME COLUMN " + quotedName(column) +
-                         " TO " + quotedName(newName));
+    renameColumn(m_connection, table.sqlName, column, newName);
     m_catalogue.renameField(table.sqlName, column, newName, newName);
 }
 
@@ -218,7 +227,14 @@ void SchemaSteps::requireNoNull(const PhysicalTable& table, const IndexDef& inde
 }
 
 void SchemaSteps::dropIndex(const PhysicalTable& table, std::size_t index) {
-    m_connection.execute("DROP INDEX " + quotedName(table.indexes[index].sqlName));
+    const PhysicalIndex& dropped = table.indexes[index];
+    if (dropped.kind == IndexKind::Constraint || dropped.kind == IndexKind::RowId) {
+        TableRebuild rebuild(m_connection, table.sqlName);
+        rebuild.removeKey(table, index);
+        rebuild.run();
+    } else {
+        m_connection.execute("DROP INDEX " + quotedName(dropped.sqlName));
+    }
     m_catalogue.removeIndex(table.sqlName, table.definition.indexes[index].name);
 }
 

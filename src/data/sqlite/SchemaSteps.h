@@ -19,7 +19,7 @@ class SchemaSteps {
     void renameTable(const PhysicalTable& table, const std::string& newName);
 
     void addField(const PhysicalTable& table, const FieldDef& field);
-    /// Hides the column: to drop it would rewrite the table.
+    /// Hides the column where it can: to drop it rewrites the table.
     void dropField(const PhysicalTable& table, std::size_t field);
     void renameField(const PhysicalTable& table, std::size_t field, const std::string& newName);
 
@@ -37,6 +37,7 @@ class SchemaSteps {
     void requireFreeName(const std::string& name);
     [[nodiscard]] bool isTaken(const std::string& name);
     std::string freeIndexName(const std::string& table, const std::string& index);
+    void removeColumn(const PhysicalTable& table, const std::string& column);
     std::string freeHiddenName(const std::string& table);
     void requireNoNull(const PhysicalTable& table, const IndexDef& index);
     /// The row of the catalogue tables for a column that may have none yet.

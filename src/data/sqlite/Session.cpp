@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite/Session.h"
 
+#include "data/sqlite/FileCheck.h"
 #include "data/sqlite/WriteClock.h"
 
 #include <thread>
@@ -18,6 +19,7 @@ Session::Session(std::filesystem::path file, Connection::Mode mode)
       m_connection(std::move(file), mode),
       m_writes(m_connection),
       m_dataVersion(m_connection, "PRAGMA data_version") {
+    checkFile(m_connection);
     listen();
     look();
 }

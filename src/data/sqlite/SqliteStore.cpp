@@ -295,6 +295,9 @@ std::unique_ptr<TableUse> SqliteStore::useTable(std::string_view table) {
         settle();
     m_locks.share(name, state(name)->uses);
     try {
+        // Until now anybody could change the table, a moment ago too.
+        if (!m_session->connection().inTransaction())
+            m_session->look();
         refresh();
         return std::make_unique<StoreTableUse>(
             state(name),
