@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "definition_update/engine/UpdateView.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace tol::test {
+
+/// An update's view that remembers what it was shown.
+class RecordingView : public update::UpdateView {
+  public:
+    void showState(update::RunState state) override { states.push_back(state); }
+    void showTagged(int index) override { tagged.push_back(index); }
+    void showLabel(update::RunLabel label, const std::string& text) override {
+        labels[label] = text;
+        history[label].push_back(text);
+    }
+    void showRecordLabels(bool visible) override { recordLabels = visible; }
+    void resetActivity() override { activity.clear(); }
+    void showActivity(const update::ActivityRow& row) override { activity.push_back(row); }
+    void fillActivity() override { ++fills; }
+
+    std::vector<update::RunState> states;
+    std::vector<int> tagged;
+    std::map<update::RunLabel, std::string> labels;
+    std::map<update::RunLabel, std::vector<std::string>> history;
+    bool recordLabels = false;
+    std::vector<update::ActivityRow> activity;
+    int fills = 0;
+};
+
+} // namespace tol::test
