@@ -37,7 +37,7 @@ std::int64_t roundHalfEven(double value) {
     // 2 to the power 63 is the first Double beyond; a NaN fails the comparison as well.
     if (!(std::fabs(value) < 9'223'372'036'854'775'808.0))
         raise(errOverflow);
-    return static_cast<std::int64_t>(std::nearbyint(value));
+    return std::llrint(value); // to even in the rounding mode that every program starts with
 }
 
 std::int64_t roundHalfEven(Currency amount) {
@@ -111,10 +111,10 @@ struct ToCurrency {
     Currency operator()(float value) const { return (*this)(static_cast<double>(value)); }
     Currency operator()(double value) const {
         // The wider type keeps the product exact enough that the fourth decimal rounds as the value tells.
-        const long double scaled = std::nearbyint(static_cast<long double>(value) * currencyUnit);
-        if (!(scaled >= -0x1p63L && scaled < 0x1p63L))
+        const long double scaled = static_cast<long double>(value) * currencyUnit;
+        if (!(scaled >= -0x1p63L - 0.5L && scaled < 0x1p63L - 0.5L))
             raise(errOverflow);
-        return {static_cast<std::int64_t>(scaled)};
+        return {std::llrint(scaled)};
     }
     Currency operator()(Currency value) const { return value; }
     Currency operator()(const Decimal& value) const { return value.toCurrency(); }

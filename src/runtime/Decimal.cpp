@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <limits>
 
 namespace tol::runtime {
@@ -168,12 +169,34 @@ void Decimal::roundAwayAt(std::int64_t place) {
     ++m_point;
 }
 
+/// Few digits and a small power of ten are exact in a Double, so that one operation on them rounds rightly.
+bool Decimal::isShort() const {
+    constexpr int exactDigits = 15;
+    constexpr std::int64_t exactPower = 22;
+    return m_count <= exactDigits && std::abs(m_point - m_count) <= exactPower;
+}
+
+double Decimal::shortToDouble() const {
+    static constexpr std::array<double, 23> powers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                      1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                      1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    std::int64_t digits = 0;
+    for (const char digit : this->digits())
+        digits = digits * 10 + (digit - '0');
+    const std::int64_t power = m_point - m_count;
+    const double value = power < 0 ? static_cast<double>(digits) / powers[static_cast<std::size_t>(-power)]
+                                   : static_cast<double>(digits) * powers[static_cast<std::size_t>(power)];
+    return m_negative ? -value : value;
+}
+
 double Decimal::toDouble() const {
     constexpr std::int64_t beyondAnyDouble = 400;
     if (m_count == 0 || m_point < -beyondAnyDouble)
         return 0;
     if (m_point > beyondAnyDouble)
         raise(errOverflow);
+    if (isShort())
+        return shortToDouble();
     std::array<char, capacity + 16> text;
     char* end = std::copy_n(m_digits.data(), m_count, text.data());
     *end++ = 'e';
@@ -221,8 +244,7 @@ Decimal readLeadingNumber(std::string_view text) {
     Decimal number;
     Scanner in(text, true);
     readSign(in, number);
-    if (!readMagnitude(in, number, Commas::Stop))
-        return {};
+    readMagnitude(in, number, Commas::Stop); // without a digit the number stays zero
     return number;
 }
 

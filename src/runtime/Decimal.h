@@ -43,6 +43,9 @@ class Decimal {
     [[nodiscard]] Currency toCurrency() const;
 
   private:
+    [[nodiscard]] bool isShort() const;
+    [[nodiscard]] double shortToDouble() const;
+
     std::array<char, capacity> m_digits; // only the first m_count are ever read
     int m_count = 0;
     std::int64_t m_point = 0;

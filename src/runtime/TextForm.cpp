@@ -3,6 +3,7 @@
 #include "runtime/Decimal.h"
 #include "runtime/RuntimeError.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -68,18 +69,45 @@ std::string currencyText(Currency amount) {
     return text;
 }
 
+char* writeNumber(char* out, int number, int digits = 1) {
+    std::array<char, 12> text;
+    char* const end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
+    for (auto missing = digits - (end - text.data()); missing > 0; --missing)
+        *out++ = '0';
+    return std::copy(text.data(), end, out);
+}
+
+char* writeDay(char* out, const DateParts& parts) {
+    out = writeNumber(out, parts.month);
+    *out++ = '/';
+    out = writeNumber(out, parts.day);
+    *out++ = '/';
+    return writeNumber(out, parts.year, 4);
+}
+
+char* writeTime(char* out, const DateParts& parts) {
+    out = writeNumber(out, parts.hour % 12 == 0 ? 12 : parts.hour % 12);
+    *out++ = ':';
+    out = writeNumber(out, parts.minute, 2);
+    *out++ = ':';
+    out = writeNumber(out, parts.second, 2);
+    constexpr std::string_view morning = " AM", afternoon = " PM";
+    return std::ranges::copy(parts.hour < 12 ? morning : afternoon, out).out;
+}
+
 std::string dateText(Date date) {
     const DateParts parts = dateParts(date);
     const bool midnight = parts.hour == 0 && parts.minute == 0 && parts.second == 0;
     const bool dayZero = parts.year == 1899 && parts.month == 12 && parts.day == 30;
-    std::string text;
+    std::array<char, 32> text;
+    char* out = text.data();
     if (!dayZero)
-        text = fmt::format("{}/{}/{:04}", parts.month, parts.day, parts.year);
-    if (midnight && !dayZero)
-        return text;
-    const int hour = parts.hour % 12 == 0 ? 12 : parts.hour % 12;
-    return text + fmt::format("{}{}:{:02}:{:02} {}", dayZero ? "" : " ", hour, parts.minute, parts.second,
-                              parts.hour < 12 ? "AM" : "PM");
+        out = writeDay(out, parts);
+    if (!dayZero && !midnight)
+        *out++ = ' ';
+    if (dayZero || !midnight)
+        out = writeTime(out, parts);
+    return {text.data(), out};
 }
 
 struct ToText {

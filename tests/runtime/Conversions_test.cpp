@@ -3,8 +3,10 @@
 
 #include "support/Raises.h"
 
+#include <charconv>
 #include <gtest/gtest.h>
 #include <limits>
+#include <random>
 
 namespace tol::test {
 namespace {
@@ -108,6 +110,9 @@ TEST(Conversions, CurrencyIsExact) {
     EXPECT_EQ(errorOf([] { toCurrency("1E15"); }), 6);
     EXPECT_EQ(errorOf([] { toCurrency("1E99"); }), 6);
     EXPECT_EQ(errorOf([] { toCurrency(922337203685478.0); }), 6);
+    EXPECT_EQ(errorOf([] { toCurrency(-922337203685478.0); }), 6);
+    EXPECT_EQ(toCurrency(-922337203685477.5), currency(-9223372036854775000));
+    EXPECT_EQ(toCurrency(922337203685477.5), currency(9223372036854775000));
     EXPECT_EQ(toCurrency("0.00005"), currency(0));
     EXPECT_EQ(toCurrency("0.00015"), currency(2));
     EXPECT_EQ(toCurrency("0.000050000"), currency(0));
@@ -137,6 +142,21 @@ TEST(Conversions, SinglesAndDoubles) {
     EXPECT_EQ(toSingle(3.4028235e38), std::numeric_limits<float>::max());
     EXPECT_EQ(errorOf([] { toSingle(3.4028236e38); }), 6);
     EXPECT_EQ(errorOf([] { toSingle("-1e39"); }), 6);
+}
+
+TEST(Conversions, TextsOfDoublesReadBackAsTheNearestDouble) {
+    std::mt19937_64 random(19);
+    for (int round = 0; round < 20'000; ++round) {
+        std::string text =
+            std::to_string(random() % (round % 2 == 0 ? 1'000'000 : 1'000'000'000'000'000'000));
+        text.insert(random() % (text.size() + 1), ".");
+        if (round % 3 == 0)
+            text += "e" + std::to_string(static_cast<int>(random() % 640) - 340);
+        double expected = 0;
+        if (std::from_chars(text.data(), text.data() + text.size(), expected).ec == std::errc()) {
+            ASSERT_EQ(toDouble(text), expected) << text;
+        }
+    }
 }
 
 TEST(Conversions, WhatIsNoNumber) {

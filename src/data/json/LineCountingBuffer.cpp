@@ -24,15 +24,12 @@ std::size_t LineCountingBuffer::line() const {
 }
 
 LineCountingBuffer::int_type LineCountingBuffer::underflow() {
+    m_linesBefore += lineFeeds(eback(), egptr());
     m_source.read(m_block.data(), static_cast<std::streamsize>(m_block.size()));
     if (m_source.bad())
         runtime::raise(runtime::errDiskOrNetwork, {"JSON"});
-    const auto count = m_source.gcount();
-    if (count == 0)
-        return traits_type::eof();
-    m_linesBefore += lineFeeds(eback(), egptr());
-    setg(m_block.data(), m_block.data(), m_block.data() + count);
-    return traits_type::to_int_type(*gptr());
+    setg(m_block.data(), m_block.data(), m_block.data() + m_source.gcount());
+    return gptr() == egptr() ? traits_type::eof() : traits_type::to_int_type(*gptr());
 }
 
 } // namespace tol::data::json

@@ -14,7 +14,7 @@ class LineCountingBuffer : public std::streambuf {
   public:
     explicit LineCountingBuffer(std::istream& source);
 
-    /// From 1. A line feed still belongs to the line that it ends.
+    /// From 1. A line feed still belongs to the line that it ends; the end is in the line behind it.
     [[nodiscard]] std::size_t line() const;
 
   protected:

@@ -9,8 +9,8 @@ namespace tol::shell {
 
 bool vdRecordOK(data::Recordset& recordset, const KeyPairs& pairs) {
     try {
-        // The ends come first since they cost nothing to ask; an empty table may be at neither of them.
-        if (recordset.AtBOF() || recordset.AtEOF() || recordset.RecordCount() == 0)
+        // An empty table is at both ends; so the record count, which has to look into the file, is not asked.
+        if (recordset.AtBOF() || recordset.AtEOF())
             return false;
         return std::ranges::all_of(pairs, [](const KeyPair& pair) {
             return runtime::valuesEqual(vdNullCheck(pair.field), pair.key);

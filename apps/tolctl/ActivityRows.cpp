@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "tolctl/ActivityRows.h"
+
+#include "data/DBEngine.h"
+#include "runtime/Conversions.h"
+#include "runtime/Text.h"
+#include "shell/vdfunctions/vdfunctions.h"
+
+#include <algorithm>
+
+namespace tol::ctl {
+
+using update::ActivityRow;
+
+const std::array<ActivityColumn, 8>& activityColumns() {
+    static constexpr std::array<ActivityColumn, 8> columns = {{
+        {"PATHNAME", "Job Site", &ActivityRow::PATHNAME, 16},
+        {"DBNAME", "Database", &ActivityRow::DBNAME, 10},
+        {"TABLENAME", "Table", &ActivityRow::TABLENAME, 16},
+        {"INDEXNAME", "Index", &ActivityRow::INDEXNAME, 16},
+        {"FIELDNAME", "Field", &ActivityRow::FIELDNAME, 16},
+        {"Action", "Action", &ActivityRow::Action, 40},
+        {"FDATE", "Date", &ActivityRow::FDATE, 10},
+        {"PTIME", "Time", &ActivityRow::PTIME, 11},
+    }};
+    return columns;
+}
+
+void forEachActivity(const std::function<void(const ActivityRow&)>& visit) {
+    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksDEF");
+    data::Database definitions = workspace.OpenDatabase("ZOVDEF.MDB");
+    data::Recordset rows = definitions.OpenRecordset("ACTIVITYLOG");
+    ActivityRow row;
+    for (; !rows.AtEOF(); rows.MoveNext()) {
+        for (const ActivityColumn& column : activityColumns())
+            row.*column.member = runtime::toText(shell::vdNullCheck(rows.Fields(column.name)));
+        visit(row);
+    }
+}
+
+ActivityTable::ActivityTable() {
+    for (std::size_t i = 0; i < m_widths.size(); ++i)
+        m_widths[i] = activityColumns()[i].width;
+}
+
+void ActivityTable::widen(const ActivityRow& row) {
+    for (std::size_t i = 0; i < m_widths.size(); ++i)
+        m_widths[i] = std::max(m_widths[i], runtime::length(row.*activityColumns()[i].member));
+}
+
+std::string ActivityTable::heading() const {
+    return joined([](const ActivityColumn& column) { return column.title; });
+}
+
+std::string ActivityTable::line(const ActivityRow& row) const {
+    return joined([&](const ActivityColumn& column) -> std::string_view { return row.*column.member; });
+}
+
+template <typename CellOf>
+std::string ActivityTable::joined(CellOf&& cellOf) const {
+    std::string line;
+    std::size_t due = 0; // blanks that stand before the next text
+    for (std::size_t i = 0; i < m_widths.size(); ++i) {
+        const std::string_view cell = runtime::trim(cellOf(activityColumns()[i]));
+        if (!cell.empty()) {
+            line.append(due, ' ').append(cell);
+            due = 0;
+        }
+        const std::size_t used = runtime::length(cell);
+        due += (used < m_widths[i] ? m_widths[i] - used : 0) + 2;
+    }
+    return line;
+}
+
+} // namespace tol::ctl

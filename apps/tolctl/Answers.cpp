@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "tolctl/Answers.h"
+
+#include <unistd.h>
+
+namespace tol::ctl {
+
+using runtime::MsgResult;
+
+const std::map<std::string, OnUnconvertible>& onUnconvertibleWords() {
+    static const std::map<std::string, OnUnconvertible> words = {
+        {"ask", OnUnconvertible::Ask},
+        {"continue", OnUnconvertible::Continue},
+        {"quiet", OnUnconvertible::Quiet},
+        {"stop", OnUnconvertible::Stop},
+    };
+    return words;
+}
+
+OnUnconvertible usualOnUnconvertible() {
+    const bool person = isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0;
+    return person ? OnUnconvertible::Ask : OnUnconvertible::Stop;
+}
+
+std::optional<MsgResult> answerTo(const std::string& title, OnUnconvertible choice) {
+    if (choice == OnUnconvertible::Ask)
+        return std::nullopt;
+    const bool yes = (title == "Data Will Be Lost" && choice != OnUnconvertible::Stop) ||
+                     (title == "Continue Warning?" && choice == OnUnconvertible::Continue);
+    return yes ? MsgResult::Yes : MsgResult::No;
+}
+
+} // namespace tol::ctl

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "runtime/Host.h"
+
+#include <map>
+#include <optional>
+#include <string>
+
+namespace tol::ctl {
+
+/// What to do about values that can't convert.
+enum class OnUnconvertible {
+    Ask,      ///< ask the person at the terminal
+    Continue, ///< go on, and go on warning
+    Quiet,    ///< go on without further warning for the field: its later rows keep no value
+    Stop,     ///< do not go on
+};
+
+/// The words for the command line.
+const std::map<std::string, OnUnconvertible>& onUnconvertibleWords();
+/// Ask where there is a person to be asked, else Stop.
+OnUnconvertible usualOnUnconvertible();
+
+/// The answer to the question with this title; nothing when the person has to give it. A question that
+/// nobody foresaw is answered No.
+std::optional<runtime::MsgResult> answerTo(const std::string& title, OnUnconvertible choice);
+
+} // namespace tol::ctl

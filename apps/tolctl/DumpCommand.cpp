@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "tolctl/DumpCommand.h"
+
+#include "data/DBEngine.h"
+#include "data/json/DatabaseJson.h"
+#include "tolctl/RowReport.h"
+
+#include <iostream>
+
+namespace tol::ctl {
+namespace {
+
+constexpr const char* closing =
+    "The text is {\"tables\": [{\"name\", \"fields\", \"indexes\", \"rows\"}]}, one row a line. Null is "
+    "null, an\n"
+    "amount a text with four decimals, a date \"YYYY-MM-DD HH:MM:SS\", binary base64, infinity \"Infinity\", "
+    "a\n"
+    "text that is no UTF-8 {\"base64\": \"...\"}. tolctl load makes the same database from it.";
+
+} // namespace
+
+DumpCommand::DumpCommand(CLI::App& program) : Command(program, "dump", "Print a database as JSON") {
+    app().add_option("FILE", m_file, "The database")->required()->type_name("");
+    app().add_flag("--schema-only", m_schemaOnly, "Tables, fields and indexes without rows");
+    app().footer(closing);
+}
+
+ExitStatus DumpCommand::execute() {
+    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksDUMP");
+    data::Database database = workspace.OpenDatabase(m_file, false, true);
+    data::json::writeDatabase(database, std::cout, {m_schemaOnly, rowReport(m_progress)});
+    std::cout << std::flush;
+    m_progress.clear();
+    return ExitStatus::Finished;
+}
+
+} // namespace tol::ctl

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "tolctl/Interrupt.h"
+
+#include "tolctl/ExitStatus.h"
+
+#include <csignal>
+
+#include <signal.h>
+
+namespace tol::ctl {
+namespace {
+
+volatile std::sig_atomic_t asked = 0;
+
+void noteSignal(int /*number*/) {
+    asked = 1;
+}
+
+} // namespace
+
+void watchInterrupts() {
+    struct sigaction action = {};
+    action.sa_handler = noteSignal;
+    // Without SA_RESTART, so that a question that waits for its answer is broken off as well.
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    sigaction(SIGINT, &action, nullptr);
+    sigaction(SIGTERM, &action, nullptr);
+}
+
+bool interrupted() {
+    return asked != 0;
+}
+
+void stopIfInterrupted() {
+    if (interrupted())
+        throw Stopped{};
+}
+
+} // namespace tol::ctl

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace tol::ctl {
+
+/// Ctrl+C and the polite end signal ask a command to stop at its next yield, where the files are in
+/// order. A second one ends the program at once.
+void watchInterrupts();
+[[nodiscard]] bool interrupted();
+
+/// Raises Stopped when a stop was asked for.
+void stopIfInterrupted();
+
+} // namespace tol::ctl

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "tolctl/Program.h"
+
+#include "data/sqlite/SqliteEngine.h"
+#include "runtime/RuntimeError.h"
+#include "tolctl/CompactCommand.h"
+#include "tolctl/DemoCommand.h"
+#include "tolctl/DumpCommand.h"
+#include "tolctl/Interrupt.h"
+#include "tolctl/LoadCommand.h"
+#include "tolctl/LogCommand.h"
+#include "tolctl/RefreshCommand.h"
+#include "tolctl/UpdateCommand.h"
+#include "tolctl/UsageError.h"
+
+#include <filesystem>
+#include <iostream>
+
+namespace tol::ctl {
+namespace {
+
+constexpr const char* purpose =
+    "Keeps the databases of Job Sites in order: the companion of the windowed program for terminal and\n"
+    "scheduler. Data goes to standard output, talk to standard error.";
+
+constexpr const char* closing =
+    "Exit status: 0 finished; 1 could not start; 2 wrong usage; 3 finished, but a database stayed\n"
+    "incomplete or an error box was shown; 4 stopped.\n"
+    "Drive letters in the data are folders: those in $TOL_DRIVES, else in \"drives\" of the current folder,\n"
+    "else in tolvane/drives of the user's data folder.";
+
+void tell(const std::string& text) {
+    std::cerr << "tolctl: " << text << "\n";
+}
+
+ExitStatus tellError(const runtime::RuntimeError& error) {
+    tell(error.description() + " (error " + std::to_string(error.number()) + ")");
+    if (!error.engineText().empty())
+        std::cerr << "  " << error.engineText() << "\n";
+    return ExitStatus::CouldNotStart;
+}
+
+} // namespace
+
+Program::Program() : m_app(purpose, "tolctl") {
+    m_app.set_version_flag("--version", "tolctl " TOL_VERSION);
+    m_app.add_option("--dir", m_folder, "Work in this folder instead of the current one")->type_name("DIR");
+    m_app.require_subcommand(1);
+    m_app.fallthrough();
+    m_app.footer(closing);
+    add<UpdateCommand>();
+    add<RefreshCommand>();
+    add<LogCommand>();
+    add<DumpCommand>();
+    add<LoadCommand>();
+    add<CompactCommand>();
+    add<DemoCommand>();
+}
+
+template <typename T>
+void Program::add() {
+    m_commands.push_back(std::make_unique<T>(m_app));
+}
+
+ExitStatus Program::run(int count, const char* const* words) {
+    try {
+        m_app.parse(count, words);
+        return runChosen();
+    } catch (const CLI::Success& asked) {
+        m_app.exit(asked);
+        return ExitStatus::Finished;
+    } catch (const CLI::ParseError& error) {
+        m_app.exit(error);
+        return ExitStatus::WrongUsage;
+    } catch (const UsageError& error) {
+        tell(error.what());
+        return ExitStatus::WrongUsage;
+    } catch (const runtime::RuntimeError& error) {
+        return tellError(error);
+    } catch (const Stopped&) {
+        tell("stopped.");
+        return ExitStatus::Stopped;
+    } catch (const std::exception& error) {
+        tell(error.what());
+        return ExitStatus::CouldNotStart;
+    }
+}
+
+ExitStatus Program::runChosen() {
+    enterFolder();
+    data::sqlite::addSqliteEngine();
+    watchInterrupts();
+    for (const auto& command : m_commands)
+        if (command->chosen())
+            return command->execute();
+    return ExitStatus::WrongUsage;
+}
+
+void Program::enterFolder() const {
+    std::error_code error;
+    if (!m_folder.empty())
+        std::filesystem::current_path(m_folder, error);
+    if (error)
+        throw runtime::RuntimeError(runtime::errPathNotFound,
+                                    "The folder '" + m_folder + "' can't be entered.", error.message());
+}
+
+} // namespace tol::ctl

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "definition_update/engine/UpdateView.h"
+
+#include <array>
+#include <cstddef>
+#include <map>
+#include <ostream>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tol::ctl {
+
+/// What a person wants to know when a run is over: what was changed, where data was lost, what needs
+/// attention. It is told each row of the log and each value that could not convert.
+class RunSummary {
+  public:
+    static constexpr std::size_t kinds = 15;
+
+    void add(const update::ActivityRow& row);
+    /// A value that can't convert was met; `where` names site and database, `what` is the question.
+    void addUnconvertible(const std::string& where, const std::string& what);
+
+    void print(std::ostream& out) const;
+
+  private:
+    void printLosses(std::ostream& out) const;
+    void printTroubles(std::ostream& out) const;
+
+    std::array<long, kinds> m_counts{};
+    std::set<std::pair<std::string, std::string>> m_databases; ///< site and database
+    std::set<std::string> m_sites;
+    std::vector<std::string> m_cut;              ///< fields whose texts were made shorter
+    std::map<std::string, long> m_unconvertible; ///< rows by field
+    std::set<std::string> m_troubles; ///< what could not be processed; both passes over a site report it
+};
+
+} // namespace tol::ctl

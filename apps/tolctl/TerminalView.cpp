@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "tolctl/TerminalView.h"
+
+#include "runtime/Text.h"
+
+#include <fmt/format.h>
+
+namespace tol::ctl {
+
+using runtime::trim;
+using update::RefreshLabel;
+using update::RunLabel;
+
+// Called once for each row that is converted: it may do no more than keep the text.
+void TerminalView::showLabel(RunLabel label, const std::string& text) {
+    m_labels[static_cast<std::size_t>(label)] = text;
+    if (label == RunLabel::NPDBNAME)
+        ++m_visits;
+    m_progress.show([this] { return line(); });
+}
+
+void TerminalView::showRecordLabels(bool visible) {
+    m_recordLabels = visible;
+}
+
+std::string TerminalView::place() const {
+    return fmt::format("{} {}", m_visits, label(RunLabel::NP2));
+}
+
+std::string TerminalView::line() const {
+    std::string text = fmt::format("{}  {}  {}", trim(label(RunLabel::NPPATHNAME)),
+                                   trim(label(RunLabel::NPDBNAME)), trim(label(RunLabel::NP2)));
+    if (m_recordLabels)
+        text += fmt::format("  record {} of {}", trim(label(RunLabel::NP4)), trim(label(RunLabel::NP6)));
+    return text;
+}
+
+void TerminalRefreshView::showLabel(RefreshLabel label, const std::string& text) {
+    m_labels[static_cast<std::size_t>(label)] = text;
+    if (label == RefreshLabel::DBNAME)
+        ++m_visits;
+    m_progress.show([this] {
+        return fmt::format("{}  {}  {}{}", trim(this->label(RefreshLabel::DBNAME)),
+                           trim(this->label(RefreshLabel::TNAME)), trim(this->label(RefreshLabel::INAME)),
+                           trim(this->label(RefreshLabel::FNAME)));
+    });
+}
+
+} // namespace tol::ctl

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "tolctl/UpdateCommand.h"
+
+#include "tolctl/ActivityRows.h"
+#include "tolctl/JsonReport.h"
+#include "tolctl/RunSummary.h"
+#include "tolctl/TerminalHost.h"
+#include "tolctl/TerminalView.h"
+
+#include <fmt/format.h>
+
+#include <iostream>
+
+namespace tol::ctl {
+namespace {
+
+using update::RunLabel;
+
+constexpr const char* finished = "Finished";
+constexpr const char* stopped = "STOPPED";
+
+constexpr const char* closing =
+    "Without --site and --all the only Job Site of the list is taken; where there are several, one must be\n"
+    "chosen. Standard output gets the rows of the log as they are written, or with --json one object with\n"
+    "\"result\", \"rows\" and \"messages\".\n"
+    "A value that can't convert to its field's new type is lost. \"ask\" asks before (usual where there is "
+    "a\n"
+    "terminal), \"continue\" goes on and warns again, \"quiet\" goes on without warning: the later rows of "
+    "that\n"
+    "field lose their values too, \"stop\" (usual without a terminal) stops the run.";
+
+} // namespace
+
+UpdateCommand::UpdateCommand(CLI::App& program)
+    : Command(program, "update", "Bring the databases of Job Sites up to date") {
+    auto* site =
+        app().add_option("--site", m_sites.names, "Update all Job Sites of this name; may be repeated");
+    site->type_name("NAME")->allow_extra_args(false);
+    app().add_flag("--all", m_sites.all, "Update all Job Sites; a run takes the first 51")->excludes(site);
+    app()
+        .add_option("--module", m_module, "Module for which the databases must be complete")
+        ->type_name("CODE")
+        ->capture_default_str();
+    app()
+        .add_option("--on-unconvertible", m_onUnconvertible, "What to do about values that can't convert")
+        ->type_name("ask|continue|quiet|stop")
+        ->transform(CLI::CheckedTransformer(onUnconvertibleWords()).description(""));
+    app().add_flag("--json", m_json, "Print the outcome as JSON");
+    app().footer(closing);
+}
+
+ExitStatus UpdateCommand::execute() {
+    TerminalHost host(m_progress, m_onUnconvertible);
+    RunSummary summary;
+    TerminalView view(m_progress, [&](const update::ActivityRow& row) {
+        summary.add(row);
+        if (m_json)
+            return;
+        m_progress.clear();
+        std::cout << ActivityTable().line(row) << "\n";
+    });
+    if (!run(host, view, summary))
+        return ExitStatus::CouldNotStart;
+    report(host, view, summary);
+    return outcome(host, view);
+}
+
+/// False when the run did not come so far as to begin with a site.
+bool UpdateCommand::run(TerminalHost& host, TerminalView& view, RunSummary& summary) {
+    update::DefinitionUpdate update(view, m_module);
+    SiteChoice choice(m_sites);
+    const std::string mark = choice.tag(update);
+    for (const std::string& name : choice.leftOut())
+        std::cerr << "tolctl: left out: " << name << "\n";
+
+    host.onStop([&] { update.Cancel(); });
+    host.placeFrom([&] { return view.place(); });
+    host.onQuestion([&](const Message& question) {
+        if (question.title == "Data Will Be Lost")
+            summary.addUnconvertible(view.label(RunLabel::NPPATHNAME) + ", " + view.label(RunLabel::NPDBNAME),
+                                     question.text);
+    });
+    update.ProcessTaggedItems(mark);
+    host.onStop([] {});
+    m_progress.clear();
+    m_anyIncomplete = update.anyIncomplete();
+    return update.ended() || !view.label(RunLabel::NPPATHNAME).empty();
+}
+
+void UpdateCommand::report(const TerminalHost& host, const TerminalView& view,
+                           const RunSummary& summary) const {
+    const bool isFinished = view.label(RunLabel::NPPATHNAME) == finished;
+    if (m_json) {
+        std::cout << "{\"result\": ";
+        printJsonText(isFinished ? finished : stopped);
+        std::cout << ",\n \"rows\": ";
+        printJsonActivity();
+        std::cout << ",\n \"messages\": ";
+        printJsonMessages(host.messages());
+        std::cout << "}\n";
+        return;
+    }
+    std::cout << std::flush;
+    summary.print(std::cerr);
+    std::cerr << (isFinished ? finished : stopped) << ". " << view.label(RunLabel::NPPATHTEXT)
+              << "\nThe whole log: tolctl log, in this folder.\n";
+}
+
+ExitStatus UpdateCommand::outcome(const TerminalHost& host, const TerminalView& view) const {
+    if (view.label(RunLabel::NPPATHNAME) != finished)
+        return ExitStatus::Stopped;
+    return m_anyIncomplete || host.troubled() ? ExitStatus::NeedsAttention : ExitStatus::Finished;
+}
+
+} // namespace tol::ctl

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tolctl/Answers.h"
+#include "tolctl/Command.h"
+#include "tolctl/ProgressLine.h"
+#include "tolctl/SiteChoice.h"
+
+#include <string>
+
+namespace tol::ctl {
+
+class RunSummary;
+class TerminalHost;
+class TerminalView;
+
+/// tolctl update: one run of the definition update.
+class UpdateCommand : public Command {
+  public:
+    explicit UpdateCommand(CLI::App& program);
+    ExitStatus execute() override;
+
+  private:
+    bool run(TerminalHost& host, TerminalView& view, RunSummary& summary);
+    void report(const TerminalHost& host, const TerminalView& view, const RunSummary& summary) const;
+    [[nodiscard]] ExitStatus outcome(const TerminalHost& host, const TerminalView& view) const;
+
+    SiteRequest m_sites;
+    std::string m_module = "N";
+    OnUnconvertible m_onUnconvertible = usualOnUnconvertible();
+    bool m_json = false;
+    bool m_anyIncomplete = false; ///< of the run, or a site was left out
+    ProgressLine m_progress;
+};
+
+} // namespace tol::ctl
