@@ -31,10 +31,9 @@ PendingWrites::~PendingWrites() {
 /// Decides in which transaction the next change takes place.
 void PendingWrites::prepare() {
     raiseOwed();
-    WriteClock::instance().tick(*this);
-    if (m_depth > 0 || m_held)
-        return;
-    if (std::chrono::steady_clock::now() - m_lastWrite < WriteClock::period)
+    const auto now = CoarseClock::now();
+    WriteClock::instance().tick(*this, now);
+    if (m_depth == 0 && !m_held && now < m_lastWrite + WriteClock::period)
         hold();
 }
 
@@ -47,7 +46,7 @@ void PendingWrites::hold() {
     call(m_listener.holding);
     takeWriteLock();
     m_held = true;
-    m_heldSince = std::chrono::steady_clock::now();
+    m_heldSince = CoarseClock::now();
     WriteClock::instance().add(*this);
     call(m_listener.began);
 }
@@ -59,6 +58,7 @@ void PendingWrites::writeStep(const std::function<void()>& change) {
         hold();
     auto step = [&] {
         const Closed closed(*this);
+        call(m_listener.complete);
         m_connection.run("SAVEPOINT step");
         try {
             change();
@@ -87,6 +87,7 @@ void PendingWrites::begin() {
         takeWriteLock();
         call(m_listener.began);
     } else {
+        call(m_listener.complete);
         m_connection.run("SAVEPOINT " + savepoint(m_depth));
     }
     ++m_depth;
@@ -95,6 +96,7 @@ void PendingWrites::begin() {
 void PendingWrites::commit() {
     if (m_depth == 0)
         runtime::raise(runtime::errNoTransaction);
+    call(m_listener.complete);
     if (m_depth > 1) {
         m_connection.run("RELEASE " + savepoint(m_depth - 1));
         --m_depth;
@@ -125,11 +127,13 @@ void PendingWrites::settle() {
 
 void PendingWrites::commitHeld() {
     try {
+        call(m_listener.complete);
         m_connection.run("COMMIT");
     } catch (const runtime::RuntimeError& error) {
         // Someone reads and keeps reading: the changes are still there, and the next turn tries again.
         if (error.number() == runtime::errRowLocked && m_connection.inTransaction()) {
-            m_heldSince = std::chrono::steady_clock::now();
+            m_heldSince = CoarseClock::now();
+            WriteClock::instance().add(*this);
             throw;
         }
         undoHeld();
@@ -141,6 +145,7 @@ void PendingWrites::commitHeld() {
 
 void PendingWrites::letGo() {
     m_held = false;
+    m_lastWrite = CoarseClock::now();
     WriteClock::instance().remove(*this);
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "data/sqlite/CoarseClock.h"
 #include "data/sqlite/Connection.h"
 
-#include <chrono>
 #include <functional>
 #include <string>
 
@@ -16,10 +16,14 @@ namespace tol::data::sqlite {
 /// error that told so has been raised and the listener hears of the rollback.
 class PendingWrites {
   public:
-    /// Hears of the beginning and the end of each transaction that is longer than one statement, of the
-    /// moment before a run takes the write lock again, and when the write lock has been got or given up.
+    /// What the owner does at certain moments of a transaction.
     struct Listener {
-        std::function<void()> holding, began, committed, rolledBack, wishOver;
+        std::function<void()> holding;    ///< a run is about to take the write lock (again)
+        std::function<void()> began;      ///< a transaction of more than one statement has begun
+        std::function<void()> complete;   ///< what still waits to be written must be in it now
+        std::function<void()> committed;  ///< it has ended
+        std::function<void()> rolledBack; ///< it has ended, or a part of it, and left nothing
+        std::function<void()> wishOver;   ///< the write lock has been got, or given up
     };
 
     explicit PendingWrites(Connection& connection);
@@ -37,6 +41,11 @@ class PendingWrites {
         const Wish wish(*this);
         guarded(change);
     }
+    /// More of a change within the transaction that is open.
+    template <typename Change>
+    void proceed(Change&& change) {
+        guarded(change);
+    }
     /// A change of several statements that takes place as a whole or not at all.
     void writeStep(const std::function<void()>& change);
 
@@ -49,7 +58,7 @@ class PendingWrites {
     /// Commits what is held. Nothing happens to a transaction of the caller's.
     void settle();
     [[nodiscard]] bool isHeld() const { return m_held; }
-    [[nodiscard]] std::chrono::steady_clock::time_point heldSince() const { return m_heldSince; }
+    [[nodiscard]] CoarseClock::time_point heldSince() const { return m_heldSince; }
 
     /// For the clock, when another file's call made it commit: a failure is kept and raised by the
     /// next call for this file.
@@ -101,7 +110,8 @@ class PendingWrites {
             noticeLoss();
             throw;
         }
-        m_lastWrite = std::chrono::steady_clock::now();
+        if (!m_held)
+            m_lastWrite = CoarseClock::now();
     }
 
     Connection& m_connection;
@@ -110,8 +120,8 @@ class PendingWrites {
     int m_depth = 0;
     int m_wishes = 0;
     int m_closed = 0;
-    std::chrono::steady_clock::time_point m_heldSince;
-    std::chrono::steady_clock::time_point m_lastWrite;
+    CoarseClock::time_point m_heldSince;
+    CoarseClock::time_point m_lastWrite = CoarseClock::time_point::min();
     std::exception_ptr m_owed;
 };
 

@@ -55,6 +55,11 @@ void RowBatch::append(sqlite3_stmt* statement) {
     ++m_rows;
 }
 
+void RowBatch::addRow() {
+    ++m_rows;
+    m_cells.resize(m_rows * m_columns, Cell{{0}, 0, Kind::Null});
+}
+
 void RowBatch::removeLast() {
     --m_rows;
     m_cells.resize(m_rows * m_columns);

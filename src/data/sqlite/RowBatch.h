@@ -14,8 +14,9 @@ namespace tol::data::sqlite {
 class RowBatch {
   public:
     void clear(std::size_t columns);
-    /// Adds the row on which the statement stands.
+    /// Adds the row on which the statement stands, or one of Nulls.
     void append(sqlite3_stmt* statement);
+    void addRow();
     void removeLast();
 
     [[nodiscard]] std::size_t rows() const { return m_rows; }

@@ -87,14 +87,14 @@ std::optional<RowKey> parsed(const PhysicalTable& table, std::string_view bookma
 
 } // namespace
 
-std::string bookmarkOf(const RowKey& key) {
-    if (key.size() == 1 && key[0].value().kind == Kind::Integer)
-        return std::to_string(key[0].value().integer);
+std::string bookmarkOf(std::span<const StoredValue> key) {
+    if (key.size() == 1 && key[0].kind == Kind::Integer)
+        return std::to_string(key[0].integer);
     std::string bookmark;
     for (const auto& part : key) {
-        const std::string text = partText(part.value());
-        bookmark += fmt::format("{}{}:{}", kindLetters[static_cast<std::size_t>(part.value().kind)],
-                                text.size(), text);
+        const std::string text = partText(part);
+        bookmark +=
+            fmt::format("{}{}:{}", kindLetters[static_cast<std::size_t>(part.kind)], text.size(), text);
     }
     return bookmark;
 }
@@ -128,9 +128,16 @@ std::string rowKeyColumns(const PhysicalTable& table) {
     return columns;
 }
 
-void bindRowKey(Statement& statement, int parameter, const RowKey& key) {
+void bindRowKey(Statement& statement, int parameter, std::span<const StoredValue> key) {
     for (const auto& part : key)
-        bindStored(statement, parameter++, part.value());
+        bindStored(statement, parameter++, part);
+}
+
+std::vector<StoredValue> valuesOf(const RowKey& key) {
+    std::vector<StoredValue> values;
+    for (const auto& part : key)
+        values.push_back(part.value());
+    return values;
 }
 
 } // namespace tol::data::sqlite

@@ -75,7 +75,11 @@ class SideEffects {
 } // namespace
 
 RowWriter::RowWriter(Session& session, TableState& state)
-    : m_session(session), m_state(state), m_table(state.table) {
+    : m_session(session), m_state(state), m_table(state.table), m_isIndexed(state.table->columns.size()) {
+    for (const auto& index : m_table->definition.indexes) {
+        for (const auto& name : index.fields)
+            m_isIndexed[static_cast<std::size_t>(m_table->definition.findField(name))] = true;
+    }
     const IndexDef* primary = ownPrimaryKey(*m_table);
     if (primary == nullptr)
         return;
@@ -84,68 +88,91 @@ RowWriter::RowWriter(Session& session, TableState& state)
         m_primaryFields.push_back(static_cast<std::size_t>(m_table->definition.findField(name)));
 }
 
-RowKey RowWriter::insert(std::span<const Assignment> values) {
+std::string RowWriter::insert(std::span<const Assignment> values) {
     requireKeys(values, true);
     Statement& statement = statementFor(m_inserts, values, &RowWriter::insertSql);
-    RowKey key;
+    std::string bookmark;
     SideEffects effects(m_session, *m_table);
     namingDuplicates(*m_table, [&] {
         m_session.writes().write([&] {
+            m_session.writeUpdates();
             bindValues(statement, values);
-            key = insertedKey(statement);
+            bookmark = runInsert(statement);
         });
     });
     ++m_state.changes;
     if (m_state.count)
         ++*m_state.count;
     effects.notice(1);
-    return key;
+    return bookmark;
 }
 
-RowKey RowWriter::insertedKey(Statement& statement) {
-    RowKey key;
+std::string RowWriter::runInsert(Statement& statement) {
     if (!m_table->withoutRowId) {
         statement.run();
-        key.emplace_back(StoredValue::ofInteger(m_session.connection().lastInsertRowId()));
-        return key;
+        const auto key = StoredValue::ofInteger(m_session.connection().lastInsertRowId());
+        return bookmarkOf({&key, 1});
     }
     statement.step(); // RETURNING gives the row
     RowBatch row;
     row.clear(m_table->rowKey.size());
     row.append(statement.handle());
-    for (std::size_t part = 0; part < m_table->rowKey.size(); ++part)
-        key.emplace_back(row.at(0, part));
     statement.run();
-    return key;
+    std::vector<StoredValue> key;
+    for (std::size_t part = 0; part < m_table->rowKey.size(); ++part)
+        key.push_back(row.at(0, part));
+    return bookmarkOf(key);
 }
 
-bool RowWriter::update(const RowKey& key, std::span<const Assignment> values) {
+bool RowWriter::update(std::span<const StoredValue> key, std::span<const Assignment> values, bool known) {
     requireKeys(values, false);
-    Statement& statement = statementFor(m_updates, values, &RowWriter::updateSql);
-    bindRowKey(statement, static_cast<int>(values.size()) + 1, key);
-    bindValues(statement, values);
-    return change(statement);
+    known = known && mayWait(values);
+    const std::uint64_t others = m_session.others();
+    bool changed = true;
+    SideEffects effects(m_session, *m_table);
+    const auto write = [&] {
+        if (known && m_session.others() == others && m_session.connection().inTransaction()) {
+            m_session.updates().add(m_table, key[0].integer, values);
+            return;
+        }
+        Statement& statement = statementFor(m_updates, values, &RowWriter::updateSql);
+        bindRowKey(statement, static_cast<int>(values.size()) + 1, key);
+        bindValues(statement, values);
+        changed = runChange(statement);
+    };
+    namingDuplicates(*m_table, [&] { m_session.writes().write(write); });
+    if (changed)
+        ++m_state.changes;
+    effects.notice(changed ? 1 : 0);
+    return changed;
 }
 
-bool RowWriter::remove(const RowKey& key) {
+bool RowWriter::mayWait(std::span<const Assignment> values) const {
+    const auto isFree = [&](const Assignment& value) { return !m_isIndexed[value.field]; };
+    return m_table->own && !values.empty() && std::all_of(values.begin(), values.end(), isFree);
+}
+
+bool RowWriter::remove(std::span<const StoredValue> key) {
     if (!m_remove.isPrepared())
         m_remove = Statement(m_session.connection(), "DELETE FROM " + quotedName(m_table->sqlName) +
                                                          " WHERE " + rowKeyCondition(*m_table));
     bindRowKey(m_remove, 1, key);
-    const bool removed = change(m_remove);
-    if (removed && m_state.count)
+    bool removed = false;
+    SideEffects effects(m_session, *m_table);
+    m_session.writes().write([&] { removed = runChange(m_remove); });
+    if (!removed)
+        return false;
+    ++m_state.changes;
+    if (m_state.count)
         --*m_state.count;
-    return removed;
+    effects.notice(1);
+    return true;
 }
 
-bool RowWriter::change(Statement& statement) {
-    SideEffects effects(m_session, *m_table);
-    namingDuplicates(*m_table, [&] { m_session.writes().write([&] { statement.run(); }); });
-    const std::int64_t changed = m_session.connection().changes();
-    if (changed > 0)
-        ++m_state.changes;
-    effects.notice(changed);
-    return changed > 0;
+bool RowWriter::runChange(Statement& statement) {
+    m_session.writeUpdates();
+    statement.run();
+    return m_session.connection().changes() > 0;
 }
 
 Statement& RowWriter::statementFor(Statements& statements, std::span<const Assignment> values,

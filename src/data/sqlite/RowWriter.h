@@ -18,11 +18,12 @@ class RowWriter {
   public:
     RowWriter(Session& session, TableState& state);
 
-    /// Adds a row and returns its key.
-    RowKey insert(std::span<const Assignment> values);
-    /// Each returns whether there (still) was such a row.
-    bool update(const RowKey& key, std::span<const Assignment> values);
-    bool remove(const RowKey& key);
+    /// Adds a row and returns its bookmark.
+    std::string insert(std::span<const Assignment> values);
+    /// Each returns whether there (still) was such a row. `known` tells that it was seen since anybody
+    /// changed the table.
+    bool update(std::span<const StoredValue> key, std::span<const Assignment> values, bool known);
+    bool remove(std::span<const StoredValue> key);
 
   private:
     using Fields = std::vector<std::size_t>;
@@ -33,15 +34,18 @@ class RowWriter {
     [[nodiscard]] std::string insertSql(const Fields& fields) const;
     [[nodiscard]] std::string updateSql(const Fields& fields) const;
     void bindValues(Statement& statement, std::span<const Assignment> values);
+    std::string runInsert(Statement& statement);
     void requireKeys(std::span<const Assignment> values, bool all) const;
-    RowKey insertedKey(Statement& statement);
-    bool change(Statement& statement);
+    /// Whether such a change may wait in the session's run of updates.
+    [[nodiscard]] bool mayWait(std::span<const Assignment> values) const;
+    bool runChange(Statement& statement);
 
     Session& m_session;
     TableState& m_state;
     std::shared_ptr<const PhysicalTable> m_table;
     std::string_view m_primaryName; ///< of m_table's own primary key
     std::vector<std::size_t> m_primaryFields;
+    std::vector<bool> m_isIndexed; ///< by field
     Statements m_inserts;
     Statements m_updates;
     Statement m_remove;

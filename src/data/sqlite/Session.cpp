@@ -18,10 +18,15 @@ Session::Session(std::filesystem::path file, Connection::Mode mode)
     : m_lockFile(file),
       m_connection(std::move(file), mode),
       m_writes(m_connection),
+      m_updates(m_connection),
       m_dataVersion(m_connection, "PRAGMA data_version") {
     checkFile(m_connection);
     listen();
     look();
+}
+
+Session::~Session() {
+    m_writes.settleForOthers();
 }
 
 void Session::listen() {
@@ -32,9 +37,11 @@ void Session::listen() {
     m_writes.setListener({
         .holding = [this] { giveWay(); },
         .began = [this] { look(); },
+        .complete = [this] { writeUpdates(); },
         .committed = [end] { end(true); },
         .rolledBack =
             [this, end] {
+                m_updates.discard();
                 ++m_others;
                 end(false);
             },
@@ -67,9 +74,10 @@ void Session::giveWay() {
 }
 
 void Session::enter() {
-    WriteClock::instance().tick(m_writes);
+    const auto now = CoarseClock::now();
+    WriteClock::instance().tick(m_writes, now);
     // In a transaction of our own nobody else can commit.
-    if (!m_connection.inTransaction() && std::chrono::steady_clock::now() >= m_nextLook)
+    if (now >= m_nextLook && !m_connection.inTransaction())
         look();
 }
 
@@ -81,7 +89,17 @@ void Session::look() {
         m_seenVersion = version;
         ++m_others;
     }
-    m_nextLook = std::chrono::steady_clock::now() + lookPeriod;
+    m_nextLook = CoarseClock::now() + lookPeriod;
+}
+
+/// Should it fail, rows have been promised that are not there.
+void Session::writeWaitingUpdates() {
+    try {
+        m_writes.proceed([this] { m_updates.write(); });
+    } catch (...) {
+        ++m_others;
+        throw;
+    }
 }
 
 } // namespace tol::data::sqlite

@@ -5,6 +5,7 @@
 #include "data/sqlite/LockFile.h"
 #include "data/sqlite/PendingWrites.h"
 #include "data/sqlite/Physical.h"
+#include "data/sqlite/UpdateRun.h"
 
 #include <cstdint>
 #include <memory>
@@ -26,10 +27,21 @@ struct TableState {
 class Session {
   public:
     Session(std::filesystem::path file, Connection::Mode mode);
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    /// Commits what is held.
+    ~Session();
 
     [[nodiscard]] Connection& connection() { return m_connection; }
     [[nodiscard]] PendingWrites& writes() { return m_writes; }
     [[nodiscard]] LockFile& lockFile() { return m_lockFile; }
+
+    [[nodiscard]] UpdateRun& updates() { return m_updates; }
+    /// Writes the updates that wait; to be called before rows are read from the file.
+    void writeUpdates() {
+        if (!m_updates.isEmpty())
+            writeWaitingUpdates();
+    }
 
     /// To be called first by every call from above: commits what is due, and looks for changes of
     /// others, at most every millisecond.
@@ -46,6 +58,7 @@ class Session {
 
   private:
     void listen();
+    void writeWaitingUpdates();
     void waitForLock();
     void giveWay();
     void stopWaiting();
@@ -54,10 +67,11 @@ class Session {
     bool m_waitShown = false; ///< others are told that this process waits for the write lock
     Connection m_connection;
     PendingWrites m_writes;
+    UpdateRun m_updates;
     Statement m_dataVersion;
     std::int64_t m_seenVersion = 0;
     std::uint64_t m_others = 0;
-    std::chrono::steady_clock::time_point m_nextLook;
+    CoarseClock::time_point m_nextLook;
     std::function<void(bool)> m_transactionEnd;
 };
 

@@ -50,17 +50,26 @@ void SqliteCursor::keepPosition() {
     m_position.resize(m_order.terms());
     for (std::size_t term = 0; term < m_order.terms(); ++term)
         m_position[term] = m_batch.at(m_row, columnOf(m_order.slot(term)));
-    m_key = currentKey();
+    m_key.clear();
+    for (const auto& part : key())
+        m_key.emplace_back(part);
     m_positionKept = true;
 }
 
-RowKey SqliteCursor::currentKey() const {
-    if (!m_live || m_positionKept)
-        return m_key;
-    RowKey key(m_table->rowKey.size());
-    for (std::size_t part = 0; part < key.size(); ++part)
-        key[part] = m_batch.at(m_row, part);
-    return key;
+std::span<const StoredValue> SqliteCursor::key() const {
+    if (m_live && !m_positionKept)
+        return keyInBatch(m_row);
+    m_keyValues.clear();
+    for (const auto& part : m_key)
+        m_keyValues.push_back(part.value());
+    return m_keyValues;
+}
+
+std::span<const StoredValue> SqliteCursor::keyInBatch(std::size_t row) const {
+    m_keyValues.clear();
+    for (std::size_t part = 0; part < m_table->rowKey.size(); ++part)
+        m_keyValues.push_back(m_batch.at(row, part));
+    return m_keyValues;
 }
 
 void SqliteCursor::needRow() {
@@ -84,7 +93,7 @@ void SqliteCursor::needBatch() {
 std::string SqliteCursor::bookmark() const {
     if (!m_onRow)
         runtime::raise(runtime::errNoCurrentRecord);
-    return bookmarkOf(currentKey());
+    return bookmarkOf(key());
 }
 
 runtime::Value SqliteCursor::value(std::size_t field) {
@@ -253,6 +262,7 @@ bool SqliteCursor::load(const std::vector<Level>& levels, std::span<const Stored
                         Direction direction) {
     if (++m_loads == loadsOfAllFields)
         chooseColumns(false);
+    m_session->writeUpdates();
     m_live = false; // should reading fail, the position alone tells where the walk is
     m_seen = generation();
     m_batch.clear(m_table->rowKey.size() + m_fields.size());
@@ -289,10 +299,7 @@ bool SqliteCursor::batchIsFull() const {
 }
 
 bool SqliteCursor::wasMoved(std::size_t row) const {
-    RowKey key(m_table->rowKey.size());
-    for (std::size_t part = 0; part < key.size(); ++part)
-        key[part] = m_batch.at(row, part);
-    return m_moved.contains(bookmarkOf(key));
+    return m_moved.contains(bookmarkOf(keyInBatch(row)));
 }
 
 Statement& SqliteCursor::levelStatement(const Level& level, Direction direction) {
@@ -304,11 +311,12 @@ Statement& SqliteCursor::levelStatement(const Level& level, Direction direction)
 
 /// Makes the batch the one row of m_key; position and key stay as they are.
 bool SqliteCursor::fetchByKey() {
+    m_session->writeUpdates();
     if (!m_byKey.isPrepared())
         m_byKey = Statement(m_session->connection(), "SELECT " + columnList() + " FROM " +
                                                          quotedName(m_table->sqlName) + " WHERE " +
                                                          rowKeyCondition(*m_table));
-    bindRowKey(m_byKey, 1, m_key);
+    bindRowKey(m_byKey, 1, valuesOf(m_key));
     m_batch.clear(m_table->rowKey.size() + m_fields.size());
     m_row = 0;
     m_live = m_byKey.step();
@@ -322,11 +330,11 @@ bool SqliteCursor::fetchByKey() {
 
 std::string SqliteCursor::insert(std::span<const Assignment> values) {
     enter();
-    const RowKey key = m_writer.insert(values);
+    std::string bookmark = m_writer.insert(values);
     // A new row's key is greater than all before it, so it can't lie within a batch in stored order.
     if (m_table->own && m_order.keys() == 0)
         ++m_seen;
-    return bookmarkOf(key);
+    return bookmark;
 }
 
 void SqliteCursor::update(std::span<const Assignment> values) {
@@ -335,15 +343,15 @@ void SqliteCursor::update(std::span<const Assignment> values) {
     const bool moves = movesRow(values);
     if (moves)
         keepPosition();
-    const RowKey key = currentKey();
-    if (!m_writer.update(key, values)) {
+    const std::span<const StoredValue> row = key();
+    if (!m_writer.update(row, values, m_live)) {
         m_gone = true;
         runtime::raise(runtime::errRecordDeleted);
     }
     ++m_seen;
     if (moves) {
         m_oneWay = true;
-        m_moved.insert(bookmarkOf(key));
+        m_moved.insert(bookmarkOf(row));
     }
     if (changesRowKey(values))
         followRowKey(values);
@@ -401,13 +409,13 @@ void SqliteCursor::followRowKey(std::span<const Assignment> values) {
             m_key[static_cast<std::size_t>(part - names.begin())] =
                 toStored(value.value, column.storage, buffer);
     }
-    m_moved.insert(bookmarkOf(m_key));
+    m_moved.insert(bookmarkOf(valuesOf(m_key)));
 }
 
 void SqliteCursor::remove() {
     enter();
     needRow();
-    const bool removed = m_writer.remove(currentKey());
+    const bool removed = m_writer.remove(key());
     m_gone = true;
     m_oneWay = true;
     if (!removed)

@@ -48,7 +48,8 @@ class SqliteCursor : public Cursor {
     void dropBatch();
     /// Remembers position and key of the current row apart from the batch.
     void keepPosition();
-    [[nodiscard]] RowKey currentKey() const;
+    /// The current row's key, for as long as batch and m_key stay as they are.
+    [[nodiscard]] std::span<const StoredValue> key() const;
     void needRow();
     void needBatch();
 
@@ -58,7 +59,8 @@ class SqliteCursor : public Cursor {
     bool load(const std::vector<Level>& levels, std::span<const StoredValue> position, Direction direction);
     void loadLevel(const Level& level, std::span<const StoredValue> position, Direction direction);
     [[nodiscard]] bool batchIsFull() const;
-    bool wasMoved(std::size_t row) const;
+    [[nodiscard]] bool wasMoved(std::size_t row) const;
+    [[nodiscard]] std::span<const StoredValue> keyInBatch(std::size_t row) const;
     Statement& levelStatement(const Level& level, Direction direction);
     bool fetchByKey();
 
@@ -86,6 +88,7 @@ class SqliteCursor : public Cursor {
     bool m_positionKept = false;
     std::vector<KeptValue> m_position; ///< beside the order's terms
     RowKey m_key;
+    mutable std::vector<StoredValue> m_keyValues;
 
     // What was read ahead.
     bool m_live = false;

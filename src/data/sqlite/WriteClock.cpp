@@ -3,6 +3,8 @@
 
 #include "data/sqlite/PendingWrites.h"
 
+#include <algorithm>
+
 namespace tol::data::sqlite {
 
 WriteClock& WriteClock::instance() {
@@ -11,22 +13,32 @@ WriteClock& WriteClock::instance() {
 }
 
 void WriteClock::add(PendingWrites& writes) {
+    remove(writes);
     m_held.push_back(&writes);
+    findNextDue();
 }
 
 void WriteClock::remove(PendingWrites& writes) {
     std::erase(m_held, &writes);
+    findNextDue();
 }
 
-void WriteClock::commitDue(PendingWrites& caller) {
-    const auto due = std::chrono::steady_clock::now() - period;
+void WriteClock::findNextDue() {
+    m_nextDue = CoarseClock::time_point::max();
+    for (const PendingWrites* writes : m_held)
+        m_nextDue = std::min(m_nextDue, writes->heldSince() + period);
+}
+
+void WriteClock::commitDue(PendingWrites& caller, CoarseClock::time_point now) {
+    const auto isDue = [&](const PendingWrites& writes) {
+        return writes.isHeld() && !writes.isClosed() && writes.heldSince() + period <= now;
+    };
     const auto held = m_held; // committing takes it out of the list
     for (PendingWrites* writes : held) {
-        if (writes->heldSince() > due || writes->isClosed() || writes == &caller)
-            continue;
-        writes->settleForOthers();
+        if (writes != &caller && isDue(*writes))
+            writes->settleForOthers();
     }
-    if (caller.isHeld() && !caller.isClosed() && caller.heldSince() <= due)
+    if (isDue(caller))
         caller.settle();
 }
 

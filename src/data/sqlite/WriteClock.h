@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "data/sqlite/CoarseClock.h"
+
 #include <chrono>
 #include <vector>
 
@@ -17,21 +19,24 @@ class WriteClock {
 
     static WriteClock& instance();
 
+    /// To be called when a transaction begins to be held, or is held on, and when it ends.
     void add(PendingWrites& writes);
     void remove(PendingWrites& writes);
 
     /// Commits what is due. A failure of the caller's own file is raised here.
-    void tick(PendingWrites& caller) {
-        if (!m_held.empty())
-            commitDue(caller);
+    void tick(PendingWrites& caller, CoarseClock::time_point now) {
+        if (now >= m_nextDue)
+            commitDue(caller, now);
     }
     /// Commits all others at once: who waits for a lock must not keep others waiting.
     void settleOthers(const PendingWrites& waiting);
 
   private:
-    void commitDue(PendingWrites& caller);
+    void commitDue(PendingWrites& caller, CoarseClock::time_point now);
+    void findNextDue();
 
     std::vector<PendingWrites*> m_held;
+    CoarseClock::time_point m_nextDue = CoarseClock::time_point::max();
 };
 
 } // namespace tol::data::sqlite

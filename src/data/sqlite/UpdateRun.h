@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/Engine.h"
+#include "data/sqlite/Connection.h"
+#include "data/sqlite/Physical.h"
+#include "data/sqlite/RowBatch.h"
+
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+struct sqlite3_context;
+struct sqlite3_value;
+
+namespace tol::data::sqlite {
+
+/// Changes of rows that follow each other in stored order, waiting to be written together: one UPDATE
+/// over a range of row keys costs half of what an UPDATE for each row does. Belongs to the transaction
+/// that is open. Only changes that can't fail for the row's own sake may wait here: of rows that are
+/// known to be there, in columns that no index has. Whoever is about to read or to write the file
+/// otherwise calls write() first.
+class UpdateRun {
+  public:
+    explicit UpdateRun(Connection& connection);
+    UpdateRun(const UpdateRun&) = delete;
+    UpdateRun& operator=(const UpdateRun&) = delete;
+
+    /// Takes the change of a row. Writes first what does not belong together with it.
+    void add(const std::shared_ptr<const PhysicalTable>& table, std::int64_t key,
+             std::span<const Assignment> values);
+    [[nodiscard]] bool isEmpty() const { return m_keys.empty(); }
+    /// Writes what waits. When that fails, it is lost.
+    void write();
+    void discard() { m_keys.clear(); }
+
+  private:
+    static void isWaiting(sqlite3_context* context, int count, sqlite3_value** arguments);
+    static void waitingValue(sqlite3_context* context, int count, sqlite3_value** arguments);
+    void registerFunction(const char* name, int arguments,
+                          void (*function)(sqlite3_context*, int, sqlite3_value**));
+
+    [[nodiscard]] bool continues(const PhysicalTable& table, std::int64_t key,
+                                 std::span<const Assignment> values) const;
+    void start(const std::shared_ptr<const PhysicalTable>& table, std::span<const Assignment> values);
+    [[nodiscard]] std::string sql() const;
+    /// Moves m_at to the key; false when its row is not among those that wait.
+    bool find(std::int64_t key);
+
+    Connection& m_connection;
+    std::shared_ptr<const PhysicalTable> m_table;
+    std::vector<std::size_t> m_fields;
+    std::vector<std::int64_t> m_keys; ///< ascending
+    RowBatch m_values;                ///< beside the keys, a column for each field
+    std::size_t m_at = 0;
+    std::string m_buffer;
+};
+
+} // namespace tol::data::sqlite
