@@ -174,8 +174,7 @@ bool PhysicalTableBuilder::isTold(const SchemaIndex& index) const {
 }
 
 bool PhysicalTableBuilder::isKnown(const std::string& collation) const {
-    return std::ranges::any_of(m_collations,
-                               [&](const std::string& name) { return sameSqlName(name, collation); });
+    return containsName(m_collations, collation);
 }
 
 std::string PhysicalTableBuilder::indexName(const SchemaIndex& index) const {

@@ -19,8 +19,7 @@ bool sameColumns(const std::vector<std::string>& left, const std::vector<std::st
 } // namespace
 
 bool Removals::takesColumn(std::string_view column) const {
-    return std::ranges::any_of(m_columns,
-                               [column](const std::string& name) { return sameSqlName(name, column); });
+    return containsName(m_columns, column);
 }
 
 void Removals::applyTo(CreateTableSql& statement, const SchemaTable& table) const {

@@ -119,7 +119,7 @@ void SchemaSteps::addField(const PhysicalTable& table, const FieldDef& field) {
 
 void SchemaSteps::dropField(const PhysicalTable& table, std::size_t field) {
     const std::string& column = table.columns[field].name;
-    if (!table.columns[field].own && !TableRebuild::canDoWithoutValues(m_connection, table.sqlName, column)) {
+    if (!table.columns[field].own && !TableRebuild::canStayHidden(m_connection, table.sqlName, column)) {
         removeColumn(table, column);
         return;
     }
@@ -129,7 +129,7 @@ void SchemaSteps::dropField(const PhysicalTable& table, std::size_t field) {
     m_catalogue.hideField(table.sqlName, column, hidden);
 }
 
-/// A column of another maker that must have values can't stay behind.
+/// A column of another maker that would be in somebody's way can't stay behind.
 void SchemaSteps::removeColumn(const PhysicalTable& table, const std::string& column) {
     TableRebuild rebuild(m_connection, table.sqlName);
     rebuild.removeColumn(column);

@@ -156,6 +156,10 @@ bool sameSqlName(std::string_view left, std::string_view right) {
     return std::ranges::equal(left, right, {}, lower, lower);
 }
 
+bool containsName(std::span<const std::string> names, std::string_view name) {
+    return std::ranges::any_of(names, [name](const std::string& other) { return sameSqlName(other, name); });
+}
+
 bool usesName(std::string_view sql, std::span<const SqlToken> tokens, std::string_view column) {
     const auto text = [&](std::size_t token) {
         return sql.substr(tokens[token].begin, tokens[token].end - tokens[token].begin);

@@ -32,6 +32,9 @@ std::string unquotedName(std::string_view token);
 /// Equality of names as SQLite has it: without regard to case for the 26 Latin letters alone.
 bool sameSqlName(std::string_view left, std::string_view right);
 
+/// Whether the name is one of them, compared so.
+bool containsName(std::span<const std::string> names, std::string_view name);
+
 /// Whether one of the tokens names the column, quoted or not. A function's name and a string in single
 /// quotes do not.
 bool usesName(std::string_view sql, std::span<const SqlToken> tokens, std::string_view column);

@@ -219,15 +219,16 @@ bool TableRebuild::isBrokenByTrigger() {
     });
 }
 
-bool TableRebuild::canDoWithoutValues(Connection& connection, const std::string& table,
-                                      const std::string& column) {
+bool TableRebuild::canStayHidden(Connection& connection, const std::string& table,
+                                 const std::string& column) {
     const SchemaTable schema = schemaOf(connection, table);
     const SchemaColumn* found = schema.findColumn(column);
     if (found == nullptr || (found->notNull && !found->hasDefault) || found->keyPosition > 0)
         return false;
     const CreateTableSql statement = parsedText(connection, schema.name);
     return std::ranges::none_of(statement.allConstraints(), [&](const ConstraintPart& part) {
-        return part.kind == ConstraintKind::Check && statement.uses(part, column);
+        return (part.kind == ConstraintKind::Check && statement.uses(part, column)) ||
+               (part.kind == ConstraintKind::ForeignKey && containsName(part.columns, column));
     });
 }
 

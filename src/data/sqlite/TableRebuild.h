@@ -29,9 +29,9 @@ class TableRebuild {
     /// table. Raises 3280 when a generated column uses a removed one.
     void run();
 
-    /// Whether inserts still work when the column stays but gets no values: it may be Null or has a
-    /// default, and no check looks at it.
-    static bool canDoWithoutValues(Connection& connection, const std::string& table,
+    /// Whether nobody is hindered by a column that stays under another name and gets no values any more:
+    /// it may be Null or has a default, and no check, foreign key or primary key looks at it.
+    static bool canStayHidden(Connection& connection, const std::string& table,
                                    const std::string& column);
 
   private:

@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: MIT
+#include "EngineTest.h"
+#include "ForeignFilesTest.h"
+#include "runtime/Conversions.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tol::test {
+
+using namespace data;
+using runtime::Value;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ForeignDefinitions : public ForeignFilesTest {};
+
+TEST_F(ForeignDefinitions, MakeARowIdTableWhenAPrimaryKeyIsDeleted) {
+    make("CREATE TABLE t(k TEXT PRIMARY KEY, v TEXT) WITHOUT ROWID; INSERT INTO t VALUES('b', '2'), ('a', "
+         "'1')");
+    database.TableDefs("t").Indexes().Delete("PrimaryKey");
+    {
+        Recordset rows = database.OpenRecordset("t");
+        EXPECT_THAT(walk(rows), ElementsAre("a|1", "b|2"));
+        add(rows, {{"k", "a"}, {"v", "3"}});
+        EXPECT_EQ(rows.LastModified(), "3");
+    }
+    database.TableDefs("t").Fields().Delete("k");
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_THAT(walk(rows), ElementsAre("1", "2", "3"));
+}
+
+TEST_F(ForeignDefinitions, TakeNewFieldsAndIndexes) {
+    make("CREATE TABLE t(name VARCHAR(20), n INT); INSERT INTO t VALUES('b', 1), ('B', 2), ('a', 3)");
+    TableDef table = database.TableDefs("t");
+    table.Fields().Append(table.CreateField("Price", dbCurrency));
+    table.Fields().Append(table.CreateField("Größe", dbText, 7));
+    Index index = table.CreateIndex("ByName");
+    index.Fields().Append(index.CreateField("name"));
+    index.Fields().Append(index.CreateField("Price"));
+    table.Indexes().Append(index);
+    {
+        Recordset rows = database.OpenRecordset("t");
+        set(rows, "Price", runtime::Currency{12345});
+        set(rows, "Größe", "groß");
+        EXPECT_THAT(walkBy(rows, "ByName"), ElementsAre("a|3|Null|Null", "B|2|Null|Null", "b|1|1.2345|groß"))
+            << "our indexes sort texts without regard to case";
+        rows.Seek("=", {"B", runtime::Currency{12345}});
+        EXPECT_EQ(valueText(rows.Fields("n").Value()), "1");
+    }
+    reopen();
+    EXPECT_THAT(fieldsOf(database.TableDefs("t")),
+                ElementsAre("name:10/20", "n:4/4", "Price:5/8", "Größe:10/7"));
+    EXPECT_THAT(indexesOf(database.TableDefs("t")), ElementsAre("ByName"));
+    EXPECT_FALSE(database.TableDefs("t").Fields()("Größe").AllowZeroLength());
+    EXPECT_TRUE(database.TableDefs("t").Fields()("name").AllowZeroLength());
+    EXPECT_EQ(file.value("SELECT Price, typeof(Price) FROM t WHERE n = 1"), "12345|integer");
+    EXPECT_EQ(file.value("SELECT type FROM pragma_table_info('t') WHERE name = 'Price'"), "CURRENCY INTEGER");
+}
+
+TEST_F(ForeignDefinitions, TakeNewTablesBesideTheirOwn) {
+    make("CREATE TABLE theirs(a)");
+    TableDef table = database.CreateTableDef("Ours");
+    table.Fields().Append(table.CreateField("a", dbText, 5));
+    database.TableDefs().Append(table);
+    reopen();
+    EXPECT_EQ(database.TableDefs().Count(), 2);
+    EXPECT_EQ(file.value("SELECT sql FROM sqlite_schema WHERE name = 'theirs'"), "CREATE TABLE theirs(a)");
+    database.TableDefs().Delete("theirs");
+    EXPECT_EQ(database.TableDefs().Count(), 1);
+    EXPECT_EQ(file.value("PRAGMA application_id"), "0") << "the file stays its maker's";
+}
+
+TEST_F(ForeignDefinitions, LoseFieldsThatMayStayBehindAtOnce) {
+    make("CREATE TABLE t(a INT, b TEXT, c INT DEFAULT 3); CREATE VIEW v AS SELECT a FROM t; INSERT INTO t "
+         "VALUES(1, 'x', 2)");
+    database.TableDefs("t").Fields().Delete("b");
+    database.TableDefs("t").Fields().Delete("c");
+    {
+        Recordset rows = database.OpenRecordset("t");
+        EXPECT_THAT(walk(rows), ElementsAre("1"));
+        add(rows, {{"a", 2}});
+    }
+    TableDef table = database.TableDefs("t");
+    table.Fields().Append(table.CreateField("b", dbLong));
+    EXPECT_THAT(fieldsOf(database.TableDefs("t")), ElementsAre("a:4/4", "b:4/4"));
+    reopen();
+    EXPECT_THAT(fieldsOf(database.TableDefs("t")), ElementsAre("a:4/4", "b:4/4"));
+    EXPECT_THAT(file.rows("SELECT * FROM v"), ElementsAre("1", "2"));
+}
+
+TEST_F(ForeignDefinitions, LoseFieldsThatMustHaveValuesByARebuild) {
+    make("CREATE TABLE t(a INT NOT NULL, b TEXT CHECK(b <> ''), c INT); CREATE INDEX i ON t(c); INSERT INTO "
+         "t(rowid, a, b, c) VALUES(7, 1, 'x', 2)");
+    database.TableDefs("t").Fields().Delete("a");
+    database.TableDefs("t").Fields().Delete("b");
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_EQ(rows.Bookmark(), "7");
+    add(rows, {{"c", 3}});
+    EXPECT_THAT(walkBy(rows, "i"), ElementsAre("2", "3"));
+    rows.Close();
+    EXPECT_EQ(file.value("SELECT sql FROM sqlite_schema WHERE name = 't'"), "CREATE TABLE \"t\"(  c INT)");
+}
+
+TEST_F(ForeignDefinitions, RenameFieldsWithAllThatNamesThem) {
+    make("CREATE TABLE t(a INT, b INT CHECK(b > 0), PRIMARY KEY(a)); CREATE VIEW v AS SELECT b FROM t; "
+         "CREATE INDEX i ON t(b);"
+         "CREATE TABLE child(x INT REFERENCES t(a)); INSERT INTO t VALUES(1, 2)");
+
+    auto store = StoreRegistry::instance().open(file.path(), false);
+    store->store().renameField("t", "b", "New Name");
+    store->store().renameField("t", "a", "Key");
+    store.reset();
+    reopen();
+    EXPECT_THAT(fieldsOf(database.TableDefs("t")), ElementsAre("Key:4/4", "New Name:4/4"));
+    EXPECT_THAT(file.rows("SELECT * FROM v"), ElementsAre("2"));
+    EXPECT_EQ(file.value("SELECT sql FROM sqlite_schema WHERE name = 'child'"),
+              "CREATE TABLE child(x INT REFERENCES t(\"Key\"))");
+}
+
+TEST_F(ForeignDefinitions, AreChangedAlthoughAViewIsBroken) {
+    make("CREATE TABLE t(a INT, b INT); CREATE TABLE child(x REFERENCES t(a)); CREATE VIEW good AS SELECT a "
+         "FROM t; CREATE VIEW bad AS SELECT zz FROM t;"
+         "CREATE TRIGGER works AFTER INSERT ON t BEGIN INSERT INTO child VALUES(new.a); END; INSERT INTO t "
+         "VALUES(1, 2)");
+    database.TableDefs("t").Fields().Delete("b");
+    TableDef table = database.TableDefs("t");
+    table.Fields().Append(table.CreateField("c", dbLong));
+    table.Name("u");
+    reopen();
+    EXPECT_THAT(fieldsOf(database.TableDefs("u")), ElementsAre("a:4/4", "c:4/4"));
+    EXPECT_THAT(file.rows("SELECT * FROM good"), ElementsAre("1"));
+    EXPECT_EQ(file.value("SELECT sql FROM sqlite_schema WHERE name = 'child'"),
+              "CREATE TABLE child(x REFERENCES \"u\"(a))");
+    file.run("INSERT INTO u(a) VALUES(5)");
+    EXPECT_EQ(file.value("SELECT count(*) FROM child"), "2");
+}
+
+TEST_F(ForeignDefinitions, AreChangedAlthoughATriggerIsBroken) {
+    make("CREATE TABLE t(a INT, b INT); CREATE TRIGGER bad AFTER INSERT ON t BEGIN SELECT nosuch; END;"
+         "CREATE VIEW v AS SELECT a FROM t");
+    database.TableDefs("t").Fields().Delete("b");
+    database.TableDefs("t").Name("u");
+    reopen();
+    EXPECT_THAT(fieldsOf(database.TableDefs("u")), ElementsAre("a:4/4"));
+    EXPECT_EQ(file.value("SELECT tbl_name FROM sqlite_schema WHERE name = 'bad'"), "u");
+}
+
+TEST_F(ForeignDefinitions, KeepPositionsAndZeroLengthRulesOfTheirFields) {
+    make("CREATE TABLE t(a TEXT, b TEXT, c TEXT)");
+    TableDef table = database.TableDefs("t");
+    table.Fields()("a").OrdinalPosition(5);
+    table.Fields()("b").AllowZeroLength(false);
+    reopen();
+    EXPECT_THAT(fieldsOf(database.TableDefs("t")), ElementsAre("b:12/0", "c:12/0", "a:12/0"));
+    EXPECT_EQ(database.TableDefs("t").Fields()("a").OrdinalPosition(), 5);
+    EXPECT_TRUE(database.TableDefs("t").Fields()("a").AllowZeroLength());
+    EXPECT_FALSE(database.TableDefs("t").Fields()("b").AllowZeroLength());
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_EQ(errorOf([&] { add(rows, {{"b", ""}}); }).number(), 3315);
+    EXPECT_EQ(file.value("SELECT sql FROM sqlite_schema WHERE name = 't'"),
+              "CREATE TABLE t(a TEXT, b TEXT, c TEXT)");
+}
+
+TEST_F(ForeignDefinitions, LoseIndexesOfEveryKind) {
+    make("CREATE TABLE t(id INTEGER PRIMARY KEY, a TEXT UNIQUE, b INT, c INT, CONSTRAINT pair UNIQUE(b, c)); "
+         "CREATE INDEX byC ON t(c);"
+         "CREATE INDEX part ON t(c) WHERE b > 1; INSERT INTO t VALUES(5, 'x', 1, 2)");
+    EXPECT_THAT(indexesOf(database.TableDefs("t")), ElementsAre("PrimaryKey", "a", "pair", "byC"));
+    for (const char* name : {"pair", "PrimaryKey", "byC", "a"})
+        database.TableDefs("t").Indexes().Delete(name);
+    EXPECT_THAT(indexesOf(database.TableDefs("t")), IsEmpty());
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_EQ(rows.Bookmark(), "5");
+    add(rows, {{"id", 5}, {"a", "x"}, {"b", 1}, {"c", 2}});
+    EXPECT_EQ(rows.LastModified(), "6");
+    rows.Close();
+    EXPECT_EQ(file.value("SELECT sql FROM sqlite_schema WHERE name = 't'"),
+              "CREATE TABLE \"t\"(id INTEGER , a TEXT , b INT, c INT)");
+    EXPECT_EQ(file.value("SELECT count(*) FROM sqlite_schema WHERE name = 'part'"), "1");
+}
+
+TEST_F(ForeignDefinitions, CopeWithAnyName) {
+    make("CREATE TABLE \"select \"\"from\"\" 'y'\"(\"order by\" INT, [a b] INT, `ä\"` TEXT);"
+         "CREATE UNIQUE INDEX \"in.\"\"dex\" ON \"select \"\"from\"\" 'y'\"(\"order by\", `ä\"`);"
+         "INSERT INTO \"select \"\"from\"\" 'y'\" VALUES(1, 2, 'it''s')");
+    const std::string name = "select \"from\" 'y'";
+    TableDef table = database.TableDefs(name);
+    table.Fields().Append(table.CreateField("new \"field\"", dbText, 5));
+    Index index = table.CreateIndex("by {new}");
+    index.Fields().Append(index.CreateField("new \"field\""));
+    table.Indexes().Append(index);
+    table.Fields().Delete("a b");
+    Recordset rows = database.OpenRecordset(name);
+    rows.Index("in.\"dex");
+    rows.Seek("=", {1, "it's"});
+    ASSERT_FALSE(rows.NoMatch());
+    set(rows, "new \"field\"", "v\"'");
+    EXPECT_THAT(walkBy(rows, "by {new}"), ElementsAre("1|it's|v\"'"));
+}
+
+TEST_F(ForeignDefinitions, TakeNewFieldsInStrictTables) {
+    make("CREATE TABLE t(a INTEGER PRIMARY KEY) STRICT; INSERT INTO t VALUES(1)");
+    TableDef table = database.TableDefs("t");
+    for (const auto& [name, type] :
+         {std::pair{"b", dbBoolean}, {"c", dbCurrency}, {"d", dbDate}, {"s", dbSingle}, {"g", dbGUID}})
+        table.Fields().Append(table.CreateField(name, type));
+    table.Fields().Append(table.CreateField("t", dbText, 9));
+    {
+        Recordset rows = database.OpenRecordset("t");
+        rows.Edit();
+        rows.Fields("b").Value(true);
+        rows.Fields("c").Value(runtime::Currency{15000});
+        rows.Fields("d").Value(runtime::dateFromIso("2001-02-03"));
+        rows.Fields("s").Value(1.5F);
+        rows.Fields("t").Value("text");
+        rows.Update();
+    }
+    reopen();
+    EXPECT_THAT(fieldsOf(database.TableDefs("t")),
+                ElementsAre("a:4/4", "b:1/1", "c:5/8", "d:8/8", "s:6/4", "g:15/16", "t:10/9"));
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_THAT(walk(rows), ElementsAre("1|True|1.5|2/3/2001|1.5|Null|text"));
+}
+
+TEST_F(ForeignDefinitions, AreNotChangedByLooking) {
+    file.run(
+        "CREATE TABLE t(a INT PRIMARY KEY, b TEXT); CREATE VIEW v AS SELECT 1; INSERT INTO t VALUES(1, 'x')");
+    const std::string before = folder.read("OTHER.DB");
+    open();
+    {
+        Recordset rows = database.OpenRecordset("t");
+        EXPECT_THAT(walkBy(rows, "PrimaryKey"), ElementsAre("1|x"));
+        EXPECT_EQ(database.TableDefs().Count(), 1);
+        database.TableDefs("t").Fields()("a").OrdinalPosition(0);
+        database.TableDefs("t").Fields()("b").AllowZeroLength(true);
+    }
+    database.Close();
+    EXPECT_EQ(folder.read("OTHER.DB"), before);
+}
+
+TEST_F(ForeignDefinitions, SeeTheirMakersChangesWhileOpen) {
+    make("CREATE TABLE t(a INT)");
+    EXPECT_EQ(database.TableDefs().Count(), 1);
+    file.run("ALTER TABLE t ADD COLUMN b TEXT(3); CREATE TABLE u(x); INSERT INTO t VALUES(1, 'x')");
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_THAT(walk(rows), ElementsAre("1|x"));
+    EXPECT_THAT(fieldsOf(database.TableDefs("t")), ElementsAre("a:4/4", "b:10/3"));
+    EXPECT_EQ(database.TableDefs().Count(), 2);
+}
+
+} // namespace tol::test

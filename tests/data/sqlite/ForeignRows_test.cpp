@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: MIT
+#include "EngineTest.h"
+#include "ForeignFilesTest.h"
+#include "runtime/Conversions.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace tol::test {
+
+using namespace data;
+using runtime::Value;
+using testing::ElementsAre;
+
+class ForeignRows : public ForeignFilesTest {};
+
+TEST_F(ForeignRows, ReadValuesAsTheirFieldTypes) {
+    make("CREATE TABLE t(b BOOLEAN, y TINYINT, i SMALLINT, l INTEGER, c DECIMAL(10,2), d DOUBLE, big BIGINT, "
+         "t VARCHAR(5), "
+         "m TEXT, x BLOB, g UUID, u);"
+         "INSERT INTO t VALUES(1, 255, -32768, 2147483647, 12.35, 0.5, 9007199254740991, 'ä b', 'long', "
+         "x'414243', "
+         "'{00112233-4455-6677-8899-AABBCCDDEEFF}', 7);"
+         "INSERT INTO t VALUES(0, 0, 0, 0, 3, 1, 1, '', '', x'', '', 'seven');"
+         "INSERT INTO t VALUES(NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL)");
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_EQ(rows.RecordCount(), 3);
+    EXPECT_TRUE(rows.Fields("b").Value().is<bool>());
+    EXPECT_EQ(rows.Fields("c").Value(), Value(runtime::Currency{123500}));
+    EXPECT_TRUE(rows.Fields("x").Value().is<runtime::Bytes>());
+    EXPECT_THAT(walk(rows), ElementsAre("True|255|-32768|2147483647|12.35|0.5|9.00719925474099E+15|ä "
+                                        "b|long|ABC|{00112233-4455-6677-8899-AABBCCDDEEFF}|7",
+                                        "False|0|0|0|3|1|1|||||seven",
+                                        "Null|Null|Null|Null|Null|Null|Null|Null|Null|Null|Null|Null"));
+}
+
+TEST_F(ForeignRows, ReadDatesInEveryFormThatSqliteKnows) {
+    make("CREATE TABLE t(d DATETIME); INSERT INTO t VALUES('2009-01-31 10:20:30'), ('2009-01-31'), "
+         "('2009-01-31T10:20:30'), "
+         "('2009-01-31 10:20:30.500'), (1233397230), (2454862.9309027777)");
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_THAT(walk(rows),
+                ElementsAre("1/31/2009 10:20:30 AM", "1/31/2009", "1/31/2009 10:20:30 AM",
+                            "1/31/2009 10:20:30 AM", "1/31/2009 10:20:30 AM", "1/31/2009 10:20:30 AM"));
+}
+
+TEST_F(ForeignRows, SayWhichValueHasNoMeaningInItsField) {
+    make("CREATE TABLE t(i SMALLINT, d DATE, b TINYINT); INSERT INTO t VALUES(70000, 'soon', -1)");
+    Recordset rows = database.OpenRecordset("t");
+    for (const char* field : {"i", "d", "b"})
+        EXPECT_EQ(errorOf([&] { valueText(rows.Fields(field).Value()); }).number(), 3421) << field;
+    EXPECT_EQ(file.value("SELECT * FROM t"), "70000|soon|-1");
+}
+
+TEST_F(ForeignRows, TakeAddedChangedAndDeletedRows) {
+    make("CREATE TABLE t(id INTEGER PRIMARY KEY, name VARCHAR(10) NOT NULL, price DECIMAL(8,2), born DATE, "
+         "stock INT DEFAULT 5);"
+         "INSERT INTO t VALUES(1, 'one', 1.5, '2001-02-03', 1), (2, 'two', NULL, NULL, 2)");
+    Recordset rows = database.OpenRecordset("t");
+    add(rows, {{"name", "three"},
+               {"price", runtime::Currency{199900}},
+               {"born", runtime::dateFromIso("2004-05-06")}});
+    rows.Bookmark(rows.LastModified());
+    EXPECT_EQ(valueText(rows.Fields("id").Value()), "3");
+    EXPECT_EQ(valueText(rows.Fields("stock").Value()), "5");
+    rows.MoveFirst();
+    set(rows, "price", runtime::Currency{25000});
+    rows.MoveNext();
+    rows.Delete();
+    rows.Close();
+    EXPECT_THAT(file.rows("SELECT *, typeof(price) FROM t"),
+                ElementsAre("1|one|2.5|2001-02-03|1|real", "3|three|19.99|2004-05-06 00:00:00|5|real"));
+}
+
+TEST_F(ForeignRows, HoldToWhatTheirMakersDemand) {
+    make("CREATE TABLE t(id INTEGER PRIMARY KEY, name VARCHAR(10) NOT NULL, code TEXT UNIQUE, n INT CHECK(n "
+         "> 0));"
+         "INSERT INTO t VALUES(1, 'one', 'a', 1)");
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_EQ(errorOf([&] { add(rows, {{"code", "b"}}); }).number(), 3314);
+    EXPECT_EQ(errorOf([&] { add(rows, {{"name", "x"}, {"code", "a"}}); }).number(), 3022);
+    EXPECT_EQ(errorOf([&] { add(rows, {{"name", "x"}, {"id", 1}}); }).number(), 3022);
+    EXPECT_EQ(errorOf([&] { add(rows, {{"name", "far too long"}}); }).number(), 3163);
+    EXPECT_NE(errorOf([&] { add(rows, {{"name", "x"}, {"n", -1}}); }).number(), 0);
+    rows.CancelUpdate();
+    EXPECT_EQ(rows.RecordCount(), 1);
+    add(rows, {{"name", ""}});
+    EXPECT_EQ(file.value("SELECT count(*) FROM t WHERE name = ''"), "1");
+}
+
+TEST_F(ForeignRows, KeepBookmarksOfTheirRowIds) {
+    make("CREATE TABLE t(a TEXT); INSERT INTO t(rowid, a) VALUES(-5, 'x'), (10, 'y'), (9223372036854775807, "
+         "'z')");
+    std::vector<std::string> marks;
+    {
+        Recordset rows = database.OpenRecordset("t");
+        for (; !rows.AtEOF(); rows.MoveNext())
+            marks.push_back(rows.Bookmark());
+    }
+    EXPECT_THAT(marks, ElementsAre("-5", "10", "9223372036854775807"));
+    reopen();
+    Recordset rows = database.OpenRecordset("t");
+    rows.Bookmark(marks[2]);
+    EXPECT_EQ(valueText(rows.Fields("a").Value()), "z");
+    rows.Bookmark(marks[0]);
+    EXPECT_EQ(valueText(rows.Fields("a").Value()), "x");
+}
+
+TEST_F(ForeignRows, ShowRowsThatTriggersWrite) {
+    make("CREATE TABLE t(a INT); CREATE TABLE log(what TEXT);"
+         "CREATE TRIGGER r AFTER INSERT ON t BEGIN INSERT INTO log VALUES('t ' || new.a); END");
+    Recordset log = database.OpenRecordset("log");
+    EXPECT_EQ(log.RecordCount(), 0);
+    Recordset rows = database.OpenRecordset("t");
+    add(rows, {{"a", 7}});
+    EXPECT_EQ(log.RecordCount(), 1);
+    log.MoveFirst();
+    EXPECT_EQ(valueText(log.Fields(0).Value()), "t 7");
+}
+
+// ---------------------------------------------------------------- orders
+
+TEST_F(ForeignRows, WalkIndexesInTheOrderOfTheirMakers) {
+    make(
+        "CREATE TABLE t(a TEXT COLLATE nocase, b TEXT, n INT);"
+        "CREATE INDEX byA ON t(a, n DESC); CREATE INDEX byB ON t(b); CREATE INDEX byN ON t(n DESC);"
+        "INSERT INTO t VALUES('b', 'b', 1), ('A', 'A', 2), ('B', 'B', 3), ('a', 'a', NULL), (NULL, NULL, 1)");
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_THAT(walkBy(rows, "byA"), ElementsAre("Null|Null|1", "A|A|2", "a|a|Null", "B|B|3", "b|b|1"));
+    EXPECT_THAT(walkBack(rows, 0), ElementsAre("b", "B", "a", "A", "Null"));
+    EXPECT_THAT(walkBy(rows, "byB"), ElementsAre("Null|Null|1", "A|A|2", "B|B|3", "a|a|Null", "b|b|1"));
+    EXPECT_THAT(walkBack(rows, 1), ElementsAre("b", "a", "B", "A", "Null"));
+    EXPECT_THAT(walkBy(rows, "byN"), ElementsAre("B|B|3", "A|A|2", "b|b|1", "Null|Null|1", "a|a|Null"));
+    EXPECT_THAT(walkBack(rows, 2), ElementsAre("Null", "1", "1", "2", "3"));
+}
+
+TEST_F(ForeignRows, SeekByTheOrderOfTheirMakers) {
+    make(
+        "CREATE TABLE t(a TEXT COLLATE nocase, b TEXT, n INT, UNIQUE(b));"
+        "CREATE INDEX byA ON t(a, n DESC); CREATE INDEX byN ON t(n DESC);"
+        "INSERT INTO t VALUES('b', 'b', 1), ('A', 'A', 2), ('B', 'B', 3), ('a', 'a', NULL), (NULL, NULL, 1)");
+    Recordset rows = database.OpenRecordset("t");
+    const auto found = [&](const char* comparison, std::initializer_list<Value> keys) {
+        rows.Seek(comparison, keys);
+        return rows.NoMatch() ? std::string("none")
+                              : valueText(rows.Fields("a").Value()) + valueText(rows.Fields("n").Value());
+    };
+    rows.Index("byA");
+    EXPECT_EQ(found("=", {"B"}), "B3");
+    EXPECT_EQ(found("=", {"b", 1}), "b1");
+    EXPECT_EQ(found("=", {"b", 2}), "none");
+    EXPECT_EQ(found(">=", {"b", 2}), "b1") << "the second key descends";
+    EXPECT_EQ(found(">=", {"a", 1}), "aNull") << "Null stands last where the order descends";
+    EXPECT_EQ(found(">=", {"c"}), "none");
+    rows.Index("b");
+    EXPECT_EQ(found("=", {"B"}), "B3");
+    EXPECT_EQ(found("=", {"c"}), "none");
+    EXPECT_EQ(found(">=", {"C"}), "aNull") << "capitals stand before small letters";
+    rows.Index("byN");
+    EXPECT_EQ(found(">=", {2}), "A2");
+    rows.MoveNext();
+    EXPECT_EQ(valueText(rows.Fields("n").Value()), "1");
+}
+
+TEST_F(ForeignRows, SeekByTheRowId) {
+    make("CREATE TABLE t(id INTEGER PRIMARY KEY, a TEXT); INSERT INTO t VALUES(3, 'c'), (1, 'a'), (20, 'z')");
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_THAT(walkBy(rows, "PrimaryKey"), ElementsAre("1|a", "3|c", "20|z"));
+    rows.Seek("=", {3});
+    EXPECT_EQ(valueText(rows.Fields("a").Value()), "c");
+    rows.Seek(">=", {4});
+    EXPECT_EQ(valueText(rows.Fields("a").Value()), "z");
+    rows.Seek("=", {4});
+    EXPECT_TRUE(rows.NoMatch());
+}
+
+TEST_F(ForeignRows, FollowARowWhoseRowIdChanges) {
+    make("CREATE TABLE t(id INTEGER PRIMARY KEY, a TEXT); INSERT INTO t VALUES(1, 'a'), (2, 'b'), (3, 'c')");
+    Recordset rows = database.OpenRecordset("t");
+    set(rows, "id", 10);
+    EXPECT_EQ(rows.LastModified(), "10");
+    EXPECT_EQ(valueText(rows.Fields("a").Value()), "a");
+    rows.MoveNext();
+    EXPECT_EQ(valueText(rows.Fields("a").Value()), "b");
+    rows.MoveNext();
+    rows.MoveNext();
+    EXPECT_TRUE(rows.AtEOF()) << "no row is met twice in one walk";
+}
+
+// ---------------------------------------------------------------- tables without row ids
+
+TEST_F(ForeignRows, WalkAndChangeTablesWithoutRowIds) {
+    make(
+        "CREATE TABLE t(code TEXT, n INT, note TEXT, PRIMARY KEY(code COLLATE nocase, n DESC)) WITHOUT ROWID;"
+        "CREATE INDEX byNote ON t(note);"
+        "INSERT INTO t VALUES('b', 1, 'x'), ('A', 2, 'y'), ('a', 3, 'x')");
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_THAT(walkBy(rows, "PrimaryKey"), ElementsAre("a|3|x", "A|2|y", "b|1|x"));
+    EXPECT_THAT(walkBack(rows, 1), ElementsAre("1", "2", "3"));
+    EXPECT_THAT(walkBy(rows, "byNote"), ElementsAre("a|3|x", "b|1|x", "A|2|y"));
+    EXPECT_THAT(walkBack(rows, 1), ElementsAre("2", "1", "3"));
+    EXPECT_THAT(walkBy(rows, ""), ElementsAre("a|3|x", "A|2|y", "b|1|x"));
+
+    rows.Index("PrimaryKey");
+    rows.Seek("=", {"A", 2});
+    ASSERT_FALSE(rows.NoMatch());
+    set(rows, "note", "changed");
+    set(rows, "n", 9);
+    EXPECT_EQ(valueText(rows.Fields("note").Value()), "changed");
+    add(rows, {{"code", "c"}, {"n", 1}});
+    rows.Bookmark(rows.LastModified());
+    EXPECT_EQ(valueText(rows.Fields("code").Value()), "c");
+    EXPECT_EQ(errorOf([&] { add(rows, {{"code", "C"}, {"n", 1}}); }).number(), 3022);
+    rows.CancelUpdate();
+    rows.MoveFirst();
+    rows.Delete();
+    rows.Close();
+    EXPECT_THAT(file.rows("SELECT * FROM t ORDER BY code COLLATE nocase, n DESC"),
+                ElementsAre("a|3|x", "b|1|x", "c|1|NULL"));
+}
+
+TEST_F(ForeignRows, MissNoRowWhereAnIndexTellsFewerTextsApartThanThePrimaryKey) {
+    make("CREATE TABLE t(code TEXT PRIMARY KEY, n INT) WITHOUT ROWID; CREATE INDEX loose ON t(code COLLATE "
+         "nocase);"
+         "WITH RECURSIVE c(x) AS (SELECT 0 UNION ALL SELECT x + 1 FROM c WHERE x < 99)"
+         "INSERT INTO t SELECT char(65 + x / 10) || char(97 + x % 10), x FROM c;"
+         "INSERT INTO t SELECT lower(code), n FROM t; INSERT OR IGNORE INTO t SELECT upper(code), n FROM t");
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_EQ(walkBy(rows, "loose").size(), 300U);
+    EXPECT_EQ(walkBack(rows, 0).size(), 300U);
+}
+
+TEST_F(ForeignRows, KeepBookmarksOfTablesWithoutRowIds) {
+    make("CREATE TABLE t(k PRIMARY KEY, v TEXT) WITHOUT ROWID;"
+         "INSERT INTO t VALUES(5, 'integer'), (2.5, 'real'), ('', 'blank'), ('5', 'text'), (x'00ff', "
+         "'bytes')");
+    std::map<std::string, std::string> marks;
+    {
+        Recordset rows = database.OpenRecordset("t");
+        for (; !rows.AtEOF(); rows.MoveNext())
+            marks[rows.Bookmark()] = valueText(rows.Fields("v").Value());
+    }
+    EXPECT_EQ(marks.size(), 5U);
+    reopen();
+    Recordset rows = database.OpenRecordset("t");
+    for (const auto& [mark, value] : marks) {
+        rows.Bookmark(mark);
+        EXPECT_EQ(valueText(rows.Fields("v").Value()), value);
+    }
+}
+
+} // namespace tol::test
