@@ -9,6 +9,7 @@
 #include <array>
 #include <csignal>
 #include <stdexcept>
+#include <thread>
 
 namespace tol::test {
 
@@ -70,10 +71,32 @@ int Program::wait() {
     if (m_process > 0) {
         int status = 0;
         waitpid(m_process, &status, 0);
-        m_process = -1;
-        m_status = WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status);
+        keep(status);
     }
     return m_status;
+}
+
+bool Program::waitFor(std::chrono::milliseconds atMost) {
+    const auto until = std::chrono::steady_clock::now() + atMost;
+    for (int status = 0; m_process > 0; std::this_thread::sleep_for(std::chrono::milliseconds(10))) {
+        if (waitpid(m_process, &status, WNOHANG) > 0)
+            keep(status);
+        else if (std::chrono::steady_clock::now() >= until)
+            return false;
+    }
+    return true;
+}
+
+void Program::keep(int status) {
+    m_process = -1;
+    m_status = WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status);
+}
+
+void Program::end() {
+    if (m_process > 0)
+        ::kill(m_process, SIGTERM);
+    if (!waitFor(std::chrono::seconds(5)))
+        kill();
 }
 
 int Program::kill() {

@@ -22,6 +22,10 @@ class Program {
 
     /// Waits for the end. The exit status, or minus the number of the signal that ended it.
     int wait();
+    /// Waits for the end, but no longer than that; whether it came.
+    bool waitFor(std::chrono::milliseconds atMost);
+    /// Asks it to end, and makes it end when it does not.
+    void end();
     /// Ends it as a power cut would: nothing that it has open is closed by itself. Waits for the end.
     int kill();
 
@@ -29,6 +33,8 @@ class Program {
     [[nodiscard]] std::string err() const;
 
   private:
+    void keep(int status);
+
     int m_process = -1;
     int m_out = -1;
     int m_err = -1;

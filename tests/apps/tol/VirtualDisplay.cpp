@@ -23,31 +23,30 @@ bool waitFor(const std::function<bool()>& isSo) {
     return true;
 }
 
-VirtualDisplay::VirtualDisplay(const std::filesystem::path& folder) {
-    // The server itself picks a number that is free, and writes it where it writes all else.
-    const auto numberFile = folder / "display.txt";
-    m_server = std::make_unique<Process>(std::vector<std::string>{"Xvfb", "-displayfd", "1", "-screen", "0",
-                                                                  "1280x1024x24", "-nolisten", "tcp"},
-                                         Process::Environment{}, numberFile);
-    const auto readNumber = [&] {
-        int number = -1;
-        std::ifstream(numberFile) >> number;
-        m_name = ":" + std::to_string(number);
-        return number >= 0;
-    };
-    if (!waitFor(readNumber))
+VirtualDisplay::VirtualDisplay(std::filesystem::path folder) : m_folder(std::move(folder)) {
+    // The server itself picks a number that is free, and prints it when it is ready.
+    m_server = start("Xvfb", {"-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"});
+    if (!waitFor([this] { return m_server->out().ends_with('\n'); }))
         throw std::runtime_error("no virtual display");
-    m_windowManager =
-        std::make_unique<Process>(std::vector<std::string>{"openbox"}, environment(), folder / "openbox.txt");
-    const auto isManaged = [this] {
-        return told("xprop -root _NET_SUPPORTING_WM_CHECK").find("window id") != std::string::npos;
-    };
-    if (!waitFor(isManaged))
+    const std::string number = m_server->out();
+    m_name = ":" + number.substr(0, number.size() - 1);
+    m_windowManager = start("openbox", {"--startup", "echo ready"});
+    if (!waitFor([this] { return m_windowManager->out().find("ready") != std::string::npos; }))
         throw std::runtime_error("no window manager");
+    // The first key that does not come from a real keyboard has the window manager set up its keys again.
+    press({"Shift_L"});
 }
 
-Process::Environment VirtualDisplay::environment() const {
-    return {{"DISPLAY", m_name}, {"QT_QPA_PLATFORM", "xcb"}};
+VirtualDisplay::~VirtualDisplay() {
+    if (m_windowManager != nullptr)
+        m_windowManager->end();
+    m_server->end(); // asked, it takes its traces in the file system with it
+}
+
+std::unique_ptr<Program> VirtualDisplay::start(const std::filesystem::path& program,
+                                               std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), {"DISPLAY=" + m_name, "QT_QPA_PLATFORM=xcb", program.string()});
+    return std::make_unique<Program>("/usr/bin/env", arguments, m_folder);
 }
 
 bool VirtualDisplay::hasWindow(const std::string& title) const {

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Process.h"
+#include "support/Program.h"
 
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tol::test {
 
@@ -13,13 +14,17 @@ namespace tol::test {
 bool waitFor(const std::function<bool()>& isSo);
 
 /// A display of the test's own with a window manager, and the hands and eyes of a person before it. Both
-/// programs are started with the object and ended with it. `folder` takes their messages.
+/// programs are started with the object and ended with it. `folder` is the current folder of all programs.
 class VirtualDisplay {
   public:
-    explicit VirtualDisplay(const std::filesystem::path& folder);
+    explicit VirtualDisplay(std::filesystem::path folder);
+    VirtualDisplay(const VirtualDisplay&) = delete;
+    VirtualDisplay& operator=(const VirtualDisplay&) = delete;
+    ~VirtualDisplay();
 
-    /// What a program needs in its environment to be on this display.
-    [[nodiscard]] Process::Environment environment() const;
+    /// Starts a program on the display.
+    [[nodiscard]] std::unique_ptr<Program> start(const std::filesystem::path& program,
+                                                 std::vector<std::string> arguments = {}) const;
 
     /// Whether a visible window has exactly this title.
     [[nodiscard]] bool hasWindow(const std::string& title) const;
@@ -34,9 +39,10 @@ class VirtualDisplay {
     /// Runs a command on the display and returns what it printed.
     [[nodiscard]] std::string told(const std::string& command) const;
 
+    std::filesystem::path m_folder;
     std::string m_name;
-    std::unique_ptr<Process> m_server;
-    std::unique_ptr<Process> m_windowManager;
+    std::unique_ptr<Program> m_server;
+    std::unique_ptr<Program> m_windowManager;
 };
 
 } // namespace tol::test

@@ -14,8 +14,8 @@ namespace {
 using namespace std::chrono_literals;
 using runtime::Value;
 using testing::ElementsAre;
-using testing::Optional;
 
+const char* const splashTitle = "Tolvane Module";
 const char* const mainTitle = "Zovarin Series - Tolvane Module";
 
 // The keys that choose each item behind which no window stands yet.
@@ -29,12 +29,17 @@ const std::vector<std::vector<std::string>> waitingItems = {
 
 class Tol : public testing::Test {
   protected:
-    void start(std::vector<std::string> arguments = {}) {
-        arguments.insert(arguments.begin(), TOL_PROGRAM);
-        program = std::make_unique<Process>(arguments, display.environment(), folder / "tol.txt");
+    void start(const std::vector<std::string>& arguments = {}) {
+        program = display.start(TOL_PROGRAM, arguments);
     }
 
-    [[nodiscard]] std::string messages() const { return folder.read("tol.txt"); }
+    // What the program printed, for the one who reads of a failure.
+    [[nodiscard]] std::string messages() const { return program->err(); }
+
+    void expectEnd(int status) {
+        ASSERT_TRUE(program->waitFor(20s)) << messages();
+        EXPECT_EQ(program->wait(), status) << messages();
+    }
 
     // A picture for the documents, or for the test alone when nobody asked for pictures.
     void expectPicture(const std::string& name) {
@@ -50,16 +55,13 @@ class Tol : public testing::Test {
 
     StartFolder folder;
     VirtualDisplay display{folder.path()};
-    std::unique_ptr<Process> program;
+    std::unique_ptr<Program> program;
 };
 
 TEST_F(Tol, IsWalkedThroughByKeysAndLeftByExit) {
     start();
-    ASSERT_TRUE(display.waitForWindow("Tolvane Module")) << messages();
-    expectPicture("desktop-splash");
-    EXPECT_FALSE(display.hasWindow(mainTitle));
     ASSERT_TRUE(display.waitForWindow(mainTitle)) << messages();
-    EXPECT_FALSE(display.hasWindow("Tolvane Module"));
+    EXPECT_FALSE(display.hasWindow(splashTitle));
     expectPicture("desktop-main-window");
     for (const auto& keys : waitingItems) {
         display.press(keys);
@@ -68,24 +70,26 @@ TEST_F(Tol, IsWalkedThroughByKeysAndLeftByExit) {
         ASSERT_TRUE(display.waitForWindow(mainTitle));
     }
     display.press({"alt+w", "h", "alt+w", "v", "alt+w", "c"});
-    EXPECT_TRUE(program->isRunning());
+    EXPECT_FALSE(program->waitFor(0s));
     display.press({"alt+f", "x"});
-    EXPECT_THAT(program->wait(20s), Optional(0)) << messages();
+    expectEnd(0);
     EXPECT_THAT(folder.paths(), ElementsAre(Value(platform::currentFolder())));
 }
 
-TEST_F(Tol, ShowsItsMainWindowAsSoonAsMayBeAfterTheSplashWasTakenAway) {
+TEST_F(Tol, ShowsASplashThatAKeyTakesAway) {
     start();
-    ASSERT_TRUE(display.waitForWindow("Tolvane Module")) << messages();
+    ASSERT_TRUE(display.waitForWindow(splashTitle)) << messages();
+    expectPicture("desktop-splash");
     display.press({"space"});
     ASSERT_TRUE(display.waitForWindow(mainTitle)) << messages();
+    EXPECT_FALSE(display.hasWindow(splashTitle));
 }
 
 TEST_F(Tol, IsLeftByTheCloseButton) {
     start();
     ASSERT_TRUE(display.waitForWindow(mainTitle)) << messages();
     display.press({"alt+F4"}); // the window manager's own key for it
-    EXPECT_THAT(program->wait(20s), Optional(0)) << messages();
+    expectEnd(0);
 }
 
 TEST_F(Tol, ReadsNoCommandLine) {
@@ -97,10 +101,10 @@ TEST_F(Tol, EndsAfterSayingWhichDatabaseIsMissing) {
     folder.remove("NETPATH.MDB");
     start();
     ASSERT_TRUE(display.waitForWindow("Startup Error")) << messages();
-    EXPECT_FALSE(display.hasWindow("Tolvane Module"));
+    EXPECT_FALSE(display.hasWindow(splashTitle));
     expectPicture("desktop-startup-error");
     display.press({"Return"});
-    EXPECT_THAT(program->wait(20s), Optional(1)) << messages();
+    expectEnd(1);
 }
 
 TEST_F(Tol, EndsWithoutTheUsersDatabase) {
@@ -108,7 +112,7 @@ TEST_F(Tol, EndsWithoutTheUsersDatabase) {
     start();
     ASSERT_TRUE(display.waitForWindow("A Required Database is Missing.")) << messages();
     display.press({"Escape"});
-    EXPECT_THAT(program->wait(20s), Optional(1)) << messages();
+    expectEnd(1);
 }
 
 TEST_F(Tol, StaysUpWithADamagedDatabase) {
@@ -119,7 +123,7 @@ TEST_F(Tol, StaysUpWithADamagedDatabase) {
     display.press({"Return"});
     ASSERT_TRUE(display.waitForWindow(mainTitle));
     display.press({"alt+f", "x"});
-    EXPECT_THAT(program->wait(20s), Optional(0)) << messages();
+    expectEnd(0);
     EXPECT_EQ(folder.read("NETPATH.MDB"), "this is no database");
 }
 
