@@ -5,6 +5,7 @@
 #include "demo/Lines.h"
 #include "demo/Network.h"
 #include "demo/SuiteReader.h"
+#include "demo/Workshop.h"
 #include "platform/Paths.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
@@ -239,6 +240,23 @@ void removeContent(const fs::path& folder) {
         fs::remove_all(entry.path(), ignored);
 }
 
+/// Copies what was made to its place, or leaves nothing there.
+void deliver(const fs::path& made, const fs::path& folder, bool folderIsNew) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (!error)
+        fs::copy(made, folder, fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
+    if (!error)
+        return;
+    std::error_code ignored;
+    removeContent(folder);
+    if (folderIsNew)
+        fs::remove(folder, ignored);
+    throw runtime::RuntimeError(
+        error == std::errc::no_space_on_device ? runtime::errDiskFull : runtime::errPathAccess,
+        fmt::format("The demo can't be written to '{}'.", folder.string()), error.message());
+}
+
 } // namespace
 
 void makeDemo(const fs::path& folder) {
@@ -249,19 +267,9 @@ void makeDemo(const fs::path& folder) {
             runtime::errPathAccess,
             fmt::format("The demo needs a folder of its own: '{}' exists and is not an empty folder.",
                         folder.string()));
-    fs::create_directories(folder, error);
-    if (error)
-        throw runtime::RuntimeError(runtime::errPathAccess,
-                                    fmt::format("The folder '{}' can't be made.", folder.string()),
-                                    error.message());
-    try {
-        Maker(fs::canonical(folder)).make();
-    } catch (...) {
-        removeContent(folder);
-        if (!there)
-            fs::remove(folder, error);
-        throw;
-    }
+    const Workshop workshop;
+    Maker(workshop.folder()).make();
+    deliver(workshop.folder(), folder, !there);
 }
 
 } // namespace tol::demo

@@ -11,8 +11,9 @@ namespace tol::demo {
 /// the folder's own "drives", so that the folder may be moved or copied as a whole. The contents are
 /// the same each time.
 ///
-/// The folder must not exist yet, or be empty; anything else raises RuntimeError 75. When the work
-/// fails, what has been made so far is removed again. A storage engine must have been added.
+/// The folder must not exist yet, or be empty; anything else raises RuntimeError 75. A demo that can't
+/// be written (75, or 61 when the disk is full) leaves nothing behind. A storage engine must have been
+/// added.
 void makeDemo(const std::filesystem::path& folder);
 
 } // namespace tol::demo

@@ -8,21 +8,14 @@
 #include "runtime/Text.h"
 
 #include <fmt/format.h>
+#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
+#include <iterator>
 
 namespace tol::test {
 
 namespace {
-
-void addEngineOnce() {
-    static const bool added = [] {
-        data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
-        return true;
-    }();
-    (void)added;
-}
 
 bool missing(const std::string& file) {
     return platform::dir(file).empty();
@@ -30,9 +23,16 @@ bool missing(const std::string& file) {
 
 } // namespace
 
+void useSqlite() {
+    static const bool added = [] {
+        data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
+        return true;
+    }();
+    (void)added;
+}
+
 DemoFolder::DemoFolder() {
-    addEngineOnce();
-    unsetenv("TOL_DRIVES");
+    useSqlite();
     std::filesystem::remove_all(path() / "drives");
     demo::makeDemo(path());
 }
@@ -54,7 +54,7 @@ std::vector<SuiteDatabase> DemoFolder::databases() const {
 }
 
 std::string DemoFolder::fileOf(const SuiteDatabase& database, const Site& site) const {
-    const std::string file = database.name + ".mdb";
+    std::string file = database.name + ".mdb";
     if (database.pathCode == "DBPATHS")
         return platform::join(site.location, file);
     if (database.pathCode == "DEFAULT")
@@ -136,29 +136,31 @@ Definitions definitionsOf(const std::string& file) {
     return all;
 }
 
-std::vector<std::string> describe(const data::TableDefinition& table) {
-    std::vector<data::FieldDef> fields = table.fields;
-    std::ranges::sort(fields, {}, &data::FieldDef::ordinal);
-    std::vector<std::string> lines;
-    for (const data::FieldDef& field : fields)
-        lines.push_back(fmt::format("{:3} {} type {} size {}", field.ordinal, runtime::upperCase(field.name),
-                                    static_cast<int>(field.type), field.size));
-    const auto firstIndex = static_cast<std::ptrdiff_t>(lines.size());
-    for (const data::IndexDef& index : table.indexes)
-        lines.push_back(fmt::format("index {} = {}", index.name,
-                                    runtime::upperCase(fmt::format("{}", fmt::join(index.fields, " ")))));
-    std::sort(lines.begin() + firstIndex, lines.end());
-    return lines;
-}
-
 std::vector<std::string> describe(const Definitions& tables) {
     std::vector<std::string> lines;
     for (const auto& [name, table] : tables) {
-        lines.push_back("table " + name);
-        for (const std::string& line : describe(table))
-            lines.push_back("  " + line);
+        for (const data::FieldDef& field : table.fields)
+            lines.push_back(fmt::format("{} {:3} {} type {} size {}", name, field.ordinal,
+                                        runtime::upperCase(field.name), static_cast<int>(field.type),
+                                        field.size));
+        for (const data::IndexDef& index : table.indexes)
+            lines.push_back(fmt::format("{} index {} = {}", name, index.name,
+                                        runtime::upperCase(fmt::format("{}", fmt::join(index.fields, " ")))));
     }
+    std::ranges::sort(lines);
     return lines;
+}
+
+std::vector<std::string> differences(const Definitions& first, const Definitions& second) {
+    const std::vector<std::string> left = describe(first), right = describe(second);
+    std::vector<std::string> removed, added, all;
+    std::ranges::set_difference(left, right, std::back_inserter(removed));
+    std::ranges::set_difference(right, left, std::back_inserter(added));
+    for (const std::string& line : removed)
+        all.push_back("- " + line);
+    for (const std::string& line : added)
+        all.push_back("+ " + line);
+    return all;
 }
 
 } // namespace tol::test

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "data/DBEngine.h"
+#include "demo/Workshop.h"
+#include "support/Environment.h"
 #include "support/TempFolder.h"
 #include "support/TestHost.h"
 
@@ -23,6 +25,9 @@ struct SuiteDatabase {
     std::string name, pathCode;
 };
 
+/// Makes sure that databases are kept in SQLite files.
+void useSqlite();
+
 /// A demo in a folder of the test's own, which is the current one. TOL_DRIVES is out of force.
 class DemoFolder {
   public:
@@ -37,13 +42,15 @@ class DemoFolder {
     [[nodiscard]] std::vector<SuiteDatabase> databases() const;
     /// The file of a database, by its path code, for that Job Site.
     [[nodiscard]] std::string fileOf(const SuiteDatabase& database, const Site& site) const;
+    [[nodiscard]] std::string net() const { return fileOf({"ZOVNET", "NETPATH"}, {}); }
     /// Every file that a run would touch, with the database's name. Files of no Job Site stand once.
     [[nodiscard]] std::vector<std::pair<std::string, std::string>> targets() const;
     /// What ZOVDEF.MDB wants of a database.
     [[nodiscard]] Definitions wanted(const std::string& database) const;
 
   private:
-    TempFolder m_folder;
+    Environment m_drives{"TOL_DRIVES", nullptr};
+    TempFolder m_folder{demo::Workshop::place()};
 };
 
 /// Calls the function for each row of a table in stored order.
@@ -54,9 +61,10 @@ std::string text(const data::Recordset& row, std::string_view field);
 std::int64_t rowCount(const std::string& file, const std::string& table);
 /// The definitions that a file has.
 Definitions definitionsOf(const std::string& file);
-/// A definition as lines of text, so that a difference shows where it is: fields by position with type
-/// and size, then indexes by name with their keys.
-std::vector<std::string> describe(const data::TableDefinition& table);
+/// Definitions as lines of text: each table's fields by position with type and size, then its indexes by
+/// name with their keys.
 std::vector<std::string> describe(const Definitions& tables);
+/// The lines that only one of the two has: "- " in front of those of the first, "+ " of the second.
+std::vector<std::string> differences(const Definitions& first, const Definitions& second);
 
 } // namespace tol::test

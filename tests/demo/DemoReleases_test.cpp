@@ -164,8 +164,9 @@ TEST(DemoReleases, TouchEveryCellOfTheConversionMatrixWithRows) {
         });
     for (const FieldType from : oldTypes) {
         for (const FieldType to : wantedTypes) {
-            if (from != to)
+            if (from != to) {
                 EXPECT_GT((rows[{from, to}]), 0) << "type " << from << " to type " << to;
+            }
         }
     }
 }

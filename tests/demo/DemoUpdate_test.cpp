@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "DemoFolder.h"
 #include "definition_update/engine/DefinitionUpdate.h"
-#include "runtime/Text.h"
+#include "runtime/Conversions.h"
 
 #include <gmock/gmock.h>
 
@@ -12,8 +12,6 @@ namespace tol::test {
 namespace {
 
 using testing::Contains;
-using testing::Each;
-using testing::Field;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -42,10 +40,10 @@ LastSeen updateAll(DemoFolder& demo) {
     demo.host.boxes.clear();
     LastSeen view;
     update::DefinitionUpdate run(view);
-    std::size_t place = 0;
+    auto place = run.tagList().begin();
     forEachRow("DBPATHS.MDB", "DBPATHS", [&](const data::Recordset& row) {
-        run.tagList()[place++] = {static_cast<std::int32_t>(place), text(row, "PATHNAME"),
-                                  text(row, "PathText")};
+        *place++ = {runtime::toLong(row.Fields("DBTAG").Value()), text(row, "PATHNAME"),
+                    text(row, "PathText")};
     });
     run.ProcessTaggedItems(" ");
     EXPECT_TRUE(run.ended());
@@ -69,7 +67,7 @@ std::set<std::string> actions(const LastSeen& view) {
 
 void expectWanted(const DemoFolder& demo) {
     for (const auto& [file, database] : demo.targets())
-        EXPECT_EQ(describe(definitionsOf(file)), describe(demo.wanted(database))) << file;
+        EXPECT_THAT(differences(definitionsOf(file), demo.wanted(database)), IsEmpty()) << file;
 }
 
 TEST(DemoUpdate, OneRunBringsEverySiteUpToDate) {

@@ -11,8 +11,8 @@ namespace tol::test {
 
 namespace fs = std::filesystem;
 
-TempFolder::TempFolder() : m_before(fs::current_path()) {
-    const std::string pattern = (fs::temp_directory_path() / "tol-test-XXXXXX").string();
+TempFolder::TempFolder(const fs::path& parent) : m_before(fs::current_path()) {
+    const std::string pattern = (parent / "tol-test-XXXXXX").string();
     std::vector<char> name(pattern.begin(), pattern.end());
     name.push_back('\0');
     if (mkdtemp(name.data()) == nullptr)

@@ -10,7 +10,8 @@ namespace tol::test {
 /// It has a folder of drives with drive C in it ("drives/c").
 class TempFolder {
   public:
-    TempFolder();
+    /// Makes it below `parent`, or where the system keeps such folders.
+    explicit TempFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path());
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
     ~TempFolder();
