@@ -67,6 +67,7 @@ void KeyOrder::addKeys(const PhysicalTable& table, const PhysicalIndex& physical
     }
     m_keys = m_terms.size();
     m_unique = index.unique || index.primary;
+    m_ownIndex = physical.kind == IndexKind::Own && !physical.outdated;
 }
 
 /// A primary key's text column that the index has under another collation must follow once more: that

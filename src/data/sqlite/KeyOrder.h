@@ -55,6 +55,8 @@ class KeyOrder {
     [[nodiscard]] std::size_t terms() const { return m_terms.size(); }
     [[nodiscard]] const KeySlot& slot(std::size_t term) const { return m_terms[term].slot; }
     [[nodiscard]] bool usesField(std::size_t field) const;
+    /// Whether it is an index of this program's own: its keys ascend and its texts collate as TOLTEXT.
+    [[nodiscard]] bool isOwnIndex() const { return m_ownIndex; }
 
     /// The levels behind a position, nearest rows first; isNull tells which of its terms are Null.
     [[nodiscard]] std::vector<Level> levelsBehind(const std::vector<bool>& isNull, Direction direction) const;
@@ -84,6 +86,7 @@ class KeyOrder {
     std::vector<Term> m_terms;
     std::size_t m_keys = 0;
     bool m_unique = false;
+    bool m_ownIndex = false;
 };
 
 } // namespace tol::data::sqlite

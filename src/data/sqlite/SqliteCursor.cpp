@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite/SqliteCursor.h"
 
+#include "data/sqlite/BatchSearch.h"
 #include "data/sqlite/Sql.h"
 #include "runtime/RuntimeError.h"
 
@@ -15,6 +16,8 @@ constexpr std::size_t lastLimit = 1024;
 constexpr std::size_t batchTextBytes = std::size_t{1} << 20;
 /// After so many batches it is known which fields the caller reads.
 constexpr int loadsOfAllFields = 8;
+/// After so many reads without a change in between, a small table is worth reading as a whole.
+constexpr int loadsOfParts = 4;
 
 } // namespace
 
@@ -41,6 +44,7 @@ void SqliteCursor::dropBatch() {
         keepPosition();
     m_live = false;
     m_limit = firstLimit;
+    m_quietLoads = 0;
     m_seen = generation();
 }
 
@@ -111,8 +115,6 @@ runtime::Value SqliteCursor::value(std::size_t field) {
 
 std::int64_t SqliteCursor::count() {
     m_session->enter();
-    if (!m_session->connection().inTransaction())
-        m_session->look();
     if (!m_state->count || m_state->countedAt != m_session->others()) {
         m_state->countedAt = m_session->others();
         m_state->count =
@@ -128,8 +130,11 @@ void SqliteCursor::setIndex(const std::string& name) {
     const int index = name.empty() ? KeyOrder::storedOrder : m_table->definition.findIndex(name);
     if (index < 0 && !name.empty())
         runtime::raise(runtime::errNotAnIndex, {name});
-    m_order = KeyOrder(*m_table, index);
     m_onRow = false;
+    if (index == m_index)
+        return;
+    m_index = index;
+    m_order = KeyOrder(*m_table, index);
     chooseColumns(m_loads <= loadsOfAllFields);
 }
 
@@ -143,8 +148,39 @@ void SqliteCursor::startWalk(std::size_t limit) {
     m_oneWay = false;
 }
 
+/// Whether the batch is still what the file holds, as one piece of the order.
+bool SqliteCursor::isReusable() const {
+    return m_live && m_batchDirection == Direction::Forward && !m_oneWay && m_moved.empty() &&
+           m_seen == generation();
+}
+
+bool SqliteCursor::readsWhole() {
+    if (m_quietLoads < loadsOfParts)
+        return false;
+    if (m_seen != generation()) {
+        m_quietLoads = 0;
+        return false;
+    }
+    const std::string rows = "SELECT 1 FROM " + quotedName(m_table->sqlName);
+    return m_session->connection().number("SELECT count(*) FROM (" + rows + " LIMIT " +
+                                          std::to_string(lastLimit) + ")") <
+           static_cast<std::int64_t>(lastLimit);
+}
+
+bool SqliteCursor::standInBatch(std::size_t row) {
+    m_walk = Direction::Forward;
+    m_row = row;
+    m_onRow = row < m_batch.rows();
+    m_positionKept = false;
+    m_gone = false;
+    return m_onRow;
+}
+
 bool SqliteCursor::first() {
-    startWalk(firstLimit);
+    m_session->enter();
+    if (isReusable() && m_fromStart)
+        return standInBatch(0);
+    startWalk(readsWhole() ? lastLimit : firstLimit);
     m_walk = Direction::Forward;
     return load({Level{}}, {}, Direction::Forward);
 }
@@ -197,9 +233,24 @@ bool SqliteCursor::stepInBatch(Direction direction) {
     return true;
 }
 
+/// Nothing when the batch can't tell.
+std::optional<bool> SqliteCursor::seekInBatch(SeekOperator op, std::span<const StoredValue> keys) {
+    if (!isReusable() || !m_order.isOwnIndex())
+        return std::nullopt;
+    std::vector<std::size_t> columns;
+    for (std::size_t key = 0; key < keys.size(); ++key)
+        columns.push_back(columnOf(m_order.slot(key)));
+    const BatchSearch search(m_batch, columns);
+    const std::size_t row = search.lowerBound(keys);
+    if ((row == 0 && !m_fromStart) || (row == m_batch.rows() && !m_toEnd))
+        return std::nullopt;
+    const bool found =
+        row < m_batch.rows() && (op == SeekOperator::GreaterOrEqual || search.equals(row, keys));
+    return standInBatch(found ? row : m_batch.rows());
+}
+
 bool SqliteCursor::seek(SeekOperator op, std::span<const runtime::Value> keys) {
-    startWalk(1);
-    m_walk = Direction::Forward;
+    m_session->enter();
     std::vector<std::string> buffers(keys.size());
     std::vector<StoredValue> position;
     std::vector<bool> isNull;
@@ -209,12 +260,25 @@ bool SqliteCursor::seek(SeekOperator op, std::span<const runtime::Value> keys) {
         position.push_back(toStored(keys[key], storage, buffers[key]));
         isNull.push_back(position.back().isNull());
     }
+    if (const auto found = seekInBatch(op, position))
+        return *found;
+    if (m_order.isOwnIndex() && readsWhole()) {
+        startWalk(lastLimit);
+        load({Level{}}, {}, Direction::Forward);
+        if (const auto found = seekInBatch(op, position))
+            return *found;
+    }
+    startWalk(1);
+    m_walk = Direction::Forward;
     if (keys.empty() || op == SeekOperator::Equal)
         return load({Level{keys.size(), Level::Relation::None}}, position, Direction::Forward);
     return load(m_order.levelsFrom(isNull), position, Direction::Forward);
 }
 
 bool SqliteCursor::seekBookmark(std::string_view bookmark) {
+    m_session->enter();
+    if (m_onRow && !m_gone && isReusable() && this->bookmark() == bookmark)
+        return standInBatch(m_row); // who has just found a row often goes to its bookmark
     RowKey key = keyOfBookmark(*m_table, bookmark);
     startWalk(1);
     m_key = std::move(key);
@@ -268,16 +332,20 @@ bool SqliteCursor::load(const std::vector<Level>& levels, std::span<const Stored
     m_batch.clear(m_table->rowKey.size() + m_fields.size());
     m_batchDirection = direction;
     m_row = 0;
+    m_oneWay = false;
     for (const auto& level : levels) {
         loadLevel(level, position, direction);
         if (batchIsFull())
             break;
     }
+    const bool whole = levels.front().equalTerms == 0 && levels.front().relation == Level::Relation::None;
+    m_fromStart = whole;
+    m_toEnd = whole && !batchIsFull();
+    ++m_quietLoads;
     m_limit = std::min(m_limit * growth, lastLimit);
     m_onRow = m_live = m_batch.rows() > 0;
     m_positionKept = false;
     m_gone = false;
-    m_oneWay = false;
     return m_onRow;
 }
 
@@ -288,8 +356,10 @@ void SqliteCursor::loadLevel(const Level& level, std::span<const StoredValue> po
         bindStored(statement, static_cast<int>(term) + 1, position[term]);
     while (!batchIsFull() && statement.step()) {
         m_batch.append(statement.handle());
-        if (!m_moved.empty() && wasMoved(m_batch.rows() - 1))
+        if (!m_moved.empty() && wasMoved(m_batch.rows() - 1)) {
             m_batch.removeLast();
+            m_oneWay = true;
+        }
     }
     statement.reset();
 }
@@ -318,6 +388,7 @@ bool SqliteCursor::fetchByKey() {
                                                          rowKeyCondition(*m_table));
     bindRowKey(m_byKey, 1, valuesOf(m_key));
     m_batch.clear(m_table->rowKey.size() + m_fields.size());
+    m_fromStart = m_toEnd = false;
     m_row = 0;
     m_live = m_byKey.step();
     if (m_live)

@@ -10,6 +10,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <unordered_set>
@@ -20,7 +21,8 @@ namespace tol::data::sqlite {
 /// A walk by keys: it remembers where the current row stood in the order and reads the rows behind that
 /// position in batches, of 4 to 1,024 rows as the walk goes on. No statement stays open between calls.
 /// A batch is thrown away when anybody else changes the table; a change through this cursor is made good
-/// in it. Fields that nobody reads are not fetched in long walks.
+/// in it. Fields that nobody reads are not fetched in long walks. A small table that is looked up again and
+/// again is read as a whole, and then searched without asking the file.
 class SqliteCursor : public Cursor {
   public:
     SqliteCursor(std::shared_ptr<Session> session, std::shared_ptr<TableState> state);
@@ -54,6 +56,10 @@ class SqliteCursor : public Cursor {
     void needBatch();
 
     void startWalk(std::size_t limit);
+    [[nodiscard]] bool isReusable() const;
+    [[nodiscard]] bool readsWhole();
+    bool standInBatch(std::size_t row);
+    std::optional<bool> seekInBatch(SeekOperator op, std::span<const StoredValue> keys);
     bool step(Direction direction);
     bool stepInBatch(Direction direction);
     bool load(const std::vector<Level>& levels, std::span<const StoredValue> position, Direction direction);
@@ -79,6 +85,7 @@ class SqliteCursor : public Cursor {
     std::shared_ptr<TableState> m_state;
     std::shared_ptr<const PhysicalTable> m_table;
     RowWriter m_writer;
+    int m_index = KeyOrder::storedOrder;
     KeyOrder m_order;
 
     // Where it stands. While the batch is live, the current row is the batch's row m_row; position and
@@ -96,8 +103,11 @@ class SqliteCursor : public Cursor {
     std::size_t m_row = 0;
     Direction m_batchDirection = Direction::Forward;
     std::uint64_t m_seen = 0; ///< generation() when the batch was read
+    bool m_fromStart = false; ///< nothing comes before the batch's first row, or behind its last one
+    bool m_toEnd = false;
     std::size_t m_limit = 0;
     int m_loads = 0;
+    int m_quietLoads = 0; ///< since the table was changed last
 
     // The walk.
     Direction m_walk = Direction::Forward;
