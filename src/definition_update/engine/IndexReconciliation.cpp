@@ -14,7 +14,6 @@ namespace tol::update {
 using runtime::host;
 using shell::vdFindFirst;
 using shell::vdIsBlank;
-using shell::vdNotBlank;
 using shell::vdNullCheckText;
 using shell::vdRecordOK;
 
@@ -58,6 +57,7 @@ void IndexReconciliation::UpdateIndexDefs() {
 void IndexReconciliation::makeWantedIndexes() {
     const IndexRows wanted(m_s.NEWINDEXES);
     const IndexRows live(m_s.OLDINDEXES);
+    RowSearch search(m_s.OLDINDEXES, "OLDINDEXES", {live.TNAME, live.IName, live.KEYSTRING});
     const shell::KeyPairs ofDatabase{{m_s.DBNAME, wanted.DBNAME()}};
     const std::string mark = vdFindFirst(m_s.NEWINDEXES, "NEWINDEXES", ofDatabase);
     if (vdIsBlank(mark))
@@ -67,24 +67,18 @@ void IndexReconciliation::makeWantedIndexes() {
     while (vdRecordOK(m_s.NEWINDEXES, ofDatabase)) {
         m_s.TNAME = trimmedText(wanted.TNAME);
         m_indexName = trimmedText(wanted.IName);
-        m_keyString = vdNullCheckText(wanted.KEYSTRING);
-        m_s.OLDINDEXES.Index("OLDINDEXES");
-        m_s.OLDINDEXES.Seek("=", {m_s.TNAME, m_indexName, m_keyString});
-        if (m_s.OLDINDEXES.NoMatch())
-            makeIndex(wanted, live);
+        if (!search.find({m_s.TNAME, m_indexName, vdNullCheckText(wanted.KEYSTRING)}))
+            makeIndex(wanted, search.find({m_s.TNAME, m_indexName}));
         m_s.NEWINDEXES.MoveNext();
     }
 }
 
-void IndexReconciliation::makeIndex(const IndexRows& wanted, const IndexRows& live) {
+void IndexReconciliation::makeIndex(const IndexRows& wanted, bool hasOtherKeys) {
     m_s.tableDef = m_s.target.TableDefs(m_s.TNAME);
     data::TableDef& table = *m_s.tableDef;
-    std::string action = "Created New Index.";
-    if (vdNotBlank(vdFindFirst(m_s.OLDINDEXES, "OLDINDEXES",
-                               {{m_s.TNAME, live.TNAME}, {m_indexName, live.IName}}))) {
+    if (hasOtherKeys)
         deleteIndex(table, m_indexName);
-        action = "Changed Index Keys.";
-    }
+    const std::string action = hasOtherKeys ? "Changed Index Keys." : "Created New Index.";
     WriteActivityLog(m_s, m_s.TNAME, m_indexName, " ", action);
     data::Index index = table.CreateIndex(m_indexName);
     addKeyFields(index, wanted);
@@ -108,24 +102,22 @@ void IndexReconciliation::removeOldIndexes() {
         return;
     const IndexRows wanted(m_s.NEWINDEXES);
     const IndexRows live(m_s.OLDINDEXES);
+    RowSearch search(m_s.NEWINDEXES, "NEWINDEXES", {wanted.DBNAME(), wanted.TNAME, wanted.IName});
     m_s.OLDINDEXES.Index("OLDINDEXES");
     m_s.OLDINDEXES.MoveFirst();
     while (vdRecordOK(m_s.OLDINDEXES)) {
         m_s.TNAME = trimmedText(live.TNAME);
         m_indexName = trimmedText(live.IName);
-        const std::string mark = vdFindFirst(
-            m_s.NEWINDEXES, "NEWINDEXES",
-            {{m_s.DBNAME, wanted.DBNAME()}, {m_s.TNAME, wanted.TNAME}, {m_indexName, wanted.IName}});
-        if (vdIsBlank(mark)) {
-            if (std::optional<data::TableDef> table = findTable(m_s.target, m_s.TNAME))
-                removeIndex(*table);
-        }
+        if (!search.find({m_s.DBNAME, m_s.TNAME, m_indexName}))
+            removeIndex();
         m_s.OLDINDEXES.MoveNext();
     }
 }
 
-void IndexReconciliation::removeIndex(data::TableDef& table) {
-    if (!deleteIndex(table, m_indexName))
+// A table that was removed took its indexes along, and a conversion may have deleted this one.
+void IndexReconciliation::removeIndex() {
+    std::optional<data::TableDef> table = findTable(m_s.target, m_s.TNAME);
+    if (!table || !deleteIndex(*table, m_indexName))
         return;
     WriteActivityLog(m_s, m_s.TNAME, m_indexName, " ", "Index Removed.");
     m_s.ChangesMade = true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "definition_update/engine/DefinitionRows.h"
+#include "definition_update/engine/RowSearch.h"
 #include "definition_update/engine/TableReconciliation.h"
 #include "definition_update/engine/UpdateState.h"
 
@@ -22,16 +23,16 @@ class IndexReconciliation {
 
   private:
     void makeWantedIndexes();
-    void makeIndex(const IndexRows& wanted, const IndexRows& live);
+    void makeIndex(const IndexRows& wanted, bool hasOtherKeys);
     void addKeyFields(data::Index& index, const IndexRows& wanted);
     void removeOldIndexes();
-    void removeIndex(data::TableDef& table);
+    void removeIndex();
     void setPositions();
     void setPositionsOfTable(const FieldRows& wanted);
 
     UpdateState& m_s;
     TableReconciliation& m_tables;
-    std::string m_indexName, m_keyString; // the index in work
+    std::string m_indexName; // of the index in work
 };
 
 } // namespace tol::update

@@ -21,24 +21,24 @@ void TableReconciliation::UpdateTableDefs() {
     reportErrors(updateForm, "UpdateTableDefs", [this] {
         m_s.OLDDEF.Close();
         m_s.OLDDEF = m_s.definitions.OpenRecordset("OLDDEF");
-        m_s.OLDDEF.Index("OLDDEF");
-        const FieldRows wanted(m_s.NEWDEF);
         const FieldRows live(m_s.OLDDEF);
+        m_live.emplace(m_s.OLDDEF, "OLDDEF", std::vector{live.TNAME, live.FNAME});
+        const FieldRows wanted(m_s.NEWDEF);
         const shell::KeyPairs ofDatabase{{m_s.DBNAME, wanted.DBNAME()}};
-        const std::string mark = vdFindFirst(m_s.NEWDEF, "NEWDEF", ofDatabase);
-        if (vdIsBlank(mark))
+        if (!goToFirstRow(ofDatabase))
             return;
-        m_s.NEWDEF.Index("NEWDEF");
-        m_s.NEWDEF.Bookmark(mark);
+        m_s.TNAME.clear();
         do {
             if (!vdRecordOK(m_s.NEWDEF, ofDatabase))
                 break;
-            m_s.TNAME = vdNullCheckText(wanted.TNAME);
+            std::string table = vdNullCheckText(wanted.TNAME);
+            m_repeated = table == m_s.TNAME;
+            m_s.TNAME = std::move(table);
             m_s.view.showLabel(RunLabel::NP2, m_s.TNAME);
-            if (vdIsBlank(vdFindFirst(m_s.OLDDEF, "OLDDEF", {{m_s.TNAME, live.TNAME}})))
-                AddNewTable();
-            else
+            if (m_live->find({m_s.TNAME}))
                 ModifyTable();
+            else
+                AddNewTable();
             host().doEvents();
         } while (m_s.ContinueRun);
     });
@@ -76,10 +76,8 @@ bool TableReconciliation::isLive(const std::string& table) const {
 // A field is logged before it is made, so that one that fails stands in the log.
 bool TableReconciliation::addWantedFields(data::TableDef& table, const FieldRows& wanted) {
     const shell::KeyPairs ofTable = keysOfTable(wanted);
-    const std::string mark = vdFindFirst(m_s.NEWDEF, "NEWDEF", ofTable);
-    if (vdIsBlank(mark))
+    if (!goToFirstRow(ofTable))
         return false;
-    m_s.NEWDEF.Bookmark(mark);
     while (vdRecordOK(m_s.NEWDEF, ofTable)) {
         readWantedField(wanted);
         WriteActivityLog(m_s, m_s.TNAME, " ", m_s.FNAME, "Added Field.");
@@ -87,6 +85,15 @@ bool TableReconciliation::addWantedFields(data::TableDef& table, const FieldRows
         m_s.ChangesMade = true;
         m_s.NEWDEF.MoveNext();
     }
+    return true;
+}
+
+/// Goes to the first row of NEWDEF with these keys; false when there is none.
+bool TableReconciliation::goToFirstRow(const shell::KeyPairs& keys) {
+    const std::string mark = vdFindFirst(m_s.NEWDEF, "NEWDEF", keys);
+    if (vdIsBlank(mark))
+        return false;
+    m_s.NEWDEF.Bookmark(mark);
     return true;
 }
 
@@ -100,15 +107,14 @@ void TableReconciliation::refuseTable(const FieldRows& wanted, const std::string
     WriteActivityLog(m_s, m_s.TNAME, " ", " ", "ERROR CREATING TABLE." + reason);
 }
 
+// The walk stands on the table's first row unless an error brought it back.
 void TableReconciliation::ModifyTable() {
     reportErrors(updateForm, "ModifyTable", [this] {
         const FieldRows wanted(m_s.NEWDEF);
         m_s.tableDef = m_s.target.TableDefs(m_s.TNAME);
         const shell::KeyPairs ofTable = keysOfTable(wanted);
-        const std::string mark = vdFindFirst(m_s.NEWDEF, "NEWDEF", ofTable);
-        if (vdIsBlank(mark))
+        if (m_repeated && !goToFirstRow(ofTable))
             return;
-        m_s.NEWDEF.Bookmark(mark);
         do {
             if (!vdRecordOK(m_s.NEWDEF, ofTable))
                 break;
@@ -130,8 +136,7 @@ void TableReconciliation::readWantedField(const FieldRows& wanted) {
 }
 
 void TableReconciliation::modifyField() {
-    m_s.OLDDEF.Seek("=", {m_s.TNAME, m_s.FNAME});
-    if (m_s.OLDDEF.NoMatch()) {
+    if (!m_live->find({m_s.TNAME, m_s.FNAME})) {
         WriteActivityLog(m_s, m_s.TNAME, " ", m_s.FNAME, "Added New Field");
         appendField(*m_s.tableDef);
         m_s.ChangesMade = true;
@@ -157,6 +162,7 @@ void TableReconciliation::appendField(data::TableDef& table) {
 void TableReconciliation::removeOldDefinitions() {
     const FieldRows live(m_s.OLDDEF);
     const FieldRows wanted(m_s.NEWDEF);
+    RowSearch search(m_s.NEWDEF, "NEWDEF", {wanted.DBNAME(), wanted.TNAME, wanted.FNAME});
     if (m_s.OLDDEF.RecordCount() > 0) {
         m_s.OLDDEF.Index("OLDDEF");
         m_s.OLDDEF.MoveFirst();
@@ -164,13 +170,11 @@ void TableReconciliation::removeOldDefinitions() {
     while (vdRecordOK(m_s.OLDDEF)) {
         m_s.TNAME = trimmedText(live.TNAME);
         m_s.FNAME = trimmedText(live.FNAME);
-        shell::KeyPairs wantedKeys = keysOfTable(wanted);
-        if (vdIsBlank(vdFindFirst(m_s.NEWDEF, "NEWDEF", wantedKeys))) {
+        if (!search.find({m_s.DBNAME, m_s.TNAME})) {
             removeTable(live);
             continue;
         }
-        wantedKeys.push_back({m_s.FNAME, wanted.FNAME});
-        if (vdIsBlank(vdFindFirst(m_s.NEWDEF, "NEWDEF", wantedKeys)))
+        if (!search.find({m_s.DBNAME, m_s.TNAME, m_s.FNAME}))
             removeField();
         m_s.OLDDEF.MoveNext();
     }

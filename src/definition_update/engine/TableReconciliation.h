@@ -3,9 +3,11 @@
 
 #include "definition_update/engine/DefinitionRows.h"
 #include "definition_update/engine/FieldConversion.h"
+#include "definition_update/engine/RowSearch.h"
 #include "definition_update/engine/UpdateState.h"
 #include "shell/vdfunctions/vdfunctions.h"
 
+#include <optional>
 #include <string>
 
 namespace tol::update {
@@ -30,6 +32,7 @@ class TableReconciliation {
   private:
     [[nodiscard]] bool isLive(const std::string& table) const;
     [[nodiscard]] shell::KeyPairs keysOfTable(const FieldRows& wanted) const;
+    bool goToFirstRow(const shell::KeyPairs& keys);
     /// Appends the fields that NEWDEF has for the table in work; false when it has none.
     bool addWantedFields(data::TableDef& table, const FieldRows& wanted);
     void refuseTable(const FieldRows& wanted, const std::string& reason);
@@ -40,6 +43,8 @@ class TableReconciliation {
     void removeTable(const FieldRows& live);
 
     UpdateState& m_s;
+    bool m_repeated = false;         // the walk meets the table in work once more
+    std::optional<RowSearch> m_live; // in OLDDEF, while UpdateTableDefs goes on
     FieldConversion m_conversion;
 };
 
