@@ -15,7 +15,7 @@ data::FieldDef field(std::string name, data::FieldType type, int size) {
     return definition;
 }
 
-data::IndexDef index(std::string name, std::vector<std::string> fields) {
+data::IndexDef plainIndex(std::string name, std::vector<std::string> fields) {
     return {std::move(name), std::move(fields), false, false};
 }
 

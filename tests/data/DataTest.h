@@ -29,7 +29,7 @@ std::string raised(Call&& call) {
 }
 
 data::FieldDef field(std::string name, data::FieldType type, int size = 0);
-data::IndexDef index(std::string name, std::vector<std::string> fields);
+data::IndexDef plainIndex(std::string name, std::vector<std::string> fields);
 data::IndexDef uniqueIndex(std::string name, std::vector<std::string> fields);
 data::IndexDef primaryKey(std::string name, std::vector<std::string> fields);
 

@@ -14,7 +14,7 @@ namespace {
 class RecordsetBookmark : public DataTest {
   protected:
     RecordsetBookmark() {
-        make("T", {field("N", dbLong)}, {index("BYN", {"N"})});
+        make("T", {field("N", dbLong)}, {plainIndex("BYN", {"N"})});
         make("OTHER", {field("N", dbLong)});
     }
 

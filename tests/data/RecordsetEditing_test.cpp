@@ -15,7 +15,7 @@ class RecordsetEditing : public DataTest {
   protected:
     RecordsetEditing() {
         make("T", {field("ID", dbLong), field("NAME", dbText, 10), field("NOTE", dbMemo)},
-             {uniqueIndex("ID", {"ID"}), index("NAME", {"NAME"})});
+             {uniqueIndex("ID", {"ID"}), plainIndex("NAME", {"NAME"})});
     }
 };
 

@@ -13,7 +13,9 @@ constexpr const char* noRecord = "3021 No current record.";
 /// A table of numbers, not in their order, with an index on them.
 class RecordsetPosition : public DataTest {
   protected:
-    RecordsetPosition() { make("T", {field("N", dbLong), field("TXT", dbText, 20)}, {index("BYN", {"N"})}); }
+    RecordsetPosition() {
+        make("T", {field("N", dbLong), field("TXT", dbText, 20)}, {plainIndex("BYN", {"N"})});
+    }
 
     Recordset filled(std::initializer_list<int> numbers) {
         Recordset rows = open("T");

@@ -18,7 +18,7 @@ class RecordsetSeek : public DataTest {
         make(
             "T",
             {field("DB", dbText, 10), field("TBL", dbText, 10), field("N", dbLong), field("ROW", dbText, 10)},
-            {index("KEYS", {"DB", "TBL", "N"}), index("BYN", {"N"})});
+            {plainIndex("KEYS", {"DB", "TBL", "N"}), plainIndex("BYN", {"N"})});
         Recordset rows = open("T");
         const auto row = [&](const char* file, const char* table, int number) {
             add(rows, {{"DB", file},
@@ -124,7 +124,7 @@ TEST_P(RecordsetSeek, ConvertsItsKeysToTheFieldsTypes) {
 }
 
 TEST_P(RecordsetSeek, MissInAnEmptyTableIsAtBothEnds) {
-    make("EMPTY", {field("N", dbLong)}, {index("N", {"N"})});
+    make("EMPTY", {field("N", dbLong)}, {plainIndex("N", {"N"})});
     Recordset rows = open("EMPTY");
     rows.Index("N");
     rows.Seek(">=", {1});
@@ -134,7 +134,7 @@ TEST_P(RecordsetSeek, MissInAnEmptyTableIsAtBothEnds) {
 }
 
 TEST_P(RecordsetSeek, FindsNull) {
-    make("NULLS", {field("A", dbLong), field("B", dbText, 5)}, {index("AB", {"A", "B"})});
+    make("NULLS", {field("A", dbLong), field("B", dbText, 5)}, {plainIndex("AB", {"A", "B"})});
     Recordset rows = open("NULLS");
     add(rows, {{"A", 1}, {"B", "x"}});
     add(rows, {{"A", 1}});
@@ -155,7 +155,7 @@ TEST_P(RecordsetSeek, FindsNull) {
 }
 
 TEST_P(RecordsetSeek, OrdersTextsWithoutRegardToCase) {
-    make("W", {field("WORD", dbText, 20)}, {index("WORD", {"WORD"})});
+    make("W", {field("WORD", dbText, 20)}, {plainIndex("WORD", {"WORD"})});
     Recordset rows = open("W");
     for (const char* word : {"b", "Éclair", "a", "C", "eclair", "A", "Zebra", "ähnlich", "B", "ß", "中", "é"})
         add(rows, {{"WORD", word}});
@@ -200,7 +200,7 @@ TEST_P(RecordsetSeek, FindsKeysOfEveryType) {
         const std::string table = "TYPE" + std::to_string(testCase.type);
         FieldDef key = field("K", testCase.type, 10);
         key.allowZeroLength = true;
-        make(table, {key, field("PLACE", dbLong)}, {index("K", {"K"})});
+        make(table, {key, field("PLACE", dbLong)}, {plainIndex("K", {"K"})});
         Recordset rows = open(table);
         for (std::size_t i = testCase.ascending.size(); i-- > 0;)
             add(rows, {{"K", testCase.ascending[i]}, {"PLACE", static_cast<std::int32_t>(i)}});
@@ -226,7 +226,7 @@ TEST_P(RecordsetSeek, WorksOnAnIndexOfTwelveFields) {
         keys.push_back("K" + std::to_string(i));
         fields.push_back(field(keys.back(), dbLong));
     }
-    make("WIDE", fields, {index("ALL", keys)});
+    make("WIDE", fields, {plainIndex("ALL", keys)});
     Recordset rows = open("WIDE");
     for (const int last : {3, 1, 2}) {
         rows.AddNew();
