@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tol::data::sqlite {
 
@@ -55,6 +56,8 @@ class CatalogueTables {
     void setOrdinal(const std::string& table, const std::string& column, int ordinal);
     void setAllowZeroLength(const std::string& table, const std::string& column, bool allow);
     void removeField(const std::string& table, const std::string& column);
+    /// Columns of deleted fields.
+    [[nodiscard]] std::vector<std::string> deletedColumns(const std::string& table);
     void removeDeletedFields(const std::string& table);
 
     void putIndex(const IndexRow& row);

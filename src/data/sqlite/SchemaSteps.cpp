@@ -137,6 +137,17 @@ void SchemaSteps::removeColumn(const PhysicalTable& table, const std::string& co
     m_catalogue.removeField(table.sqlName, column);
 }
 
+void SchemaSteps::removeHiddenColumns(const PhysicalTable& table) {
+    const auto columns = m_catalogue.deletedColumns(table.sqlName);
+    if (columns.empty())
+        return;
+    TableRebuild rebuild(m_connection, table.sqlName);
+    for (const auto& column : columns)
+        rebuild.removeColumn(column);
+    rebuild.run();
+    m_catalogue.removeDeletedFields(table.sqlName);
+}
+
 std::string SchemaSteps::freeHiddenName(const std::string& table) {
     auto query = m_connection.cached("SELECT max(CAST(substr(name, length(?1) + 1) AS INTEGER)) "
                                      "FROM pragma_table_xinfo(?2) WHERE substr(name, 1, length(?1)) = ?1");

@@ -21,6 +21,8 @@ class SchemaSteps {
     void addField(const PhysicalTable& table, const FieldDef& field);
     /// Hides the column where it can: to drop it rewrites the table.
     void dropField(const PhysicalTable& table, std::size_t field);
+    /// Takes the columns of deleted fields out of the table.
+    void removeHiddenColumns(const PhysicalTable& table);
     void renameField(const PhysicalTable& table, std::size_t field, const std::string& newName);
 
     void createIndex(const PhysicalTable& table, const IndexDef& index);

@@ -331,11 +331,14 @@ void SqliteStore::settle() {
 }
 
 void SqliteStore::compact() {
+    const auto names = tableNames();
+    run(names, [&] {
+        for (const auto& name : names)
+            m_steps.removeHiddenColumns(*state(name)->table);
+    });
     settle();
-    for (const auto& name : tableNames())
-        m_locks.hold(name, state(name)->uses);
+    // By now the tables are free again; the file as a whole is rewritten under SQLite's own lock.
     m_session->connection().execute("VACUUM");
-    m_locks.releaseHeld();
 }
 
 } // namespace tol::data::sqlite
