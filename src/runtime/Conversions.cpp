@@ -59,24 +59,25 @@ Decimal numberIn(std::string_view text) {
 }
 
 /// What is common to the conversions into numbers: which alternatives are errors, and what stands for
-/// the others. `From` is called with an arithmetic value, a Currency, or a Decimal read from a text.
-template <typename From>
-auto convertNumber(const Value& value, From from) {
-    return value.visit([&](const auto& held) -> decltype(from(0.0)) {
-        using T = std::decay_t<decltype(held)>;
-        if constexpr (std::same_as<T, Empty>)
-            return from(std::int32_t{0});
-        else if constexpr (std::same_as<T, Null>)
-            raise(errInvalidNull);
-        else if constexpr (std::same_as<T, Bytes>)
-            raise(errTypeMismatch);
-        else if constexpr (std::same_as<T, std::string>)
-            return from(numberIn(held));
-        else if constexpr (std::same_as<T, Date>)
-            return from(held.serial);
-        else
-            return from(held);
-    });
+/// the others. `Convert` is called with an arithmetic value, a Currency, or a Decimal read from a text.
+template <typename Convert>
+struct FromHeld {
+    using Result = std::invoke_result_t<Convert, double>;
+
+    Result operator()(Empty) const { return Convert{}(std::int32_t{0}); }
+    Result operator()(Null) const { raise(errInvalidNull); }
+    Result operator()(const Bytes&) const { raise(errTypeMismatch); }
+    Result operator()(const std::string& text) const { return Convert{}(numberIn(text)); }
+    Result operator()(Date date) const { return Convert{}(date.serial); }
+    template <Numeric T>
+    Result operator()(T number) const {
+        return Convert{}(number);
+    }
+};
+
+template <typename Convert>
+auto convertNumber(const Value& value) {
+    return value.visit(FromHeld<Convert>{});
 }
 
 struct ToWhole {
@@ -89,7 +90,7 @@ struct ToWhole {
 
 template <typename Target>
 Target toWhole(const Value& value) {
-    const std::int64_t result = convertNumber(value, ToWhole{});
+    const std::int64_t result = convertNumber<ToWhole>(value);
     if (result < std::numeric_limits<Target>::min() || result > std::numeric_limits<Target>::max())
         raise(errOverflow);
     return static_cast<Target>(result);
@@ -128,37 +129,53 @@ struct ToBoolean {
     bool operator()(T value) const { return value != T{}; }
 };
 
-// Equality
+template <typename T>
+constexpr bool isExact = WholeNumber<T> || std::same_as<T, Currency>;
 
-struct ValuesEqual {
-    bool operator()(Empty, Empty) const { return true; }
-    bool operator()(Null, Null) const { return true; }
-    bool operator()(const Bytes& left, const Bytes& right) const { return left == right; }
-    bool operator()(const std::string& left, const std::string& right) const { return sameText(left, right); }
-    bool operator()(Date left, Date right) const {
-        return left.serial == right.serial || dateParts(left) == dateParts(right);
-    }
-    bool operator()(Currency left, Currency right) const { return left == right; }
-    bool operator()(const WholeNumber auto& left, const WholeNumber auto& right) const {
+template <Numeric A, Numeric B>
+bool amountsEqual(const A& left, const B& right) {
+    if constexpr (WholeNumber<A> && WholeNumber<B>)
         return whole(left) == whole(right);
-    }
-    bool operator()(Currency left, const WholeNumber auto& right) const {
-        return left == ToCurrency{}(right);
-    }
-    bool operator()(const WholeNumber auto& left, Currency right) const {
-        return ToCurrency{}(left) == right;
-    }
-    bool operator()(const Numeric auto& left, const Numeric auto& right) const {
+    else if constexpr (isExact<A> && isExact<B>)
+        return ToCurrency{}(left) == ToCurrency{}(right);
+    else
         return ToDouble{}(left) == ToDouble{}(right);
-    }
-    bool operator()(Date left, const Numeric auto& right) const { return left.serial == ToDouble{}(right); }
-    bool operator()(const Numeric auto& left, Date right) const { return ToDouble{}(left) == right.serial; }
-    bool operator()(Empty, const Numeric auto& right) const { return !ToBoolean{}(right); }
-    bool operator()(const Numeric auto& left, Empty) const { return !ToBoolean{}(left); }
-    bool operator()(Empty, const std::string& right) const { return right.empty(); }
-    bool operator()(const std::string& left, Empty) const { return left.empty(); }
-    bool operator()(const auto&, const auto&) const { return false; }
-};
+}
+
+/// Whether a value counts as one that was never assigned.
+template <typename T>
+bool isInitial(const T& value) {
+    if constexpr (std::same_as<T, Empty>)
+        return true;
+    else if constexpr (Numeric<T>)
+        return !ToBoolean{}(value);
+    else if constexpr (std::same_as<T, std::string>)
+        return value.empty();
+    else
+        return false;
+}
+
+template <typename A, typename B>
+bool heldEqual(const A& left, const B& right) {
+    if constexpr (std::same_as<A, Empty>)
+        return isInitial(right);
+    else if constexpr (std::same_as<B, Empty>)
+        return isInitial(left);
+    else if constexpr (Numeric<A> && Numeric<B>)
+        return amountsEqual(left, right);
+    else if constexpr (std::same_as<A, Date> && Numeric<B>)
+        return amountsEqual(left.serial, right);
+    else if constexpr (Numeric<A> && std::same_as<B, Date>)
+        return amountsEqual(left, right.serial);
+    else if constexpr (!std::same_as<A, B>)
+        return false;
+    else if constexpr (std::same_as<A, std::string>)
+        return sameText(left, right);
+    else if constexpr (std::same_as<A, Date>)
+        return left == right || dateParts(left) == dateParts(right);
+    else
+        return left == right;
+}
 
 } // namespace
 
@@ -170,7 +187,7 @@ bool toBoolean(const Value& value) {
         if (sameText(text, "False"))
             return false;
     }
-    return convertNumber(value, ToBoolean{});
+    return convertNumber<ToBoolean>(value);
 }
 
 std::uint8_t toByte(const Value& value) {
@@ -187,7 +204,7 @@ std::int32_t toLong(const Value& value) {
 }
 
 Currency toCurrency(const Value& value) {
-    return convertNumber(value, ToCurrency{});
+    return convertNumber<ToCurrency>(value);
 }
 
 float toSingle(const Value& value) {
@@ -200,7 +217,7 @@ float toSingle(const Value& value) {
 }
 
 double toDouble(const Value& value) {
-    return convertNumber(value, ToDouble{});
+    return convertNumber<ToDouble>(value);
 }
 
 double leadingNumber(std::string_view text) {
@@ -209,7 +226,7 @@ double leadingNumber(std::string_view text) {
 
 bool valuesEqual(const Value& left, const Value& right) {
     return left.visit(
-        [&](const auto& a) { return right.visit([&](const auto& b) { return ValuesEqual{}(a, b); }); });
+        [&](const auto& a) { return right.visit([&](const auto& b) { return heldEqual(a, b); }); });
 }
 
 std::string fourDecimals(Currency amount) {

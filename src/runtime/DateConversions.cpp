@@ -65,10 +65,12 @@ class DateScanner {
     };
     Number takeNumber(int least, int most) {
         Number number;
-        while (static_cast<std::size_t>(number.digits) < m_text.size() && isDigit(m_text[number.digits])) {
+        for (const char c : m_text) {
+            if (!isDigit(c))
+                break;
             if (number.digits == most)
                 return {};
-            number.value = number.value * 10 + (m_text[number.digits] - '0');
+            number.value = number.value * 10 + (c - '0');
             ++number.digits;
         }
         if (number.digits < least)
