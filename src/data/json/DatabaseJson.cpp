@@ -31,7 +31,9 @@ void makeDatabase(const std::string& file, std::istream& in, const RowWatcher& w
     {
         Workspace workspace = DBEngine::CreateWorkspace("wksJSON");
         Database database = workspace.CreateDatabase(staged.path().string());
+        workspace.BeginTrans();
         readDatabase(in, database, watcher);
+        workspace.CommitTrans();
         database.Close();
         workspace.Close();
     }
