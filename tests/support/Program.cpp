@@ -105,6 +105,11 @@ int Program::kill() {
     return wait();
 }
 
+void Program::interrupt() const {
+    if (m_process > 0)
+        ::kill(m_process, SIGINT);
+}
+
 std::string Program::out() const {
     return contentOf(m_out);
 }
