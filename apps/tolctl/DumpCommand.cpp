@@ -7,6 +7,8 @@
 
 #include <iostream>
 
+#include <unistd.h>
+
 namespace tol::ctl {
 namespace {
 
@@ -19,7 +21,8 @@ constexpr const char* closing =
 
 } // namespace
 
-DumpCommand::DumpCommand(CLI::App& program) : Command(program, "dump", "Print a database as JSON") {
+DumpCommand::DumpCommand(CLI::App& program)
+    : Command(program, "dump", "Print a database as JSON"), m_progress(isatty(STDOUT_FILENO) == 0) {
     app().add_option("FILE", m_file, "The database")->required()->type_name("");
     app().add_flag("--schema-only", m_schemaOnly, "Tables, fields and indexes without rows");
     app().footer(closing);
@@ -29,7 +32,6 @@ ExitStatus DumpCommand::execute() {
     data::Workspace workspace = data::DBEngine::CreateWorkspace("wksDUMP");
     data::Database database = workspace.OpenDatabase(m_file, false, true);
     data::json::writeDatabase(database, std::cout, {m_schemaOnly, rowReport(m_progress)});
-    std::cout << std::flush;
     m_progress.clear();
     return ExitStatus::Finished;
 }

@@ -17,7 +17,7 @@ class DumpCommand : public Command {
   private:
     std::string m_file;
     bool m_schemaOnly = false;
-    ProgressLine m_progress;
+    ProgressLine m_progress; ///< not where the JSON itself runs over the terminal
 };
 
 } // namespace tol::ctl

@@ -33,11 +33,22 @@ void tell(const std::string& text) {
     std::cerr << "tolctl: " << text << "\n";
 }
 
+ExitStatus tellStopped() {
+    tell("stopped.");
+    return ExitStatus::Stopped;
+}
+
 ExitStatus tellError(const runtime::RuntimeError& error) {
     tell(error.description() + " (error " + std::to_string(error.number()) + ")");
     if (!error.engineText().empty())
         std::cerr << "  " << error.engineText() << "\n";
     return ExitStatus::CouldNotStart;
+}
+
+/// What was printed last may only now turn out to have no place.
+void requireOutput() {
+    if (!std::cout.flush())
+        throw runtime::RuntimeError(runtime::errDiskOrNetwork, "Standard output can't be written.");
 }
 
 } // namespace
@@ -65,7 +76,9 @@ void Program::add() {
 ExitStatus Program::run(int count, const char* const* words) {
     try {
         m_app.parse(count, words);
-        return runChosen();
+        const ExitStatus status = runChosen();
+        requireOutput();
+        return status;
     } catch (const CLI::Success& asked) {
         m_app.exit(asked);
         return ExitStatus::Finished;
@@ -76,10 +89,10 @@ ExitStatus Program::run(int count, const char* const* words) {
         tell(error.what());
         return ExitStatus::WrongUsage;
     } catch (const runtime::RuntimeError& error) {
-        return tellError(error);
+        // A read that a signal broke off looks like the end of the text.
+        return interrupted() ? tellStopped() : tellError(error);
     } catch (const Stopped&) {
-        tell("stopped.");
-        return ExitStatus::Stopped;
+        return tellStopped();
     } catch (const std::exception& error) {
         tell(error.what());
         return ExitStatus::CouldNotStart;

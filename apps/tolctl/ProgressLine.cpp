@@ -24,7 +24,7 @@ long terminalWidth() {
 
 } // namespace
 
-ProgressLine::ProgressLine() : m_terminal(isatty(STDERR_FILENO) != 0) {}
+ProgressLine::ProgressLine(bool wanted) : m_terminal(wanted && isatty(STDERR_FILENO) != 0) {}
 
 bool ProgressLine::due() {
     const Clock::time_point now = Clock::now();

@@ -11,7 +11,8 @@ namespace tol::ctl {
 /// look at the clock.
 class ProgressLine {
   public:
-    ProgressLine();
+    /// `wanted` is false where the terminal shows something better.
+    explicit ProgressLine(bool wanted = true);
 
     /// Draws the text that the function makes, if it is time to draw.
     template <typename MakeText>

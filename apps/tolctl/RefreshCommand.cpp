@@ -72,6 +72,8 @@ ExitStatus RefreshCommand::execute() {
     host.placeFrom([&] { return view.place(); });
     refresh.RefreshDefinitions();
     m_progress.clear();
+    if (view.label(RefreshLabel::DBNAME).empty()) // the tables could not be emptied
+        return ExitStatus::CouldNotStart;
 
     const bool isFinished = view.label(RefreshLabel::DBNAME) == finished;
     const Counts counts = countRows();

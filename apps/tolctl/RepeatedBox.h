@@ -17,6 +17,11 @@ class RepeatedBox {
     /// Tells of a box; true when it has now shown `limit` times in a row for its place.
     bool shown(const std::string& place, const std::string& title, const std::string& text);
     void yielded() { m_yielded = true; }
+    /// Whether it is a box that has shown `limit` times already, wherever it comes now. An update that
+    /// is stopped begins one more database before it ends.
+    [[nodiscard]] bool exhausted(const std::string& title, const std::string& text) const {
+        return m_count >= limit && title == m_title && text == m_text;
+    }
 
   private:
     std::string m_place, m_title, m_text;

@@ -34,15 +34,16 @@ std::string SiteChoice::tag(update::DefinitionUpdate& run) {
     for (const Site& site : sites) {
         if (!wanted(site))
             continue;
-        // A number of 0 stands for a free place of the tag list, so such a site can't be tagged.
-        if (site.tags.DBTAG == 0 || (m_request.all && place == update::maxTaggedItems))
+        if (site.tags.DBTAG == 0)
+            m_withoutNumber.push_back(site.tags.PATHNAME);
+        else if (place < update::maxTaggedItems)
+            run.tagList()[place++] = site.tags;
+        else if (m_request.all)
             m_leftOut.push_back(site.tags.PATHNAME);
-        else if (place == update::maxTaggedItems)
+        else
             throw UsageError(fmt::format("a run takes at most {} Job Sites, and more than that bear the "
                                          "names given.",
                                          update::maxTaggedItems));
-        else
-            run.tagList()[place++] = site.tags;
     }
     return std::string(noSite);
 }

@@ -25,9 +25,11 @@ class SiteChoice {
     /// Raises UsageError for a name that no site bears, for more sites than a run takes, and for no request
     /// where the list has several.
     std::string tag(update::DefinitionUpdate& run);
-    /// Names of sites that were left out, with `--all`: those behind the last place of the tag list, and
-    /// those without a number.
+    /// Names of the sites behind the last place of the tag list, with `all`.
     [[nodiscard]] const std::vector<std::string>& leftOut() const { return m_leftOut; }
+    /// Names of chosen sites whose number is 0. That stands for a free place of the tag list, so that they
+    /// can't be tagged.
+    [[nodiscard]] const std::vector<std::string>& withoutNumber() const { return m_withoutNumber; }
 
   private:
     struct Site {
@@ -41,7 +43,7 @@ class SiteChoice {
     void requireKnownNames(const std::vector<Site>& sites) const;
 
     const SiteRequest& m_request;
-    std::vector<std::string> m_leftOut;
+    std::vector<std::string> m_leftOut, m_withoutNumber;
 };
 
 } // namespace tol::ctl

@@ -37,9 +37,11 @@ MsgResult TerminalHost::showMsgBox(const std::string& text, runtime::MsgStyle st
         return answerQuestion(text, title);
     // Nobody is there to confirm what an OK would do.
     const MsgResult answer = style.buttons == MsgButtons::Ok ? MsgResult::Ok : MsgResult::Cancel;
-    print(text, title);
-    m_messages.add({title, text, wordFor(answer)});
-    noteTrouble(text, title);
+    if (!m_repeated.exhausted(title, text)) {
+        print(text, title);
+        m_messages.add({title, text, wordFor(answer)});
+        noteTrouble(text, title);
+    }
     return answer;
 }
 
@@ -85,7 +87,7 @@ void TerminalHost::print(const std::string& text, const std::string& title) {
 
 void TerminalHost::noteTrouble(const std::string& text, const std::string& title) {
     m_troubled = true;
-    if (!m_repeated.shown(m_place(), title, text) || m_stopped)
+    if (!m_repeated.shown(m_place(), title, text))
         return;
     std::cerr << "This would go on for ever: it came " << RepeatedBox::limit
               << " times in a row at the same place. Stopping.\n";

@@ -57,7 +57,7 @@ ExitStatus UpdateCommand::execute() {
         if (m_json)
             return;
         m_progress.clear();
-        std::cout << ActivityTable().line(row) << "\n";
+        std::cout << ActivityTable().line(row) << std::endl; // for who follows the run
     });
     if (!run(host, view, summary))
         return ExitStatus::CouldNotStart;
@@ -71,7 +71,10 @@ bool UpdateCommand::run(TerminalHost& host, TerminalView& view, RunSummary& summ
     SiteChoice choice(m_sites);
     const std::string mark = choice.tag(update);
     for (const std::string& name : choice.leftOut())
-        std::cerr << "tolctl: left out: " << name << "\n";
+        std::cerr << "tolctl: a run takes " << update::maxTaggedItems << " Job Sites; left out: " << name
+                  << "\n";
+    for (const std::string& name : choice.withoutNumber())
+        std::cerr << "tolctl: left out, since it has no number: " << name << "\n";
 
     host.onStop([&] { update.Cancel(); });
     host.placeFrom([&] { return view.place(); });
@@ -83,7 +86,7 @@ bool UpdateCommand::run(TerminalHost& host, TerminalView& view, RunSummary& summ
     update.ProcessTaggedItems(mark);
     host.onStop([] {});
     m_progress.clear();
-    m_anyIncomplete = update.anyIncomplete();
+    m_anyIncomplete = update.anyIncomplete() || !choice.withoutNumber().empty();
     return update.ended() || !view.label(RunLabel::NPPATHNAME).empty();
 }
 

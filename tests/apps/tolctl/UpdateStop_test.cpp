@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "WorkCase.h"
+
+#include <gmock/gmock.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <thread>
+
+namespace tol::test {
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+using testing::Not;
+
+class UpdateStopTest : public testing::Test {
+  protected:
+    static void waitFor(const std::function<bool()>& condition) {
+        while (!condition())
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+
+    WorkCase m_case;
+};
+
+// There is no field type 99, so the table is begun again and again.
+TEST_F(UpdateStopTest, AFieldThatFailsForEverStopsTheRunAfterThreeBoxes) {
+    m_case.want("WORK", "CREW", "BAD", 99, 0);
+    m_case.finish();
+    const Outcome outcome = m_case.run({"update", "--json"});
+    EXPECT_EQ(outcome.status, 4);
+    const Json report = outcome.json();
+    EXPECT_EQ(report["result"], "STOPPED");
+    ASSERT_EQ(report["messages"].size(), 3U);
+    EXPECT_EQ(report["messages"][0], report["messages"][2]);
+    EXPECT_THAT(report["messages"][0]["text"], HasSubstr("ModifyTable"));
+    EXPECT_THAT(outcome.err, HasSubstr("it came 3 times in a row at the same place. Stopping.\n"));
+}
+
+TEST_F(UpdateStopTest, ATableThatFailsForEverStopsTheRunAfterThreeBoxes) {
+    m_case.want("WORK", "TOOLS", "BAD", 99, 0);
+    m_case.finish();
+    const Outcome outcome = m_case.run({"update", "--json"});
+    EXPECT_EQ(outcome.status, 4);
+    EXPECT_EQ(outcome.json()["messages"].size(), 3U);
+    EXPECT_THAT(outcome.json()["messages"][0]["text"], HasSubstr("AddNewTable"));
+}
+
+// The first conversion fails and leaves its temporary field, so that those of the other fields of the
+// table fail alike, each once: that comes to an end by itself.
+TEST_F(UpdateStopTest, TheSameBoxForEachOfManyFieldsDoesNotStopTheRun) {
+    m_case.addField("AMOUNT", 5, {"99999999999.0000", "1.0000", "2.0000"}, 4, 4);
+    for (const char* name : {"B1", "B2", "B3", "B4"})
+        m_case.addField(name, 3, {1, 2, 3}, 4, 4);
+    m_case.finish();
+    const Outcome outcome = m_case.run({"update", "--json"});
+    EXPECT_EQ(outcome.status, 3);
+    const Json report = outcome.json();
+    EXPECT_EQ(report["result"], "Finished");
+    EXPECT_GE(report["messages"].size(), 5U);
+    EXPECT_EQ(report["messages"][1], report["messages"][4]);
+}
+
+// The same box at three sites is three boxes.
+TEST_F(UpdateStopTest, TheSameBoxAtSeveralSitesDoesNotStopTheRun) {
+    m_case.addField("DAY", 10, {"no date", "", ""}, 8, 8);
+    m_case.addSite("SOUTH", "C:\\SOUTH");
+    m_case.addSite("WEST", "C:\\WEST");
+    m_case.finish();
+    for (const char* site : {"SOUTH", "WEST"})
+        std::filesystem::copy(m_case.folder.driveC() / "NORTH" / "WORK.MDB",
+                              m_case.folder.driveC() / site / "WORK.MDB");
+    const Outcome outcome = m_case.run({"update", "--json", "--all"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.json()["result"], "Finished");
+}
+
+TEST_F(UpdateStopTest, AnInterruptStopsAtTheNextYield) {
+    Json values = Json::array();
+    m_case.addField("PAY", 4, {1, 2, 3}, 7, 8);
+    m_case.want("WORK", "BULK", "AAA", 12, 0);
+    m_case.want("WORK", "BULK", "PAY", 7, 8);
+    m_case.addDatabase("LATER");
+    m_case.finish();
+    std::filesystem::remove(m_case.folder.driveC() / "NORTH" / "WORK.MDB");
+    Json rows = Json::array();
+    for (int row = 0; row < 60000; ++row)
+        rows.push_back(Json::array({row}));
+    m_case.load("drives/c/NORTH/WORK.MDB",
+                databaseOf({tableOf("BULK", Json::parse(R"([["PAY", 4, 4]])"), rows)}));
+
+    Program update(TOL_CTL_PROGRAM, {"update"}, m_case.folder.path());
+    waitFor([&] { return update.out().find("Added New Field") != std::string::npos; });
+    update.interrupt();
+    EXPECT_EQ(update.wait(), 4);
+    EXPECT_THAT(update.err(), HasSubstr("STOPPED. WARNING: DATABASE DEFINITION UPDATE INCOMPLETE."));
+    const Json log = m_case.run({"log", "--json"}).json();
+    for (const Json& row : log)
+        EXPECT_NE(row["DBNAME"], "LATER");
+}
+
+TEST_F(UpdateStopTest, AnInterruptAtAQuestionIsANo) {
+    m_case.addField("PAY", 10, {"1", "2", "3"}, 5, 8);
+    m_case.finish();
+    int ends[2] = {};
+    ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+    Program update(TOL_CTL_PROGRAM, {"update", "--json", "--on-unconvertible", "ask"}, m_case.folder.path(),
+                   [&] { dup2(ends[0], STDIN_FILENO); });
+    waitFor([&] { return update.err().find("Yes or No? ") != std::string::npos; });
+    update.interrupt();
+    close(ends[1]);
+    EXPECT_EQ(update.wait(), 4);
+    const Json report = Json::parse(update.out());
+    EXPECT_EQ(report["result"], "STOPPED");
+    EXPECT_EQ(report["messages"][0]["answer"], "No");
+    close(ends[0]);
+}
+
+} // namespace
+} // namespace tol::test

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "CaseFolder.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+namespace tol::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+class UsageTest : public testing::Test {
+  protected:
+    CaseFolder m_case;
+};
+
+TEST_F(UsageTest, HelpGoesToStandardOutput) {
+    for (const char* option : {"--help", "-h"}) {
+        const Outcome help = m_case.run({option});
+        EXPECT_EQ(help.status, 0);
+        EXPECT_THAT(help.err, IsEmpty());
+        for (const char* command : {"update", "refresh", "log", "dump", "load", "compact", "demo"})
+            EXPECT_THAT(help.out, HasSubstr(std::string("\n  ") + command));
+        EXPECT_THAT(help.out, HasSubstr("--dir DIR"));
+        EXPECT_THAT(help.out, HasSubstr("4 stopped"));
+    }
+}
+
+struct CommandHelp {
+    const char* command;
+    std::vector<const char*> mentions;
+};
+
+class CommandHelpTest : public UsageTest, public testing::WithParamInterface<CommandHelp> {};
+
+TEST_P(CommandHelpTest, NamesItsOptions) {
+    const Outcome help = m_case.run({GetParam().command, "--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_THAT(help.err, IsEmpty());
+    EXPECT_THAT(help.out, HasSubstr(std::string("tolctl ") + GetParam().command));
+    for (const char* word : GetParam().mentions)
+        EXPECT_THAT(help.out, HasSubstr(word));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, CommandHelpTest,
+    testing::Values(CommandHelp{"update",
+                                {"--site NAME", "--all", "--module CODE", "--on-unconvertible",
+                                 "ask|continue|quiet|stop", "--json"}},
+                    CommandHelp{"refresh", {"--json"}}, CommandHelp{"log", {"--json"}},
+                    CommandHelp{"dump", {"FILE", "--schema-only"}}, CommandHelp{"load", {"FILE", "JSON"}},
+                    CommandHelp{"compact", {"FILE"}}, CommandHelp{"demo", {"DIR"}}),
+    [](const auto& test) { return test.param.command; });
+
+TEST_F(UsageTest, TellsItsVersion) {
+    const Outcome version = m_case.run({"--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_THAT(version.out, StartsWith("tolctl 1."));
+}
+
+class WrongUsageTest : public UsageTest, public testing::WithParamInterface<std::vector<std::string>> {};
+
+TEST_P(WrongUsageTest, IsStatusTwoAndTouchesNothing) {
+    const Outcome outcome = m_case.run(GetParam());
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.out, IsEmpty());
+    EXPECT_THAT(outcome.err, HasSubstr("--help"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    CommandLines, WrongUsageTest,
+    testing::Values(std::vector<std::string>{}, std::vector<std::string>{"upgrade"},
+                    std::vector<std::string>{"--nonsense"}, std::vector<std::string>{"dump"},
+                    std::vector<std::string>{"dump", "A", "B"}, std::vector<std::string>{"load", "A"},
+                    std::vector<std::string>{"log", "--all"}, std::vector<std::string>{"log", "dump", "A"},
+                    std::vector<std::string>{"update", "--site"}, std::vector<std::string>{"update", "NORTH"},
+                    std::vector<std::string>{"update", "--all", "--site", "NORTH"},
+                    std::vector<std::string>{"update", "--on-unconvertible", "maybe"},
+                    std::vector<std::string>{"--dir"}));
+
+TEST_F(UsageTest, WorksInTheFolderThatIsNamed) {
+    m_case.load("A.MDB", databaseOf({}));
+    std::filesystem::create_directory(m_case.folder / "elsewhere");
+    const std::string here = m_case.folder.path();
+    EXPECT_EQ(m_case.run({"--dir", here, "dump", "A.MDB"}).status, 0);
+    EXPECT_EQ(m_case.run({"dump", "A.MDB", "--dir", here}).status, 0);
+    EXPECT_EQ(m_case.run({"--dir", "elsewhere", "dump", "A.MDB"}).status, 1);
+    EXPECT_EQ(m_case.run({"--dir", "elsewhere", "dump", "../A.MDB"}).status, 0);
+    EXPECT_EQ(m_case.run({"--dir", "elsewhere", "load", "B.MDB", "-"}, R"({"tables": []})").status, 0);
+    EXPECT_TRUE(std::filesystem::exists(m_case.folder / "elsewhere" / "B.MDB"));
+}
+
+TEST_F(UsageTest, AFolderThatIsMissingIsStatusOne) {
+    const Outcome outcome = m_case.run({"--dir", "nowhere", "log"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.out, IsEmpty());
+    EXPECT_THAT(outcome.err, StartsWith("tolctl: The folder 'nowhere' can't be entered. (error 76)\n"));
+}
+
+TEST_F(UsageTest, AMissingDatabaseIsStatusOneAndNamed) {
+    for (const char* command : {"update", "refresh", "log"}) {
+        const Outcome outcome = m_case.run({command});
+        EXPECT_EQ(outcome.status, 1) << command;
+        EXPECT_THAT(outcome.out, IsEmpty());
+        EXPECT_THAT(outcome.err, HasSubstr(".MDB'. (error 3024)"));
+    }
+}
+
+} // namespace
+} // namespace tol::test
