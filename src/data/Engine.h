@@ -28,8 +28,8 @@ enum class SeekOperator { Equal, GreaterOrEqual };
 
 /// A walk over one table. It stands on a row or on none. A step continues from where the row stood
 /// when it was reached, even if the row has been changed or deleted since; a row that update() moved
-/// ahead in the order is not met a second time in the same walk. Nothing is held open in the file between
-/// calls.
+/// ahead in the order is not met a second time in the same walk, which ends with a step in the other
+/// direction or a jump. Nothing is held open in the file between calls.
 class Cursor {
   public:
     virtual ~Cursor() = default;
