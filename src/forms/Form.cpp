@@ -46,6 +46,8 @@ void Form::showModeless() {
         return;
     if (!m_sizable)
         setFixedSize(m_size);
+    if (outer().isMinimized())
+        outer().showNormal();
     outer().show();
     outer().raise();
     if (m_frame != nullptr)

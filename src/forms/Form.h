@@ -4,6 +4,7 @@
 #include "forms/Keys.h"
 #include "forms/Twips.h"
 
+#include <QPointer>
 #include <QWidget>
 
 class QEventLoop;
@@ -27,7 +28,7 @@ class Form : public QWidget {
     /// Enters the form among the loaded ones and runs its Load, unless it is loaded already.
     void load();
     [[nodiscard]] bool isLoaded() const { return m_loaded; }
-    /// Loads and shows the form and returns at once.
+    /// Loads and shows the form, in front and no longer minimised, and returns at once.
     void showModeless();
     /// Loads and shows the form in front of its owner and returns when it has been unloaded.
     void showModal(QWidget* owner);
@@ -60,7 +61,7 @@ class Form : public QWidget {
         ~Hold();
 
       private:
-        Form* m_form;
+        QPointer<Form> m_form;
     };
 
   protected:

@@ -187,6 +187,16 @@ TEST_F(Mdi, ChildrenAreToldWhenTheyComeToTheFront) {
     EXPECT_THAT(parent.events, ElementsAre("Activate frmA"));
 }
 
+TEST_F(Mdi, ShownAgainAMinimisedChildComesBackToTheFront) {
+    Child& first = add("frmA");
+    add("frmB");
+    frameOf(first).showMinimized();
+    first.showModeless();
+    EXPECT_FALSE(frameOf(first).isMinimized());
+    EXPECT_EQ(parent.findChild<QMdiArea*>()->activeSubWindow(), &frameOf(first));
+    EXPECT_EQ(first.size(), QSize(200, 100));
+}
+
 TEST_F(Mdi, AClosedChildIsUnloadedAndThenGone) {
     QPointer<Form> child = &add("frmChild");
     QPointer<QMdiSubWindow> frame = &frameOf(*child);
