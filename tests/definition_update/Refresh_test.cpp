@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: MIT
+// The refresh of the wanted definition from reference databases, and of the network's lists.
+#include "UpdateWorld.h"
+
+#include "definition_update/engine/DefinitionRefresh.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace tol::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using update::RefreshLabel;
+
+const std::string blankSlot(20, ' ');
+
+class RefreshRecorder : public update::RefreshView {
+  public:
+    void showLabel(RefreshLabel label, const std::string& text) override {
+        labels[label] = text;
+        history[label].push_back(text);
+    }
+    void enableCancel() override { ++cancelEnabled; }
+
+    std::map<RefreshLabel, std::string> labels;
+    std::map<RefreshLabel, std::vector<std::string>> history;
+    int cancelEnabled = 0;
+};
+
+class Refresh : public testing::Test {
+  protected:
+    Refresh() {
+        const Json reference = Json::parse(R"({
+            "Orders": {"fields": [["Id", 4], ["note", 12], ["Zip", 10, 5]], "indexes": {"ById": ["Id", "Zip"]}},
+            "Bare": {},
+            "mSysOwn": {"fields": [["X", 4]], "indexes": {"ByX": ["X"]}}})");
+        world.addFile("drives/c/REF/JOBS.MDB", reference);
+        world.addFile("drives/c/REF/NETCOPY.MDB",
+                      Json::parse(R"({"MODULES": {"fields": [["MODULEID", 10, 3]]}})"));
+        world.addFile("NETPATH.MDB",
+                      Json::parse(R"({"NETPATH": {"fields": [["Path", 10, 50]], "rows": [["C:\\NET"]]}})"));
+        world.addFile("drives/c/NET/ZOVNET.MDB", Json::parse(R"({
+            "MODULES": {"fields": [["MODULEID", 10, 3], ["MODULENAME", 10, 30]], "indexes": {"MODULES": ["MODULEID"]},
+                        "rows": [["PAY", "Payroll"], ["ACC", null]]},
+            "USERACCESSITEMS": {
+                "fields": [["UAITAG", 4], ["MODULEID", 10, 3], ["UAICODE", 10, 10], ["Desc", 10, 40], ["FORMNAME", 10, 20],
+                           ["EXTRA", 4]],
+                "indexes": {"USERACCESSITEMS": ["MODULEID", "UAICODE"]},
+                "rows": [[2, "PAY", "RUN", "Run it", "frmRUN", 9], [1, "ACC", "SEE", "See it", "frmSEE", 9]]}})"));
+    }
+
+    static void list(const Json& databases) { UpdateWorld::addRowsOf("DATABASES", databases); }
+    static void listJobsAndNet() {
+        list(Json::parse(R"([["ZNET", "NETPATH", "N", false, "c:\\ref", " netcopy ", "Network"],
+                             ["jobs", "DBPATHS", "N", false, " C:\\REF", null, "Jobs of a site"]])"));
+    }
+    static Json table(const std::string& name) { return readDatabase("ZOVDEF.MDB")[name]["rows"]; }
+
+    bool refresh(const std::string& netLocation = " ", int cancelAtYield = 0) {
+        update::DefinitionRefresh refreshing(view, netLocation);
+        world.host.onYield = [&] {
+            if (world.host.yields == cancelAtYield)
+                refreshing.Cancel();
+        };
+        const bool finished = refreshing.RefreshDefinitions();
+        world.host.onYield = {};
+        return finished;
+    }
+
+    UpdateWorld world;
+    RefreshRecorder view;
+};
+
+TEST_F(Refresh, fillsTheWantedDefinitionInUpperCase) {
+    listJobsAndNet();
+    UpdateWorld::addRowsOf("NEWDEF", Json::parse(R"([["OLD", "T", "F", 4, 4, 0]])"));
+    UpdateWorld::addRowsOf("NEWINDEXES", Json::parse(R"([["OLD", "T", "I", "F", "F"]])"));
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(table("NEWDEF"),
+              Json::parse(R"([["JOBS", "ORDERS", "ID", 4, 4, 0], ["JOBS", "ORDERS", "NOTE", 0, 12, 1],
+                                               ["JOBS", "ORDERS", "ZIP", 5, 10, 2], ["ZNET", "MODULES", "MODULEID", 3, 10, 0]])"));
+    Json index = Json::parse(R"(["JOBS", "Orders", "ById", "IdZip", "Id", "Zip"])");
+    for (int slot = 3; slot <= 10; ++slot)
+        index.push_back(blankSlot);
+    EXPECT_EQ(table("NEWINDEXES"), Json::array({index}));
+    EXPECT_THAT(world.host.boxes, IsEmpty());
+}
+
+TEST_F(Refresh, copiesTheNetworksLists) {
+    listJobsAndNet();
+    UpdateWorld::addRowsOf("MODULES", Json::parse(R"([["OLD", "Old"]])"));
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(table("MODULES"),
+              Json::array({Json::array({"ACC", std::string(30, ' ')}), Json::array({"PAY", "Payroll"})}));
+    EXPECT_EQ(
+        table("USERACCESSITEMS"),
+        Json::parse(R"([[1, "ACC", "SEE", "See it", "frmSEE"], [2, "PAY", "RUN", "Run it", "frmRUN"]])"));
+}
+
+TEST_F(Refresh, showsHowFarItHasCome) {
+    listJobsAndNet();
+    refresh();
+    EXPECT_EQ(view.cancelEnabled, 1);
+    EXPECT_THAT(view.history[RefreshLabel::DBNAME], ElementsAre("JOBS", "ZNET", "Finished"));
+    EXPECT_THAT(view.history[RefreshLabel::DBDESC],
+                ElementsAre("Jobs of a site", "Network", "Database Definitions Have Been Refreshed."));
+    EXPECT_THAT(view.history[RefreshLabel::TNAME],
+                ElementsAre(" ", "BARE", "ORDERS", "Bare", "Orders", " ", "MODULES", "MODULES", " "));
+    EXPECT_THAT(view.history[RefreshLabel::FNAME],
+                ElementsAre(" ", "ID", "NOTE", "ZIP", "Id", "Zip", " ", "MODULEID", " "));
+    EXPECT_THAT(view.history[RefreshLabel::INAME], ElementsAre(" ", "ById", " ", " "));
+}
+
+TEST_F(Refresh, asksForNothingWhenAReferenceIsMissing) {
+    list(Json::parse(R"([["AWAY", "DBPATHS", "N", false, "C:\\REF", "", "Not there"],
+                         ["JOBS", "DBPATHS", "N", false, "C:\\REF", "", "Jobs"]])"));
+    EXPECT_TRUE(refresh());
+    ASSERT_EQ(world.host.boxes.size(), 1U);
+    EXPECT_EQ(world.host.boxes[0].title, "Cannot Locate Target");
+    EXPECT_EQ(world.host.boxes[0].text, "Cannot Locate Target Database: C:\\REF\\AWAY.MDB");
+    EXPECT_EQ(world.host.boxes[0].style.icon, runtime::MsgIcon::Information);
+    EXPECT_EQ(table("NEWDEF").size(), 3U);
+}
+
+TEST_F(Refresh, cancelledKeepsWhatItHasAndStillCopiesTheLists) {
+    listJobsAndNet();
+    EXPECT_FALSE(refresh(" ", 1));
+    EXPECT_EQ(table("NEWDEF").size(), 3U);
+    EXPECT_EQ(view.labels[RefreshLabel::DBNAME], "Process Canceled");
+    EXPECT_EQ(view.labels[RefreshLabel::DBDESC], "Database Definitions ARE INCOMPLETE.");
+    EXPECT_EQ(table("MODULES").size(), 2U);
+    EXPECT_EQ(table("USERACCESSITEMS").size(), 2U);
+}
+
+TEST_F(Refresh, reportsAReferenceThatCantBeRead) {
+    list(Json::parse(
+        R"([["JOBS", "DBPATHS", "N", false, "C:\\REF", "", ""], ["TORN", "DBPATHS", "N", false, "C:\\REF", "", ""]])"));
+    world.folder.write("drives/c/REF/TORN.MDB", "torn to pieces, every single page of it");
+    EXPECT_FALSE(refresh());
+    ASSERT_EQ(world.host.boxes.size(), 1U);
+    EXPECT_EQ(world.host.boxes[0].title, "Error During Processing");
+    EXPECT_EQ(world.host.boxes[0].text,
+              "Error Encountered In Form: frmDBURefresh\nError: 3343 RefreshDefinitions\n"
+              "Unrecognized database format '" +
+                  (world.folder.path() / "drives/c/REF/TORN.MDB").string() + "'.");
+    EXPECT_EQ(table("NEWDEF").size(), 3U);
+    EXPECT_EQ(table("MODULES").size(), 0U);
+}
+
+TEST_F(Refresh, reportsANameThatTheDefinitionCantHoldAndGoesOn) {
+    const std::string longName(63, 'N');
+    world.addFile("drives/c/REF/WIDE.MDB",
+                  {{"T", {{"fields", Json::array({Json::array({"A", 4}), Json::array({longName, 4})})}}}});
+    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
+    data::Database definitions = workspace.OpenDatabase("ZOVDEF.MDB");
+    Json narrow = Json::object();
+    narrow["NEWDEF"] = readDatabase("ZOVDEF.MDB")["NEWDEF"];
+    narrow["NEWDEF"]["fields"][2][2] = 10;
+    definitions.TableDefs().Delete("NEWDEF");
+    addTables(definitions, narrow);
+    definitions.Close();
+    list(Json::parse(
+        R"([["WIDE", "DBPATHS", "N", false, "C:\\REF", "", ""], ["ZNET", "DBPATHS", "N", false, "C:\\REF", "NETCOPY", ""]])"));
+    EXPECT_FALSE(refresh());
+    EXPECT_THAT(world.host.texts(),
+                ElementsAre("Error Encountered In Form: frmDBURefresh\nError: 3163 FillNewTableDef\n"
+                            "The field 'FNAME' is too small to accept the amount of data."));
+    EXPECT_EQ(table("NEWDEF").size(), 2U);
+    EXPECT_EQ(view.labels[RefreshLabel::DBNAME], "Finished");
+    EXPECT_EQ(table("MODULES").size(), 2U);
+}
+
+TEST_F(Refresh, needsAListedDatabase) {
+    EXPECT_FALSE(refresh());
+    EXPECT_THAT(
+        world.host.texts(),
+        ElementsAre(
+            "Error Encountered In Form: frmDBURefresh\nError: 3021 RefreshDefinitions\nNo current record."));
+}
+
+TEST_F(Refresh, skipsTheDefinitionsWhenTheyCantBeEmptied) {
+    listJobsAndNet();
+    for (const char* name : {"NEWDEF", "NEWINDEXES"}) {
+        world.host.boxes.clear();
+        data::Workspace workspace = data::DBEngine::CreateWorkspace("wksOTHER");
+        data::Database definitions = workspace.OpenDatabase("ZOVDEF.MDB");
+        const data::Recordset held = definitions.OpenRecordset(name);
+        EXPECT_FALSE(refresh());
+        EXPECT_THAT(world.host.texts(), ElementsAre("Cannot Obtain Exclusive use of the Table: " +
+                                                    std::string(name) + "\nCannot Empty Table."));
+    }
+    EXPECT_EQ(view.cancelEnabled, 0);
+    EXPECT_EQ(table("MODULES").size(), 2U);
+}
+
+TEST_F(Refresh, tellsWhichListCantBeRefreshed) {
+    listJobsAndNet();
+    const std::map<std::string, std::string> names{{"MODULES", "Modules"},
+                                                   {"USERACCESSITEMS", "User Access Items"}};
+    for (const auto& [name, shown] : names) {
+        world.host.boxes.clear();
+        data::Workspace workspace = data::DBEngine::CreateWorkspace("wksOTHER");
+        data::Database definitions = workspace.OpenDatabase("ZOVDEF.MDB");
+        const data::Recordset held = definitions.OpenRecordset(name);
+        EXPECT_FALSE(refresh());
+        ASSERT_EQ(world.host.boxes.size(), 2U);
+        EXPECT_EQ(world.host.boxes[1].title, "Cannot Refresh");
+        EXPECT_EQ(world.host.boxes[1].text, "Cannot Refresh Network " + shown + " List");
+        EXPECT_EQ(world.host.boxes[1].style.icon, runtime::MsgIcon::Critical);
+        EXPECT_EQ(table("USERACCESSITEMS").size(), 0U);
+    }
+}
+
+// The copies are emptied in the file of the network location, but filled in that of the current folder.
+TEST_F(Refresh, emptiesTheListsOfTheNetworkLocation) {
+    listJobsAndNet();
+    UpdateWorld::addRowsOf("MODULES", Json::parse(R"([["OLD", "Old"]])"));
+    std::filesystem::copy_file("ZOVDEF.MDB", world.folder.driveC() / "NET" / "ZOVDEF.MDB");
+    EXPECT_TRUE(refresh("C:\\NET"));
+    EXPECT_EQ(table("MODULES").size(), 3U);
+    EXPECT_EQ(readDatabase("C:\\NET\\ZOVDEF.MDB")["MODULES"]["rows"].size(), 0U);
+}
+
+TEST_F(Refresh, needsAZovdefInTheNetworkLocation) {
+    listJobsAndNet();
+    EXPECT_FALSE(refresh("C:\\NET"));
+    EXPECT_THAT(world.host.texts(),
+                ElementsAre("Cannot Obtain Exclusive use of the Table: MODULES\nCannot Empty Table.",
+                            "Cannot Refresh Network Modules List"));
+}
+
+TEST_F(Refresh, reportsANetworkDatabaseThatIsNotFound) {
+    listJobsAndNet();
+    std::filesystem::remove(world.folder.driveC() / "NET" / "ZOVNET.MDB");
+    EXPECT_FALSE(refresh());
+    ASSERT_EQ(world.host.boxes.size(), 2U);
+    EXPECT_EQ(world.host.boxes[0].title, "Cannot Access");
+    EXPECT_THAT(
+        world.host.boxes[1].text,
+        testing::StartsWith("Error Encountered In Form: frmDBURefresh\nError: 3024 RefreshDefinitions\n"));
+    EXPECT_EQ(table("NEWDEF").size(), 4U);
+}
+
+} // namespace
+} // namespace tol::test
