@@ -42,7 +42,7 @@ void CreateTableParser::parseElements() {
         if (startsTableConstraint()) {
             // SQLite lets the commas between table constraints be left out.
             while (!atElementEnd())
-                m_statement.m_constraints.push_back(parseConstraint({}));
+                m_statement.m_constraints.push_back(parseConstraint(nullptr));
         } else if (!atElementEnd()) {
             parseColumn();
         }
@@ -55,7 +55,7 @@ void CreateTableParser::parseColumn() {
     column.name = takeName();
     parseType();
     while (!atElementEnd())
-        column.constraints.push_back(parseConstraint(column.name));
+        column.constraints.push_back(parseConstraint(&column.name));
     column.end = m_at;
     m_statement.m_columns.push_back(std::move(column));
 }
@@ -82,24 +82,28 @@ void CreateTableParser::parseTableOptions() {
     }
 }
 
-ConstraintPart CreateTableParser::parseConstraint(const std::string& column) {
+ConstraintPart CreateTableParser::parseConstraint(const std::string* column) {
     ConstraintPart part;
     part.begin = m_at;
-    part.inColumn = !column.empty();
+    part.inColumn = column != nullptr;
     if (accept("CONSTRAINT"))
         part.name = takeName();
-    parseConstraintBody(part, column);
+    parseConstraintBody(part);
+    const bool hasColumns = part.kind == ConstraintKind::PrimaryKey || part.kind == ConstraintKind::Unique ||
+                            part.kind == ConstraintKind::ForeignKey;
+    if (part.inColumn && hasColumns)
+        part.columns = {*column};
     if (m_at == part.begin)
         skip();
     part.end = m_at;
     return part;
 }
 
-void CreateTableParser::parseConstraintBody(ConstraintPart& part, const std::string& column) {
+void CreateTableParser::parseConstraintBody(ConstraintPart& part) {
     if (acceptAll({"PRIMARY", "KEY"})) {
-        parsePrimaryKey(part, column);
+        parsePrimaryKey(part);
     } else if (accept("UNIQUE")) {
-        parseUnique(part, column);
+        parseUnique(part);
     } else if (accept("CHECK")) {
         part.kind = ConstraintKind::Check;
         skipGroup();
@@ -107,9 +111,9 @@ void CreateTableParser::parseConstraintBody(ConstraintPart& part, const std::str
     } else if (acceptAll({"FOREIGN", "KEY"})) {
         part.columns = parseNames();
         if (accept("REFERENCES"))
-            parseForeignKey(part, {});
+            parseForeignKey(part);
     } else if (accept("REFERENCES")) {
-        parseForeignKey(part, column);
+        parseForeignKey(part);
     } else if (accept("NOT")) {
         parseNotNullOrDeferrable(part);
     } else if (accept("DEFERRABLE")) {
@@ -128,26 +132,26 @@ void CreateTableParser::parseConstraintBody(ConstraintPart& part, const std::str
     }
 }
 
-void CreateTableParser::parsePrimaryKey(ConstraintPart& part, const std::string& column) {
+void CreateTableParser::parsePrimaryKey(ConstraintPart& part) {
     part.kind = ConstraintKind::PrimaryKey;
-    part.columns = part.inColumn ? std::vector{column} : parseNames();
+    if (!part.inColumn)
+        part.columns = parseNames();
     if (!accept("ASC"))
         accept("DESC");
     parseConflict();
     accept("AUTOINCREMENT");
 }
 
-void CreateTableParser::parseUnique(ConstraintPart& part, const std::string& column) {
+void CreateTableParser::parseUnique(ConstraintPart& part) {
     part.kind = ConstraintKind::Unique;
-    part.columns = part.inColumn ? std::vector{column} : parseNames();
+    if (!part.inColumn)
+        part.columns = parseNames();
     parseConflict();
 }
 
 /// From behind REFERENCES on; a table's own FOREIGN KEY has its columns already.
-void CreateTableParser::parseForeignKey(ConstraintPart& part, const std::string& column) {
+void CreateTableParser::parseForeignKey(ConstraintPart& part) {
     part.kind = ConstraintKind::ForeignKey;
-    if (!column.empty())
-        part.columns = {column};
     part.parentTable = takeName();
     skipGroup();
     parseReferenceActions();

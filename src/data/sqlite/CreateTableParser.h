@@ -24,11 +24,12 @@ class CreateTableParser {
     void parseColumn();
     void parseType();
     void parseTableOptions();
-    ConstraintPart parseConstraint(const std::string& column);
-    void parseConstraintBody(ConstraintPart& part, const std::string& column);
-    void parsePrimaryKey(ConstraintPart& part, const std::string& column);
-    void parseUnique(ConstraintPart& part, const std::string& column);
-    void parseForeignKey(ConstraintPart& part, const std::string& column);
+    /// A constraint of the column, or with null one of the table.
+    ConstraintPart parseConstraint(const std::string* column);
+    void parseConstraintBody(ConstraintPart& part);
+    void parsePrimaryKey(ConstraintPart& part);
+    void parseUnique(ConstraintPart& part);
+    void parseForeignKey(ConstraintPart& part);
     void parseNotNullOrDeferrable(ConstraintPart& part);
     void parseDefault();
     void parseGenerated();

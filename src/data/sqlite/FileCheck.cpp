@@ -21,8 +21,12 @@ constexpr std::size_t headerSize = 100;
 
 // Places in the header, as SQLite's file format defines them.
 constexpr std::size_t pageSizeAt = 16;
+constexpr std::size_t readVersionAt = 19; // 2 for files that keep a write-ahead log
+constexpr std::size_t changeCounterAt = 24;
+constexpr std::size_t pageCountAt = 28; // holds if the change counter is written once more at 92
 constexpr std::size_t userVersionAt = 60;
 constexpr std::size_t applicationIdAt = 68;
+constexpr std::size_t pageCountHoldsAt = 92;
 
 /// The file's first bytes, and its size.
 struct Header {
@@ -38,10 +42,19 @@ struct Header {
     [[nodiscard]] bool hasSignature() const {
         return std::string_view(reinterpret_cast<const char*>(bytes.data()), signature.size()) == signature;
     }
+    [[nodiscard]] std::int64_t pageSize() const {
+        const std::uint32_t stored = number(pageSizeAt, 2);
+        return stored == 1 ? 65536 : stored;
+    }
     [[nodiscard]] bool isWhole() const {
-        const std::uint32_t pageSize = number(pageSizeAt, 2);
-        return fileSize >= static_cast<std::int64_t>(headerSize) &&
-               (pageSize == 1 || (pageSize >= 512 && std::has_single_bit(pageSize)));
+        return fileSize >= static_cast<std::int64_t>(headerSize) && pageSize() >= 512 &&
+               std::has_single_bit(static_cast<std::uint64_t>(pageSize()));
+    }
+    /// The file ends before its last page does.
+    [[nodiscard]] bool isCutOff() const {
+        const bool holds =
+            number(changeCounterAt, 4) == number(pageCountHoldsAt, 4) && number(readVersionAt, 1) == 1;
+        return holds && fileSize < number(pageCountAt, 4) * pageSize();
     }
     [[nodiscard]] bool isOfLaterFormat() const {
         return number(applicationIdAt, 4) == applicationId && number(userVersionAt, 4) > formatVersion;
@@ -64,13 +77,25 @@ Header readHeader(Connection& connection) {
     return header;
 }
 
+/// While another process commits, a file may be shorter than its header says; what a killed one left
+/// half done is put right with the first read. So the second look is taken as a reader.
+bool isCutOff(Connection& connection, const Header& header) {
+    if (!header.isCutOff())
+        return false;
+    connection.execute("BEGIN");
+    connection.number("SELECT count(*) FROM sqlite_schema");
+    const bool cutOff = readHeader(connection).isCutOff();
+    connection.execute("COMMIT");
+    return cutOff;
+}
+
 } // namespace
 
 void checkFile(Connection& connection) {
     const Header header = readHeader(connection);
     if (!header.hasSignature())
         throw fileError(runtime::errUnrecognisedFormat, connection.file());
-    if (!header.isWhole())
+    if (!header.isWhole() || isCutOff(connection, header))
         throw fileError(runtime::errCannotOpen, connection.file());
     if (header.isOfLaterFormat()) {
         const runtime::RuntimeError error = fileError(runtime::errUnrecognisedFormat, connection.file());

@@ -124,6 +124,7 @@ std::vector<std::string> SchemaTable::primaryKey() const {
             keys.push_back(&column);
     std::ranges::sort(keys, {}, &SchemaColumn::keyPosition);
     std::vector<std::string> names;
+    names.reserve(keys.size());
     for (const SchemaColumn* key : keys)
         names.push_back(key->name);
     return names;
