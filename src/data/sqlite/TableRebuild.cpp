@@ -227,7 +227,8 @@ bool TableRebuild::canStayHidden(Connection& connection, const std::string& tabl
         return false;
     const CreateTableSql statement = parsedText(connection, schema.name);
     return std::ranges::none_of(statement.allConstraints(), [&](const ConstraintPart& part) {
-        return (part.kind == ConstraintKind::Check && statement.uses(part, column)) ||
+        const bool computes = part.kind == ConstraintKind::Check || part.kind == ConstraintKind::Generated;
+        return (computes && statement.uses(part, column)) ||
                (part.kind == ConstraintKind::ForeignKey && containsName(part.columns, column));
     });
 }

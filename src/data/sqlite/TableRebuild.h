@@ -30,9 +30,8 @@ class TableRebuild {
     void run();
 
     /// Whether nobody is hindered by a column that stays under another name and gets no values any more:
-    /// it may be Null or has a default, and no check, foreign key or primary key looks at it.
-    static bool canStayHidden(Connection& connection, const std::string& table,
-                                   const std::string& column);
+    /// it may be Null or has a default, and no check, key or generated column looks at it.
+    static bool canStayHidden(Connection& connection, const std::string& table, const std::string& column);
 
   private:
     struct SchemaObject {

@@ -22,6 +22,7 @@ CreateTableSql parsed(const std::string& sql) {
 
 std::vector<std::string> columnNames(const CreateTableSql& statement) {
     std::vector<std::string> names;
+    names.reserve(statement.columns().size());
     for (const ColumnPart& column : statement.columns())
         names.push_back(column.name);
     return names;
@@ -29,6 +30,7 @@ std::vector<std::string> columnNames(const CreateTableSql& statement) {
 
 std::vector<ConstraintKind> kinds(const std::vector<ConstraintPart>& parts) {
     std::vector<ConstraintKind> all;
+    all.reserve(parts.size());
     for (const ConstraintPart& part : parts)
         all.push_back(part.kind);
     return all;

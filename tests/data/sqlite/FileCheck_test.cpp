@@ -50,7 +50,7 @@ class FileCheck : public testing::Test {
         const std::function<void(Connection&)>& steps = [](Connection&) {}) {
         folder.write("x.db", bytes);
         const auto before = entries();
-        const runtime::RuntimeError error = errorOf(steps);
+        runtime::RuntimeError error = errorOf(steps);
         EXPECT_EQ(error.number(), number) << error.description();
         EXPECT_THAT(error.description(), HasSubstr((folder / "x.db").native()));
         EXPECT_EQ(folder.read("x.db"), bytes);

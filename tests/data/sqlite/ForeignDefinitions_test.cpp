@@ -9,7 +9,6 @@
 namespace tol::test {
 
 using namespace data;
-using runtime::Value;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
