@@ -24,6 +24,9 @@ void bindIfOne(Statement& query, const std::string& one) {
         query.bind(1, one);
 }
 
+/// Where SQLite tells a key's column, this stands for an expression.
+constexpr std::int64_t expressionKey = -2;
+
 IndexOrigin origin(std::string_view letters) {
     if (letters == "c")
         return IndexOrigin::Created;
@@ -70,7 +73,8 @@ void readIndexes(Connection& connection, const std::string& one, FileSchema& tab
                                .keys = {}});
         indexes.back().keys.push_back({.column = std::string(query->text(6)),
                                        .collation = std::string(query->text(8)),
-                                       .descending = query->integer(7) != 0});
+                                       .descending = query->integer(7) != 0,
+                                       .expression = query->integer(5) == expressionKey});
     }
     for (auto& [name, table] : tables)
         std::ranges::reverse(table.indexes);

@@ -25,6 +25,7 @@ struct SchemaKey {
     std::string column; ///< "" for an expression
     std::string collation;
     bool descending = false;
+    bool expression = false;
 };
 
 enum class IndexOrigin { Created, UniqueConstraint, PrimaryKey };

@@ -169,7 +169,7 @@ void PhysicalTableBuilder::addIndex(const SchemaIndex& index) {
 
 bool PhysicalTableBuilder::isTold(const SchemaIndex& index) const {
     return !index.partial && std::ranges::all_of(index.keys, [this](const SchemaKey& key) {
-        return fieldOf(key.column) != nullptr && isKnown(key.collation);
+        return !key.expression && fieldOf(key.column) != nullptr && isKnown(key.collation);
     });
 }
 

@@ -39,7 +39,7 @@ void Removals::applyTo(CreateTableSql& statement, const SchemaTable& table) cons
     for (const ConstraintPart& part : statement.constraints())
         if (takesPart(statement, part, table))
             statement.removeConstraint(part);
-    if (m_primaryKey)
+    if (m_primaryKey || takesAnyOf(table.primaryKey()))
         statement.removeWithoutRowId();
     if (takesAllColumns(table))
         statement.prependColumn(quotedName(rowKeyColumn) + " INTEGER PRIMARY KEY AUTOINCREMENT");
@@ -47,21 +47,22 @@ void Removals::applyTo(CreateTableSql& statement, const SchemaTable& table) cons
 
 bool Removals::takesPart(const CreateTableSql& statement, const ConstraintPart& part,
                          const SchemaTable& table) const {
-    const auto usesRemoved = [&] {
-        return std::ranges::any_of(part.columns,
-                                   [this](const std::string& column) { return takesColumn(column); });
-    };
     switch (part.kind) {
     case ConstraintKind::PrimaryKey:
     case ConstraintKind::Unique:
-        return usesRemoved() || takesKey(part, table);
+        return takesAnyOf(part.columns) || takesKey(part, table);
     case ConstraintKind::ForeignKey:
-        return usesRemoved() || (sameSqlName(part.parentTable, table.name) && areUsedBy(statement, part));
+        return takesAnyOf(part.columns) ||
+               (sameSqlName(part.parentTable, table.name) && areUsedBy(statement, part));
     case ConstraintKind::Check:
         return areUsedBy(statement, part);
     default:
         return false;
     }
+}
+
+bool Removals::takesAnyOf(const std::vector<std::string>& columns) const {
+    return std::ranges::any_of(columns, [this](const std::string& column) { return takesColumn(column); });
 }
 
 /// SQLite keeps one index for a primary key and a UNIQUE on the same columns, so both go with it; but a
@@ -86,14 +87,19 @@ bool Removals::takesAllColumns(const SchemaTable& table) const {
     });
 }
 
-bool Removals::concernIndex(const std::string& sql) const {
+bool Removals::concernIndex(const SchemaIndex& index, const std::string& sql) const {
+    if (std::ranges::any_of(index.keys, [this](const SchemaKey& key) { return takesColumn(key.column); }))
+        return true;
+    // What SQLite does not tell stands in the text: expressions in the brackets, a condition behind them.
     const std::vector<SqlToken> tokens = sqlTokens(sql);
-    // In front of the bracket stand the names of the index and the table.
-    const auto bracket =
-        std::ranges::find_if(tokens, [&sql](const SqlToken& token) { return sql[token.begin] == '('; });
-    const std::span keys(bracket, tokens.end());
+    const bool hasExpression = std::ranges::any_of(index.keys, &SchemaKey::expression);
+    const auto unknown = std::ranges::find_if(tokens, [&](const SqlToken& token) {
+        const std::string_view text = std::string_view(sql).substr(token.begin, token.end - token.begin);
+        return hasExpression ? text == "(" : token.kind == TokenKind::Word && sameSqlName(text, "WHERE");
+    });
+    const std::span expressions(unknown, tokens.end());
     return std::ranges::any_of(m_columns,
-                               [&](const std::string& column) { return usesName(sql, keys, column); });
+                               [&](const std::string& column) { return usesName(sql, expressions, column); });
 }
 
 bool Removals::areNamedIn(const std::string& sql) const {

@@ -24,14 +24,15 @@ class Removals {
     /// Marks in the table's text what goes. Raises 3280 when a generated column uses a removed one: its
     /// values would have nowhere to come from.
     void applyTo(CreateTableSql& statement, const SchemaTable& table) const;
-    /// Whether an index, by its CREATE INDEX text, uses a removed column.
-    [[nodiscard]] bool concernIndex(const std::string& sql) const;
+    /// Whether an index uses a removed column: `sql` is its CREATE INDEX text.
+    [[nodiscard]] bool concernIndex(const SchemaIndex& index, const std::string& sql) const;
     /// Whether any text, such as a trigger's, names a removed column.
     [[nodiscard]] bool areNamedIn(const std::string& sql) const;
 
   private:
     [[nodiscard]] bool takesPart(const CreateTableSql& statement, const ConstraintPart& part,
                                  const SchemaTable& table) const;
+    [[nodiscard]] bool takesAnyOf(const std::vector<std::string>& columns) const;
     [[nodiscard]] bool takesKey(const ConstraintPart& part, const SchemaTable& table) const;
     [[nodiscard]] bool areUsedBy(const CreateTableSql& statement, const ConstraintPart& part) const;
     [[nodiscard]] bool takesAllColumns(const SchemaTable& table) const;

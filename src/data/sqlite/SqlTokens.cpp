@@ -162,14 +162,18 @@ bool containsName(std::span<const std::string> names, std::string_view name) {
 
 bool usesName(std::string_view sql, std::span<const SqlToken> tokens, std::string_view column) {
     const auto text = [&](std::size_t token) {
-        return sql.substr(tokens[token].begin, tokens[token].end - tokens[token].begin);
+        return token < tokens.size()
+                   ? sql.substr(tokens[token].begin, tokens[token].end - tokens[token].begin)
+                   : std::string_view();
     };
     for (std::size_t token = 0; token < tokens.size(); ++token) {
-        const TokenKind kind = tokens[token].kind;
-        if (kind == TokenKind::QuotedName && sameSqlName(unquotedName(text(token)), column))
-            return true;
-        const bool isFunction = token + 1 < tokens.size() && text(token + 1) == "(";
-        if (kind == TokenKind::Word && !isFunction && sameSqlName(text(token), column))
+        const std::string_view before = token == 0 ? std::string_view() : text(token - 1);
+        const bool isFunction = tokens[token].kind == TokenKind::Word && text(token + 1) == "(";
+        // COLLATE name, CAST(... AS type)
+        const bool isOtherName = sameSqlName(before, "COLLATE") || sameSqlName(before, "AS");
+        const bool isName =
+            tokens[token].kind == TokenKind::Word || tokens[token].kind == TokenKind::QuotedName;
+        if (isName && !isFunction && !isOtherName && sameSqlName(unquotedName(text(token)), column))
             return true;
     }
     return false;

@@ -35,8 +35,8 @@ bool sameSqlName(std::string_view left, std::string_view right);
 /// Whether the name is one of them, compared so.
 bool containsName(std::span<const std::string> names, std::string_view name);
 
-/// Whether one of the tokens names the column, quoted or not. A function's name and a string in single
-/// quotes do not.
+/// Whether one of an expression's tokens names the column, quoted or not. A function's name, a
+/// collation's, a type's and a string in single quotes do not; a keyword that is also the column's name does.
 bool usesName(std::string_view sql, std::span<const SqlToken> tokens, std::string_view column);
 
 } // namespace tol::data::sqlite

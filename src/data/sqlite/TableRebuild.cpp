@@ -188,9 +188,11 @@ void TableRebuild::replaceTable() {
 }
 
 void TableRebuild::restoreIndexes(const std::vector<SchemaObject>& indexes) {
-    for (const SchemaObject& index : indexes)
-        if (!m_removals.concernIndex(index.sql))
+    for (const SchemaObject& index : indexes) {
+        const auto schema = std::ranges::find(m_table.indexes, index.name, &SchemaIndex::name);
+        if (schema == m_table.indexes.end() || !m_removals.concernIndex(*schema, index.sql))
             m_connection.execute(index.sql);
+    }
 }
 
 void TableRebuild::restoreTriggers(const std::vector<SchemaObject>& triggers) {

@@ -80,6 +80,10 @@ TEST(SqlTokens, TellWhetherAColumnIsNamed) {
     EXPECT_FALSE(uses("length(x) > 0", "length"));
     EXPECT_TRUE(uses("length > 0", "length"));
     EXPECT_FALSE(uses("prices > 0", "price"));
+    EXPECT_FALSE(uses("x COLLATE nocase", "nocase"));
+    EXPECT_FALSE(uses("CAST(x AS text) > ''", "text"));
+    EXPECT_TRUE(uses("CAST(text AS text) > ''", "text"));
+    EXPECT_TRUE(uses("text", "text"));
 }
 
 } // namespace tol::test
