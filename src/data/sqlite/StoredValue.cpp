@@ -26,6 +26,8 @@ template <typename... Cases>
 struct Overloaded : Cases... {
     using Cases::operator()...;
 };
+template <typename... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>; // the compiler of the fuzz targets does not infer it
 
 std::string_view viewOf(const runtime::Bytes& bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
