@@ -4,6 +4,7 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
+#include <QProxyStyle>
 #include <QStyleFactory>
 
 #include <algorithm>
@@ -96,15 +97,22 @@ class MessageIconEngine : public QIconEngine {
     const MessageIcon& m_icon;
 };
 
+class PlainStyle : public QProxyStyle {
+  public:
+    PlainStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+
+    QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
+                       const QWidget* widget) const override {
+        const auto icon = std::ranges::find(messageIcons, standard, &MessageIcon::standard);
+        return icon == std::end(messageIcons) ? QProxyStyle::standardIcon(standard, option, widget)
+                                              : QIcon(new MessageIconEngine(*icon));
+    }
+};
+
 } // namespace
 
-PlainStyle::PlainStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
-
-QIcon PlainStyle::standardIcon(StandardPixmap standard, const QStyleOption* option,
-                               const QWidget* widget) const {
-    const auto icon = std::ranges::find(messageIcons, standard, &MessageIcon::standard);
-    return icon == std::end(messageIcons) ? QProxyStyle::standardIcon(standard, option, widget)
-                                          : QIcon(new MessageIconEngine(*icon));
+std::unique_ptr<QStyle> plainStyle() {
+    return std::make_unique<PlainStyle>();
 }
 
 } // namespace tol::forms

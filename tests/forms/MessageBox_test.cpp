@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QPushButton>
 #include <QTest>
 
 namespace tol::forms {
