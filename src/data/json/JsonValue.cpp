@@ -4,6 +4,7 @@
 #include "data/json/Base64.h"
 #include "data/json/JsonText.h"
 #include "runtime/Conversions.h"
+#include "runtime/Overloaded.h"
 #include "runtime/RuntimeError.h"
 
 #include <fmt/format.h>
@@ -20,11 +21,6 @@ namespace {
 
 using runtime::RuntimeError;
 using runtime::Value;
-
-template <typename... Cases>
-struct Overloaded : Cases... {
-    using Cases::operator()...;
-};
 
 constexpr std::string_view infinity = "Infinity";
 constexpr std::string_view negativeInfinity = "-Infinity";
@@ -193,7 +189,7 @@ Value toTextValue(JsonScalar& scalar) {
 } // namespace
 
 void appendValue(std::string& out, const Value& value) {
-    value.visit(Overloaded{
+    value.visit(runtime::Overloaded{
         [&](runtime::Empty) { out += "null"; },
         [&](runtime::Null) { out += "null"; },
         [&](bool flag) { out += flag ? "true" : "false"; },

@@ -2,6 +2,7 @@
 #include "data/sqlite/StoredValue.h"
 
 #include "runtime/Conversions.h"
+#include "runtime/Overloaded.h"
 #include "runtime/RuntimeError.h"
 
 #include <sqlite3.h>
@@ -21,13 +22,6 @@ constexpr std::int64_t currencyScale = 10000;
 constexpr double dayOfUnixEpoch = 25569;       // 1 January 1970, counted from 30 December 1899
 constexpr double dayOfJulianEpoch = 2415018.5; // Julian day of 30 December 1899, midnight
 constexpr double secondsOfDay = 86400;
-
-template <typename... Cases>
-struct Overloaded : Cases... {
-    using Cases::operator()...;
-};
-template <typename... Cases>
-Overloaded(Cases...) -> Overloaded<Cases...>; // the compiler of the fuzz targets does not infer it
 
 std::string_view viewOf(const runtime::Bytes& bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -141,7 +135,7 @@ bool StoredValue::operator==(const StoredValue& other) const {
 }
 
 StoredValue toStored(const Value& value, Storage storage, std::string& buffer) {
-    return value.visit(Overloaded{
+    return value.visit(runtime::Overloaded{
         [](runtime::Empty) { return StoredValue(); },
         [](runtime::Null) { return StoredValue(); },
         [&](runtime::Currency amount) { return storedCurrency(amount, storage); },
