@@ -3,6 +3,7 @@
 
 #include "data/DBEngine.h"
 #include "data/json/DatabaseJson.h"
+#include "tolctl/Output.h"
 #include "tolctl/RowReport.h"
 
 #include <iostream>
@@ -33,7 +34,7 @@ ExitStatus DumpCommand::execute() {
     data::Database database = workspace.OpenDatabase(m_file, false, true);
     data::json::writeDatabase(database, std::cout, {m_schemaOnly, rowReport(m_progress)});
     m_progress.clear();
-    return ExitStatus::Finished;
+    return finishOutput() ? ExitStatus::Finished : ExitStatus::CouldNotStart;
 }
 
 } // namespace tol::ctl

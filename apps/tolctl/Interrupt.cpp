@@ -4,6 +4,7 @@
 #include "tolctl/ExitStatus.h"
 
 #include <csignal>
+#include <initializer_list>
 
 #include <signal.h>
 
@@ -23,8 +24,12 @@ void watchInterrupts() {
     action.sa_handler = noteSignal;
     // Without SA_RESTART, so that a question that waits for its answer is broken off as well.
     action.sa_flags = static_cast<int>(SA_RESETHAND);
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction before = {};
+        sigaction(number, nullptr, &before);
+        if (before.sa_handler != SIG_IGN)
+            sigaction(number, &action, nullptr);
+    }
 }
 
 bool interrupted() {

@@ -3,6 +3,7 @@
 
 #include "tolctl/ActivityRows.h"
 #include "tolctl/JsonReport.h"
+#include "tolctl/Output.h"
 #include "tolctl/ProgressLine.h"
 #include "tolctl/TerminalHost.h"
 
@@ -35,6 +36,8 @@ ExitStatus LogCommand::execute() {
     } else {
         printColumns();
     }
+    if (!finishOutput())
+        return ExitStatus::CouldNotStart;
     return host.troubled() ? ExitStatus::NeedsAttention : ExitStatus::Finished;
 }
 

@@ -45,12 +45,6 @@ ExitStatus tellError(const runtime::RuntimeError& error) {
     return ExitStatus::CouldNotStart;
 }
 
-/// What was printed last may only now turn out to have no place.
-void requireOutput() {
-    if (!std::cout.flush())
-        throw runtime::RuntimeError(runtime::errDiskOrNetwork, "Standard output can't be written.");
-}
-
 } // namespace
 
 Program::Program() : m_app(purpose, "tolctl") {
@@ -76,9 +70,7 @@ void Program::add() {
 ExitStatus Program::run(int count, const char* const* words) {
     try {
         m_app.parse(count, words);
-        const ExitStatus status = runChosen();
-        requireOutput();
-        return status;
+        return runChosen();
     } catch (const CLI::Success& asked) {
         m_app.exit(asked);
         return ExitStatus::Finished;

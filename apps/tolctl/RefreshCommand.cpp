@@ -5,6 +5,7 @@
 #include "definition_update/engine/DefinitionUpdate.h"
 #include "tolctl/JsonReport.h"
 #include "tolctl/NetLocation.h"
+#include "tolctl/Output.h"
 #include "tolctl/TerminalHost.h"
 #include "tolctl/TerminalView.h"
 
@@ -64,6 +65,7 @@ RefreshCommand::RefreshCommand(CLI::App& program)
 }
 
 ExitStatus RefreshCommand::execute() {
+    outliveReader();
     TerminalHost host(m_progress, OnUnconvertible::Stop);
     TerminalRefreshView view(m_progress);
     countRows();
@@ -81,9 +83,10 @@ ExitStatus RefreshCommand::execute() {
         printJson(isFinished ? finished : "STOPPED", counts, host.messages());
     else
         printText(view, counts);
+    const bool printed = finishOutput();
     if (!isFinished)
         return ExitStatus::Stopped;
-    return host.troubled() ? ExitStatus::NeedsAttention : ExitStatus::Finished;
+    return host.troubled() || !printed ? ExitStatus::NeedsAttention : ExitStatus::Finished;
 }
 
 } // namespace tol::ctl

@@ -18,7 +18,7 @@ enum class Meaning { Change, Loss, Trouble, Unchanged };
 struct Kind {
     std::string_view start; ///< how the action begins
     Meaning meaning;
-    std::string_view words; ///< for the summary, behind the number
+    std::string_view words; ///< for the summary, before the number
 };
 
 // The first that fits decides.
@@ -52,6 +52,21 @@ std::string placeOf(const update::ActivityRow& row) {
     return place;
 }
 
+/// "CREW, PAY" of a question about a value that can't convert: table and field, which stand in its
+/// first line.
+std::string fieldOf(std::string_view question) {
+    constexpr std::string_view beforeField = "Field: ";
+    constexpr std::string_view beforeTable = " located in Table: ";
+    const std::string_view line = question.substr(0, question.find_first_of("\r\n"));
+    const auto field = line.find(beforeField);
+    const auto table = line.rfind(beforeTable);
+    if (field == std::string_view::npos || table == std::string_view::npos || table < field)
+        return std::string(line);
+    const auto fieldName = field + beforeField.size();
+    return fmt::format("{}, {}", line.substr(table + beforeTable.size()),
+                       line.substr(fieldName, table - fieldName));
+}
+
 /// The lines with a heading; when there are many of them the rest is only counted.
 void printList(std::ostream& out, std::string_view heading, const std::vector<std::string>& lines) {
     if (lines.empty())
@@ -77,16 +92,15 @@ void RunSummary::add(const update::ActivityRow& row) {
         m_cut.push_back(placeOf(row));
 }
 
-void RunSummary::addUnconvertible(const std::string& where, const std::string& what) {
-    // The question's first line tells field and table.
-    ++m_unconvertible[fmt::format("{}: {}", where, what.substr(0, what.find_first_of("\r\n")))];
+void RunSummary::addUnconvertible(const std::string& where, const std::string& question) {
+    ++m_unconvertible[fmt::format("{}, {}", where, fieldOf(question))];
 }
 
 void RunSummary::print(std::ostream& out) const {
     out << fmt::format("\nJob Sites: {}, databases: {}\n", m_sites.size(), m_databases.size());
     for (std::size_t i = 0; i < kinds; ++i)
         if (m_counts[i] > 0 && kindTable[i].meaning != Meaning::Unchanged)
-            out << fmt::format("  {:>6} {}\n", m_counts[i], kindTable[i].words);
+            out << fmt::format("  {:<36}{:>6}\n", kindTable[i].words, m_counts[i]);
     printLosses(out);
     printTroubles(out);
 }
@@ -96,7 +110,7 @@ void RunSummary::printLosses(std::ostream& out) const {
     for (const auto& [field, rows] : m_unconvertible)
         lines.push_back(fmt::format("{} ({} {})", field, rows, rows == 1 ? "row" : "rows"));
     printList(out, "  Values that could not convert, and so were lost:", lines);
-    printList(out, "  Fields made shorter, where longer texts were cut:", m_cut);
+    printList(out, "  Fields made shorter, where longer texts may have been cut:", m_cut);
 }
 
 void RunSummary::printTroubles(std::ostream& out) const {

@@ -21,8 +21,8 @@ class RunSummary {
     static constexpr std::size_t kinds = 15;
 
     void add(const update::ActivityRow& row);
-    /// A value that can't convert was met; `where` names site and database, `what` is the question.
-    void addUnconvertible(const std::string& where, const std::string& what);
+    /// A value that can't convert was met; `where` names site and database, `question` is the box.
+    void addUnconvertible(const std::string& where, const std::string& question);
 
     void print(std::ostream& out) const;
 

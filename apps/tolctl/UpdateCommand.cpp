@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tolctl/UpdateCommand.h"
 
+#include "platform/Paths.h"
 #include "tolctl/ActivityRows.h"
 #include "tolctl/JsonReport.h"
+#include "tolctl/Output.h"
 #include "tolctl/RunSummary.h"
 #include "tolctl/TerminalHost.h"
 #include "tolctl/TerminalView.h"
@@ -50,6 +52,7 @@ UpdateCommand::UpdateCommand(CLI::App& program)
 }
 
 ExitStatus UpdateCommand::execute() {
+    outliveReader();
     TerminalHost host(m_progress, m_onUnconvertible);
     RunSummary summary;
     TerminalView view(m_progress, [&](const update::ActivityRow& row) {
@@ -62,7 +65,9 @@ ExitStatus UpdateCommand::execute() {
     if (!run(host, view, summary))
         return ExitStatus::CouldNotStart;
     report(host, view, summary);
-    return outcome(host, view);
+    const bool printed = finishOutput();
+    const ExitStatus status = outcome(host, view);
+    return status == ExitStatus::Finished && !printed ? ExitStatus::NeedsAttention : status;
 }
 
 /// False when the run did not come so far as to begin with a site.
@@ -106,7 +111,7 @@ void UpdateCommand::report(const TerminalHost& host, const TerminalView& view,
     std::cout << std::flush;
     summary.print(std::cerr);
     std::cerr << (isFinished ? finished : stopped) << ". " << view.label(RunLabel::NPPATHTEXT)
-              << "\nThe whole log: tolctl log, in this folder.\n";
+              << "\nThe whole log: tolctl --dir '" << platform::currentFolder() << "' log\n";
 }
 
 ExitStatus UpdateCommand::outcome(const TerminalHost& host, const TerminalView& view) const {

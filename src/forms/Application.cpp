@@ -11,6 +11,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 namespace tol::forms {
 namespace {
@@ -29,7 +30,7 @@ Application::Application(std::string title)
     : QApplication(argumentCount, static_cast<char**>(argumentTexts)) {
     programTitle = std::move(title);
     setApplicationName(programName);
-    setStyle(plainStyle().release());
+    setStyle(std::make_unique<PlainStyle>().release());
     setPalette(style()->standardPalette());
     // A hidden main window behind a closed splash is still a running program: forms decide, not windows.
     setQuitOnLastWindowClosed(false);

@@ -4,7 +4,6 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
-#include <QProxyStyle>
 #include <QStyleFactory>
 
 #include <algorithm>
@@ -97,22 +96,15 @@ class MessageIconEngine : public QIconEngine {
     const MessageIcon& m_icon;
 };
 
-class PlainStyle : public QProxyStyle {
-  public:
-    PlainStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
-
-    QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
-                       const QWidget* widget) const override {
-        const auto icon = std::ranges::find(messageIcons, standard, &MessageIcon::standard);
-        return icon == std::end(messageIcons) ? QProxyStyle::standardIcon(standard, option, widget)
-                                              : QIcon(new MessageIconEngine(*icon));
-    }
-};
-
 } // namespace
 
-std::unique_ptr<QStyle> plainStyle() {
-    return std::make_unique<PlainStyle>();
+PlainStyle::PlainStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+
+QIcon PlainStyle::standardIcon(StandardPixmap standard, const QStyleOption* option,
+                               const QWidget* widget) const {
+    const auto icon = std::ranges::find(messageIcons, standard, &MessageIcon::standard);
+    return icon == std::end(messageIcons) ? QProxyStyle::standardIcon(standard, option, widget)
+                                          : QIcon(new MessageIconEngine(*icon));
 }
 
 } // namespace tol::forms

@@ -55,7 +55,7 @@ class Mdi : public testing::Test {
         return shown;
     }
     static QMdiSubWindow& frameOf(const Form& form) {
-        return dynamic_cast<QMdiSubWindow&>(*form.parentWidget());
+        return *dynamic_cast<QMdiSubWindow*>(form.parentWidget());
     }
     [[nodiscard]] QSize area() const { return parent.findChild<QMdiArea*>("mdiArea")->viewport()->size(); }
 
@@ -139,7 +139,6 @@ TEST_F(Mdi, CascadeStepsDownAndTheLastLiesOnTop) {
 
 TEST_F(Mdi, CascadeStartsAnewAtTheEdge) {
     std::vector<Child*> children;
-    children.reserve(40);
     for (int i = 0; i < 40; ++i)
         children.push_back(&add(QString("frm%1").arg(i)));
     parent.arrange(Arrangement::Cascade);

@@ -5,7 +5,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QPushButton>
 #include <QTest>
 
 namespace tol::forms {

@@ -41,15 +41,15 @@ TEST_F(RunSummaryTest, CountsChangesByKind) {
     add("Changed Index Keys.");
     add("Index Removed.");
     EXPECT_EQ(text(), "\nJob Sites: 1, databases: 1\n"
-                      "       1 tables added\n"
-                      "       2 fields added\n"
-                      "       1 field types changed\n"
-                      "       1 field sizes changed\n"
-                      "       1 fields removed with their data\n"
-                      "       1 tables removed with their data\n"
-                      "       1 indexes created\n"
-                      "       1 index keys changed\n"
-                      "       1 indexes removed\n");
+                      "  tables added                             1\n"
+                      "  fields added                             2\n"
+                      "  field types changed                      1\n"
+                      "  field sizes changed                      1\n"
+                      "  fields removed with their data           1\n"
+                      "  tables removed with their data           1\n"
+                      "  indexes created                          1\n"
+                      "  index keys changed                       1\n"
+                      "  indexes removed                          1\n");
 }
 
 TEST_F(RunSummaryTest, AnUnchangedDatabaseIsNoChange) {
@@ -66,17 +66,20 @@ TEST_F(RunSummaryTest, TellsWhatNeedsALookOnce) {
                                   "    NORTH, WORK, CREW: ERROR CREATING TABLE.TABLE EXITS\n"
                                   "    NORTH, WORK: Cannot Find Database.\n"
                                   "    NORTH, WORK: DATABASE DEFINITION UPDATE INCOMPLETE.\n"));
-    EXPECT_THAT(text(), HasSubstr("2 databases not processed\n"));
+    EXPECT_THAT(text(), HasSubstr("  databases not processed                  2\n"));
 }
 
 TEST_F(RunSummaryTest, TellsWhereDataWasLost) {
-    m_summary.addUnconvertible("NORTH, WORK", "Unable: PAY\nDATA WILL BE LOST.");
-    m_summary.addUnconvertible("NORTH, WORK", "Unable: PAY\nDATA WILL BE LOST.");
-    m_summary.addUnconvertible("SOUTH, WORK", "Unable: PAY\nDATA WILL BE LOST.");
+    const std::string question = "Unable to Convert Data in Field: PAY located in Table: CREW\nDATA IN THIS";
+    m_summary.addUnconvertible("NORTH, WORK", question);
+    m_summary.addUnconvertible("NORTH, WORK", question);
+    m_summary.addUnconvertible("SOUTH, WORK", question);
+    m_summary.addUnconvertible("SOUTH, WORK", "Something else");
     add("Changed Field Size. Some Data may be lost.");
     EXPECT_THAT(text(),
-                HasSubstr("    NORTH, WORK: Unable: PAY (2 rows)\n    SOUTH, WORK: Unable: PAY (1 row)\n"));
-    EXPECT_THAT(text(), HasSubstr("texts were cut:\n    NORTH, WORK, CREW, NAME\n"));
+                HasSubstr("lost:\n    NORTH, WORK, CREW, PAY (2 rows)\n    SOUTH, WORK, CREW, PAY (1 row)\n"
+                          "    SOUTH, WORK, Something else (1 row)\n"));
+    EXPECT_THAT(text(), HasSubstr("may have been cut:\n    NORTH, WORK, CREW, NAME\n"));
 }
 
 TEST_F(RunSummaryTest, CountsTheRestOfALongList) {

@@ -6,6 +6,9 @@
 
 #include <gmock/gmock.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <filesystem>
 
 namespace tol::test {
@@ -40,8 +43,8 @@ TEST_F(UpdateTest, PrintsItsRowsAndASummary) {
                                        "NOTE              Added New Field"));
     EXPECT_THAT(outcome.out, HasSubstr("Database Ok. No Changes Made."));
     EXPECT_THAT(outcome.err, HasSubstr("Job Sites: 1, databases: 1\n"));
-    EXPECT_THAT(outcome.err, HasSubstr("1 fields added\n"));
-    EXPECT_THAT(outcome.err, HasSubstr("1 field sizes changed\n"));
+    EXPECT_THAT(outcome.err, HasSubstr("\n  fields added                             1\n"));
+    EXPECT_THAT(outcome.err, HasSubstr("\n  field sizes changed                      1\n"));
     EXPECT_THAT(outcome.err, HasSubstr("Finished. Database Definitions Have Been Updated.\n"));
     EXPECT_THAT(outcome.err, Not(HasSubstr("\033")));
     EXPECT_EQ(m_case.crew(), Json::parse(R"([[1, "Ada", null], [2, "Bo", null], [3, "        ", null]])"));
@@ -138,9 +141,10 @@ TEST_F(UpdateTest, TheSummaryTellsWhereValuesWereLost) {
     addUnconvertible();
     m_case.finish();
     const Outcome outcome = m_case.run({"update", "--on-unconvertible", "continue"});
+    EXPECT_THAT(outcome.err, HasSubstr("Values that could not convert, and so were lost:\n"
+                                       "    NORTH YARD, WORK, CREW, PAY (3 rows)\n"));
     EXPECT_THAT(outcome.err,
-                HasSubstr("Values that could not convert, and so were lost:\n    NORTH YARD, WORK: "
-                          "Unable to Convert Data in Field: PAY located in Table: CREW (3 rows)\n"));
+                HasSubstr("The whole log: tolctl --dir '" + m_case.folder.path().string() + "' log\n"));
 }
 
 TEST_F(UpdateTest, AnIncompleteDatabaseIsStatusThree) {
@@ -173,6 +177,18 @@ TEST_F(UpdateTest, TheModuleTellsWhatMustNotBeMissing) {
     EXPECT_THAT(actionsOf(m_case.run({"update", "--json"}).json()), Not(missing));
     EXPECT_THAT(actionsOf(m_case.run({"update", "--json", "--module", "P"}).json()), missing);
     EXPECT_THAT(actionsOf(m_case.run({"update", "--json", "--module", "A"}).json()), missing);
+}
+
+TEST_F(UpdateTest, GoesOnWhenNobodyReadsItsOutput) {
+    m_case.finish();
+    int ends[2] = {};
+    ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+    close(ends[0]);
+    Program update(TOL_CTL_PROGRAM, {"update"}, m_case.folder.path(), [&] { dup2(ends[1], STDOUT_FILENO); });
+    EXPECT_EQ(update.wait(), 3);
+    EXPECT_THAT(update.err(), HasSubstr("tolctl: standard output can't be written.\n"));
+    EXPECT_EQ(m_case.run({"log", "--json"}).json().back()["Action"], "Database Ok. No Changes Made.");
+    close(ends[1]);
 }
 
 TEST_F(UpdateTest, NeedsTheDefinitionDatabase) {

@@ -4,6 +4,9 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <fstream>
+#include <regex>
+#include <set>
 
 namespace tol::test {
 namespace {
@@ -54,6 +57,39 @@ INSTANTIATE_TEST_SUITE_P(
                     CommandHelp{"dump", {"FILE", "--schema-only"}}, CommandHelp{"load", {"FILE", "JSON"}},
                     CommandHelp{"compact", {"FILE"}}, CommandHelp{"demo", {"DIR"}}),
     [](const auto& test) { return test.param.command; });
+
+/// Options in a text, as "--json".
+std::set<std::string> optionsIn(const std::string& text) {
+    static const std::regex option("--[a-z][a-z-]*");
+    std::set<std::string> found;
+    for (std::sregex_iterator at(text.begin(), text.end(), option), end; at != end; ++at)
+        found.insert(at->str());
+    return found;
+}
+
+TEST_F(UsageTest, TheManualPageTellsEveryCommandAndOption) {
+    std::ifstream file(TOL_MAN_PAGE);
+    std::string page{std::istreambuf_iterator<char>(file), {}};
+    page = std::regex_replace(page, std::regex(R"(\\-)"), "-");
+    std::set<std::string> options = optionsIn(m_case.run({"--help"}).out);
+    for (const char* command : {"update", "refresh", "log", "dump", "load", "compact", "demo"}) {
+        EXPECT_THAT(page, HasSubstr(std::string("\n.SS ") + command + "\n"));
+        options.merge(optionsIn(m_case.run({command, "--help"}).out));
+    }
+    EXPECT_EQ(optionsIn(page), options);
+}
+
+TEST_F(UsageTest, DemoNeedsAFolderOfItsOwn) {
+    m_case.folder.write("full/file", "mine");
+    const Outcome outcome = m_case.run({"demo", "full"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, HasSubstr("'full' exists and is not an empty folder. (error 75)"));
+}
+
+TEST_F(UsageTest, DemoMakesAFolderToWorkIn) {
+    EXPECT_EQ(m_case.run({"demo", "site"}).status, 0);
+    EXPECT_EQ(m_case.run({"--dir", "site", "log"}).status, 0);
+}
 
 TEST_F(UsageTest, TellsItsVersion) {
     const Outcome version = m_case.run({"--version"});

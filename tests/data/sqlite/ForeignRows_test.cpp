@@ -221,33 +221,6 @@ TEST_F(ForeignRows, WalkAndChangeTablesWithoutRowIds) {
                 ElementsAre("a|3|x", "b|1|x", "c|1|NULL"));
 }
 
-TEST_F(ForeignRows, WalkOurOwnIndexOfATableWithoutRowIds) {
-    make("CREATE TABLE t(code TEXT, n INT, note TEXT, PRIMARY KEY(code DESC, n)) WITHOUT ROWID;"
-         "INSERT INTO t VALUES('b', 1, 'Ä'), ('a', 2, 'z'), ('b', 3, 'ä'), ('a', 1, NULL)");
-    TableDef table = database.TableDefs("t");
-    Index index = table.CreateIndex("ByNote");
-    index.Fields().Append(index.CreateField("note"));
-    table.Indexes().Append(index);
-    Recordset rows = database.OpenRecordset("t");
-    EXPECT_THAT(walkBy(rows, "ByNote"), ElementsAre("a|1|Null", "b|1|Ä", "b|3|ä", "a|2|z"));
-    EXPECT_THAT(walkBack(rows, 1), ElementsAre("2", "3", "1", "1"));
-    rows.Seek("=", {"Ä"});
-    EXPECT_EQ(valueText(rows.Fields("n").Value()), "1");
-}
-
-TEST_F(ForeignRows, ComeFromFilesInAnotherEncoding) {
-    make("PRAGMA encoding = 'UTF-16le'; CREATE TABLE \"Tür\"(a VARCHAR(3) UNIQUE); INSERT INTO \"Tür\" "
-         "VALUES('ä😀b')");
-    Recordset rows = database.OpenRecordset("tÜR");
-    rows.Index("a");
-    rows.Seek("=", {"ä😀b"});
-    ASSERT_FALSE(rows.NoMatch());
-    set(rows, "a", "é😀c");
-    EXPECT_EQ(errorOf([&] { set(rows, "a", "four"); }).number(), 3163);
-    rows.Close();
-    EXPECT_EQ(file.value("SELECT a FROM \"Tür\""), "é😀c");
-}
-
 TEST_F(ForeignRows, MissNoRowWhereAnIndexTellsFewerTextsApartThanThePrimaryKey) {
     make("CREATE TABLE t(code TEXT PRIMARY KEY, n INT) WITHOUT ROWID; CREATE INDEX loose ON t(code COLLATE "
          "nocase);"
