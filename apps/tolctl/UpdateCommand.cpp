@@ -92,15 +92,16 @@ bool UpdateCommand::run(TerminalHost& host, TerminalView& view, RunSummary& summ
     host.onStop([] {});
     m_progress.clear();
     m_anyIncomplete = update.anyIncomplete() || !choice.withoutNumber().empty();
-    return update.ended() || !view.label(RunLabel::NPPATHNAME).empty();
+    m_ended = update.ended();
+    return m_ended || !view.label(RunLabel::NPPATHNAME).empty();
 }
 
 void UpdateCommand::report(const TerminalHost& host, const TerminalView& view,
                            const RunSummary& summary) const {
-    const bool isFinished = view.label(RunLabel::NPPATHNAME) == finished;
+    const char* result = isFinished(view) ? finished : stopped;
     if (m_json) {
         std::cout << "{\"result\": ";
-        printJsonText(isFinished ? finished : stopped);
+        printJsonText(result);
         std::cout << ",\n \"rows\": ";
         printJsonActivity();
         std::cout << ",\n \"messages\": ";
@@ -110,12 +111,17 @@ void UpdateCommand::report(const TerminalHost& host, const TerminalView& view,
     }
     std::cout << std::flush;
     summary.print(std::cerr);
-    std::cerr << (isFinished ? finished : stopped) << ". " << view.label(RunLabel::NPPATHTEXT)
+    std::cerr << result << ". "
+              << (m_ended ? view.label(RunLabel::NPPATHTEXT) : "An error broke the run off.")
               << "\nThe whole log: tolctl --dir '" << platform::currentFolder() << "' log\n";
 }
 
+bool UpdateCommand::isFinished(const TerminalView& view) const {
+    return m_ended && view.label(RunLabel::NPPATHNAME) == finished;
+}
+
 ExitStatus UpdateCommand::outcome(const TerminalHost& host, const TerminalView& view) const {
-    if (view.label(RunLabel::NPPATHNAME) != finished)
+    if (!isFinished(view))
         return ExitStatus::Stopped;
     return m_anyIncomplete || host.troubled() ? ExitStatus::NeedsAttention : ExitStatus::Finished;
 }

@@ -23,12 +23,14 @@ class UpdateCommand : public Command {
   private:
     bool run(TerminalHost& host, TerminalView& view, RunSummary& summary);
     void report(const TerminalHost& host, const TerminalView& view, const RunSummary& summary) const;
+    [[nodiscard]] bool isFinished(const TerminalView& view) const;
     [[nodiscard]] ExitStatus outcome(const TerminalHost& host, const TerminalView& view) const;
 
     SiteRequest m_sites;
     std::string m_module = "N";
     OnUnconvertible m_onUnconvertible = usualOnUnconvertible();
     bool m_json = false;
+    bool m_ended = false;         ///< the run came to its regular end, finished or stopped
     bool m_anyIncomplete = false; ///< of the run, or a site was left out
     ProgressLine m_progress;
 };

@@ -29,7 +29,7 @@ void TableNode::begin() {
     m_loader.beginTable();
 }
 
-void TableNode::scalar(JsonScalar scalar) {
+void TableNode::scalar(JsonScalar&& scalar) {
     if (currentKey() != tableName || !std::holds_alternative<std::string>(scalar))
         JsonNode::scalar(std::move(scalar));
     else

@@ -14,7 +14,7 @@ class TableNode : public JsonObjectNode {
   public:
     explicit TableNode(TableLoader& loader);
     void begin();
-    void scalar(JsonScalar scalar) override;
+    void scalar(JsonScalar&& scalar) override;
     JsonNode& beginArray() override;
     void end() override;
 

@@ -36,7 +36,7 @@ void JsonNode::key(std::string_view name) {
     raiseUnexpected(fmt::format("\"{}\"", name));
 }
 
-void JsonNode::scalar(JsonScalar scalar) {
+void JsonNode::scalar(JsonScalar&& scalar) {
     raiseUnexpected(kindOf(scalar));
 }
 

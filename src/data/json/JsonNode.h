@@ -22,7 +22,7 @@ class JsonNode {
     virtual JsonNode& beginObject();
     virtual JsonNode& beginArray();
     virtual void key(std::string_view name);
-    virtual void scalar(JsonScalar scalar);
+    virtual void scalar(JsonScalar&& scalar);
     /// The object or array that this node was named for is complete.
     virtual void end() {}
 };

@@ -23,7 +23,7 @@ void RawTextNode::begin() {
     m_text.clear();
 }
 
-void RawTextNode::scalar(JsonScalar scalar) {
+void RawTextNode::scalar(JsonScalar&& scalar) {
     const runtime::Value value = toFieldValue(dbLongBinary, std::move(scalar));
     if (value.isNull())
         runtime::raise(runtime::errInvalidNull);
@@ -36,7 +36,7 @@ void RawTextNode::end() {
     m_loader.addRawText(std::move(m_text));
 }
 
-void RowNode::scalar(JsonScalar scalar) {
+void RowNode::scalar(JsonScalar&& scalar) {
     m_loader.addValue(std::move(scalar));
 }
 

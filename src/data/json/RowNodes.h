@@ -14,7 +14,7 @@ class RawTextNode : public JsonObjectNode {
   public:
     explicit RawTextNode(TableLoader& loader);
     void begin();
-    void scalar(JsonScalar scalar) override;
+    void scalar(JsonScalar&& scalar) override;
     void end() override;
 
   private:
@@ -26,7 +26,7 @@ class RawTextNode : public JsonObjectNode {
 class RowNode : public JsonNode {
   public:
     explicit RowNode(TableLoader& loader) : m_loader(loader), m_rawText(loader) {}
-    void scalar(JsonScalar scalar) override;
+    void scalar(JsonScalar&& scalar) override;
     JsonNode& beginObject() override;
     void end() override;
 

@@ -60,7 +60,7 @@ void FieldNode::begin() {
     m_field = {};
 }
 
-void FieldNode::scalar(JsonScalar scalar) {
+void FieldNode::scalar(JsonScalar&& scalar) {
     switch (currentKey()) {
     case fieldName:
         m_field.name = nameValue(std::move(scalar));
@@ -90,7 +90,7 @@ void FieldNode::end() {
     m_loader.addField(std::move(m_field));
 }
 
-void NamesNode::scalar(JsonScalar scalar) {
+void NamesNode::scalar(JsonScalar&& scalar) {
     m_names.push_back(nameValue(std::move(scalar)));
 }
 
@@ -102,7 +102,7 @@ void IndexNode::begin() {
     m_index = {};
 }
 
-void IndexNode::scalar(JsonScalar scalar) {
+void IndexNode::scalar(JsonScalar&& scalar) {
     switch (currentKey()) {
     case indexName:
         m_index.name = nameValue(std::move(scalar));

@@ -17,7 +17,7 @@ class FieldNode : public JsonObjectNode {
   public:
     explicit FieldNode(TableLoader& loader);
     void begin();
-    void scalar(JsonScalar scalar) override;
+    void scalar(JsonScalar&& scalar) override;
     void end() override;
 
   private:
@@ -29,7 +29,7 @@ class FieldNode : public JsonObjectNode {
 class NamesNode : public JsonNode {
   public:
     explicit NamesNode(std::vector<std::string>& names) : m_names(names) {}
-    void scalar(JsonScalar scalar) override;
+    void scalar(JsonScalar&& scalar) override;
 
   private:
     std::vector<std::string>& m_names;
@@ -40,7 +40,7 @@ class IndexNode : public JsonObjectNode {
   public:
     explicit IndexNode(TableLoader& loader);
     void begin();
-    void scalar(JsonScalar scalar) override;
+    void scalar(JsonScalar&& scalar) override;
     JsonNode& beginArray() override;
     void end() override;
 

@@ -77,8 +77,24 @@ TEST_F(UpdateStopTest, TheSameBoxAtSeveralSitesDoesNotStopTheRun) {
     EXPECT_EQ(outcome.json()["result"], "Finished");
 }
 
+TEST_F(UpdateStopTest, AnErrorThatBreaksTheRunOffIsStatusFour) {
+    m_case.finish();
+    Json definitions = m_case.dump("ZOVDEF.MDB");
+    for (Json& table : definitions["tables"])
+        if (table["name"] == "DATABASES")
+            table["fields"][2]["name"] = "SUITES"; // where the run looks for "Modules"
+    std::filesystem::remove(m_case.folder / "ZOVDEF.MDB");
+    m_case.load("ZOVDEF.MDB", definitions);
+    const Outcome report = m_case.run({"update", "--json"});
+    EXPECT_EQ(report.status, 4);
+    EXPECT_EQ(report.json()["result"], "STOPPED");
+    EXPECT_THAT(report.json()["messages"][0]["text"], HasSubstr("3265 ProcessTaggedItems"));
+    const Outcome text = m_case.run({"update"});
+    EXPECT_EQ(text.status, 4);
+    EXPECT_THAT(text.err, HasSubstr("STOPPED. An error broke the run off.\n"));
+}
+
 TEST_F(UpdateStopTest, AnInterruptStopsAtTheNextYield) {
-    Json values = Json::array();
     m_case.addField("PAY", 4, {1, 2, 3}, 7, 8);
     m_case.want("WORK", "BULK", "AAA", 12, 0);
     m_case.want("WORK", "BULK", "PAY", 7, 8);
