@@ -9,7 +9,7 @@
 #if defined(__SANITIZE_ADDRESS__)
 // The font library keeps its configuration until the process ends.
 extern "C" const char* __lsan_default_suppressions() {
-    return "leak:libfontconfig\nleak:libQt6Gui\n";
+    return "leak:libfontconfig\n";
 }
 #endif
 
