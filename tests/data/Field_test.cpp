@@ -248,6 +248,7 @@ TEST_P(FieldValues, FollowTheCurrentRecordThroughOneHandle) {
 
 TEST_P(FieldValues, OfManyFieldsAreAllReached) {
     std::vector<FieldDef> fields;
+    fields.reserve(255);
     for (int i = 0; i < 255; ++i)
         fields.push_back(field("FIELD" + std::to_string(i), i % 2 == 0 ? dbLong : dbText, 20));
     make("WIDE", fields);

@@ -3,7 +3,6 @@
 
 using namespace tol::data;
 using namespace tol::test;
-using testing::Test;
 using Texts = std::vector<std::string>;
 
 namespace {

@@ -237,6 +237,7 @@ TEST_P(RecordsetSeek, WorksOnAnIndexOfTwelveFields) {
     rows.Index("ALL");
     EXPECT_EQ(walk(rows, "K11"), (Texts{"1", "2", "3"}));
     std::vector<Value> sought;
+    sought.reserve(keys.size());
     for (int i = 0; i < 11; ++i)
         sought.emplace_back(std::int32_t{i});
     rows.Seek("=", sought);
