@@ -6,6 +6,7 @@
 #include "runtime/RuntimeError.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace tol::data::sqlite {
 namespace {
@@ -18,6 +19,8 @@ constexpr std::size_t batchTextBytes = std::size_t{1} << 20;
 constexpr int loadsOfAllFields = 8;
 /// After so many reads without a change in between, a small table is worth reading as a whole.
 constexpr int loadsOfParts = 4;
+/// Far below loadsOfParts, until the table is changed.
+constexpr int tooLarge = std::numeric_limits<int>::min();
 
 } // namespace
 
@@ -162,9 +165,12 @@ bool SqliteCursor::readsWhole() {
         return false;
     }
     const std::string rows = "SELECT 1 FROM " + quotedName(m_table->sqlName);
-    return m_session->connection().number("SELECT count(*) FROM (" + rows + " LIMIT " +
-                                          std::to_string(lastLimit) + ")") <
-           static_cast<std::int64_t>(lastLimit);
+    const bool isSmall = m_session->connection().number("SELECT count(*) FROM (" + rows + " LIMIT " +
+                                                        std::to_string(lastLimit) + ")") <
+                         static_cast<std::int64_t>(lastLimit);
+    if (!isSmall)
+        m_quietLoads = tooLarge; // the question costs more than a search, so it is asked but once
+    return isSmall;
 }
 
 bool SqliteCursor::standInBatch(std::size_t row) {
