@@ -56,8 +56,11 @@ bool vdEmptyTable(std::string_view folder, std::string_view database, data::Reco
         data::Workspace wksTEMP = data::DBEngine::CreateWorkspace("wksTEMP");
         data::Database file = wksTEMP.OpenDatabase(databaseName(folder, database));
         const data::TableDefinition definition = readDefinition(file, name);
+        // A program that is killed in between must not leave everybody without the table.
+        wksTEMP.BeginTrans();
         file.TableDefs().Delete(name);
         makeTable(file, definition);
+        wksTEMP.CommitTrans();
         file.Close();
         wksTEMP.Close();
         return true;
