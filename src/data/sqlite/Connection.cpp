@@ -2,6 +2,7 @@
 #include "data/sqlite/Connection.h"
 
 #include "data/sqlite/EngineError.h"
+#include "data/sqlite/FullDisk.h"
 #include "data/sqlite/TextCollation.h"
 
 #include <sqlite3.h>
@@ -27,6 +28,7 @@ Connection::Connection(std::filesystem::path file, Mode mode) : m_file(std::move
 }
 
 void Connection::open(Mode mode) {
+    tellLimitsAsFullDisk();
     const int access = mode == Mode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     const int code = sqlite3_open_v2(m_file.c_str(), &m_handle,
                                      access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
