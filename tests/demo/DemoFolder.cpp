@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "DemoFolder.h"
+#include "demo_support/DemoFolder.h"
 
 #include "data/sqlite/SqliteEngine.h"
 #include "demo/Demo.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "DemoFolder.h"
 #include "definition_update/engine/DefinitionUpdate.h"
+#include "demo_support/DemoFolder.h"
 #include "runtime/Conversions.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "demo/Demo.h"
 
-#include "DemoFolder.h"
+#include "demo_support/DemoFolder.h"
 #include "platform/Paths.h"
 #include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"

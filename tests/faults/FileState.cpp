@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "FileState.h"
+
+#include "data/sqlite/TextCollation.h"
+
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string_view>
+
+namespace tol::test {
+
+namespace {
+
+using Connection = std::unique_ptr<sqlite3, decltype(&sqlite3_close)>;
+using Statement = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
+
+Connection openFile(const std::filesystem::path& file) {
+    sqlite3* handle = nullptr;
+    const int result = sqlite3_open_v2(file.c_str(), &handle, SQLITE_OPEN_READWRITE, nullptr);
+    Connection connection(handle, &sqlite3_close);
+    if (result != SQLITE_OK)
+        throw std::runtime_error(file.string() + ": " + sqlite3_errmsg(handle));
+    data::sqlite::registerTextCollation(handle);
+    return connection;
+}
+
+Statement prepare(sqlite3* connection, const std::string& sql) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(connection, sql.c_str(), -1, &statement, nullptr) != SQLITE_OK)
+        throw std::runtime_error(sql + ": " + sqlite3_errmsg(connection));
+    return {statement, &sqlite3_finalize};
+}
+
+std::string_view content(sqlite3_stmt* row, int column) {
+    const void* const bytes = sqlite3_column_blob(row, column);
+    return {static_cast<const char*>(bytes), static_cast<std::size_t>(sqlite3_column_bytes(row, column))};
+}
+
+/// FNV-1a, one step for each byte.
+void addTo(std::uint64_t& hash, std::string_view bytes) {
+    for (const char c : bytes)
+        hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3U;
+}
+
+} // namespace
+
+std::string damageIn(const std::filesystem::path& file) {
+    const Connection connection = openFile(file);
+    const Statement check = prepare(connection.get(), "PRAGMA integrity_check");
+    std::string all;
+    while (sqlite3_step(check.get()) == SQLITE_ROW) {
+        if (const std::string_view line = content(check.get(), 0); line != "ok")
+            all.append(line).append("\n");
+    }
+    if (sqlite3_errcode(connection.get()) != SQLITE_DONE)
+        all += sqlite3_errmsg(connection.get());
+    return all;
+}
+
+std::string rowsDigest(const std::filesystem::path& file, const std::string& table,
+                       const std::vector<std::string>& fields) {
+    const Connection connection = openFile(file);
+    std::string columns = "rowid";
+    for (const std::string& field : fields)
+        columns += fmt::format(", \"{}\"", field);
+    const Statement rows = prepare(
+        connection.get(), fmt::format("SELECT {} FROM \"{}\" NOT INDEXED ORDER BY rowid", columns, table));
+    std::uint64_t hash = 0xcbf29ce484222325U;
+    std::int64_t count = 0;
+    for (; sqlite3_step(rows.get()) == SQLITE_ROW; ++count) {
+        for (int column = 0; column < sqlite3_column_count(rows.get()); ++column) {
+            const char type = static_cast<char>('0' + sqlite3_column_type(rows.get(), column));
+            addTo(hash, {&type, 1});
+            addTo(hash, content(rows.get(), column));
+        }
+    }
+    return fmt::format("{} rows, {:016x}", count, hash);
+}
+
+std::vector<std::string> sameFields(const data::TableDefinition& first, const data::TableDefinition& second) {
+    std::vector<std::string> names;
+    for (const data::FieldDef& field : first.fields) {
+        const int position = second.findField(field.name);
+        if (position < 0)
+            continue;
+        const data::FieldDef& other = second.fields[static_cast<std::size_t>(position)];
+        if (other.type == field.type && other.size == field.size)
+            names.push_back(field.name);
+    }
+    return names;
+}
+
+} // namespace tol::test
