@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "UpdateFolder.h"
 
+#include "definition_update/engine/DefinitionRefresh.h"
+
 #include <filesystem>
 #include <fmt/core.h>
 

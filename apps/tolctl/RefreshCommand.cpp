@@ -2,7 +2,7 @@
 #include "tolctl/RefreshCommand.h"
 
 #include "data/DBEngine.h"
-#include "definition_update/engine/DefinitionUpdate.h"
+#include "definition_update/engine/DefinitionRefresh.h"
 #include "tolctl/JsonReport.h"
 #include "tolctl/NetLocation.h"
 #include "tolctl/Output.h"

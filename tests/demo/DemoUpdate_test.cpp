@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "definition_update/engine/DefinitionRefresh.h"
 #include "definition_update/engine/DefinitionUpdate.h"
 #include "demo_support/DemoFolder.h"
 #include "runtime/Conversions.h"

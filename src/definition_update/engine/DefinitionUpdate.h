@@ -2,7 +2,6 @@
 #pragma once
 
 #include "data/DBEngine.h"
-#include "definition_update/engine/DefinitionRefresh.h"
 #include "definition_update/engine/UpdateView.h"
 
 #include <array>
