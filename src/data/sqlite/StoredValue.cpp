@@ -11,6 +11,7 @@
 #include <cstring>
 #include <limits>
 #include <type_traits>
+#include <utility>
 
 namespace tol::data::sqlite {
 namespace {
@@ -62,6 +63,10 @@ Value plainValue(const StoredValue& stored) {
     return runtime::Null{};
 }
 
+Value longValue(Value plain) {
+    return plain.is<std::int32_t>() ? std::move(plain) : Value(runtime::toLong(plain));
+}
+
 Value currencyValue(const StoredValue& stored, Storage storage) {
     if (stored.kind == Kind::Integer && storage == Storage::ScaledCurrency)
         return runtime::Currency{stored.integer};
@@ -109,7 +114,7 @@ Value typedValue(const StoredValue& stored, FieldType type, Storage storage) {
     case dbInteger:
         return runtime::toInteger(plainValue(stored));
     case dbLong:
-        return stored.kind == Kind::Integer ? plainValue(stored) : runtime::toLong(plainValue(stored));
+        return longValue(plainValue(stored));
     case dbCurrency:
         return currencyValue(stored, storage);
     case dbSingle:

@@ -6,36 +6,62 @@
 #include "runtime/RuntimeError.h"
 #include "support/TempFolder.h"
 
-#include <gtest/gtest.h>
-
 #include <functional>
+#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <vector>
+
+struct sqlite3;
 
 namespace tol::test {
 
 /// The error that a call raises; number 0 when it raises none.
 runtime::RuntimeError errorOf(const std::function<void()>& call);
 
+/// The file as a program that knows nothing of the engine sees it.
+class PlainSqlite {
+  public:
+    explicit PlainSqlite(const std::filesystem::path& file);
+    PlainSqlite(const PlainSqlite&) = delete;
+    PlainSqlite& operator=(const PlainSqlite&) = delete;
+    ~PlainSqlite();
+
+    /// Runs statements; throws std::runtime_error with SQLite's words.
+    void execute(const std::string& sql);
+    /// First column of the first row as text, "" for none or Null.
+    std::string text(const std::string& sql);
+    /// Sorts TOLTEXT indexes by bytes, as if by another collator.
+    void useBinaryTextOrder();
+    /// Whether the file is as SQLite wants it, indexes included.
+    bool isIntact() { return text("PRAGMA integrity_check") == "ok"; }
+
+  private:
+    sqlite3* m_database = nullptr;
+};
+
+data::TableDefinition definitionOf(const std::string& name, std::vector<data::FieldDef> fields = {},
+                                   std::vector<data::IndexDef> indexes = {});
+/// Makes a table with "Id" Long, "Name" Text 20 and "Note" Memo, an index "ById" (unique) and one "ByName".
+void makeTable(data::Store& store, const std::string& name = "T");
+/// Adds rows with Id from..to and Name "n<Id>", and settles.
+void addRows(data::Store& store, const std::string& table, int from, int to);
+/// Values of a field of all rows, in the order of an index ("" for stored order).
+std::vector<runtime::Value> column(data::Store& store, const std::string& table, std::size_t field,
+                                   const std::string& index = "");
+
 /// A database of the engine's own in a folder of its own.
 class EngineTest : public testing::Test {
   protected:
-    EngineTest();
+    EngineTest() : store(engine.create(file())) {}
 
-    /// A table "T" with "Id" Long, "Name" Text 20 and "Note" Memo, an index "ById" (unique) and one "ByName".
-    void makeTable(const std::string& name = "T");
-    /// Adds rows with Id from..to and Name "n<Id>".
-    void addRows(const std::string& table, int from, int to);
-    /// Values of a field of all rows, in the order of an index ("" for stored order).
-    std::vector<runtime::Value> column(const std::string& table, std::size_t field,
-                                       const std::string& index = "");
-    [[nodiscard]] std::filesystem::path file() const { return m_folder / "A.MDB"; }
+    [[nodiscard]] std::filesystem::path file() const { return folder / "A.MDB"; }
     data::sqlite::SqliteStore& sqliteStore() { return dynamic_cast<data::sqlite::SqliteStore&>(*store); }
+    data::sqlite::Session& session() { return sqliteStore().session(); }
     /// Opens the same file again, as if by a program started later.
-    void reopen();
+    void reopen(bool readOnly = false);
 
-    TempFolder m_folder;
+    TempFolder folder;
     data::sqlite::SqliteEngine engine;
     std::shared_ptr<data::Store> store;
 };

@@ -14,9 +14,9 @@ using testing::ElementsAre;
 using SqliteCursorTest = EngineTest;
 
 TEST_F(SqliteCursorTest, WalksStoredOrderAndIndexesBothWays) {
-    makeTable();
-    addRows("T", 1, 3000);
-    EXPECT_EQ(column("T", 0).size(), 3000U);
+    makeTable(*store);
+    addRows(*store, "T", 1, 3000);
+    EXPECT_EQ(column(*store, "T", 0).size(), 3000U);
     const auto cursor = store->openCursor("T");
     cursor->setIndex("ByName");
     std::vector<std::string> forward;
@@ -32,8 +32,8 @@ TEST_F(SqliteCursorTest, WalksStoredOrderAndIndexesBothWays) {
 }
 
 TEST_F(SqliteCursorTest, SeeksEqualAndGreater) {
-    makeTable();
-    addRows("T", 1, 100);
+    makeTable(*store);
+    addRows(*store, "T", 1, 100);
     const auto cursor = store->openCursor("T");
     cursor->setIndex("ById");
     const Value key[] = {42};
@@ -48,8 +48,8 @@ TEST_F(SqliteCursorTest, SeeksEqualAndGreater) {
 }
 
 TEST_F(SqliteCursorTest, UpdatesAndDeletesInAWalk) {
-    makeTable();
-    addRows("T", 1, 500);
+    makeTable(*store);
+    addRows(*store, "T", 1, 500);
     const auto cursor = store->openCursor("T");
     cursor->setIndex("ById");
     int visited = 0;
