@@ -67,17 +67,6 @@ void CatalogueTables::removeField(const std::string& table, const std::string& c
     change("DELETE FROM MSysFields WHERE TableName = ? AND ColumnName = ?", table, column);
 }
 
-std::vector<std::string> CatalogueTables::deletedColumns(const std::string& table) {
-    std::vector<std::string> columns;
-    if (!exist())
-        return columns;
-    auto query = m_connection.cached("SELECT ColumnName FROM MSysFields WHERE TableName = ? AND Deleted");
-    query->bind(1, table);
-    while (query->step())
-        columns.emplace_back(query->text(0));
-    return columns;
-}
-
 void CatalogueTables::removeDeletedFields(const std::string& table) {
     change("DELETE FROM MSysFields WHERE TableName = ? AND Deleted", table);
 }

@@ -56,8 +56,6 @@ class CatalogueTables {
     void setOrdinal(const std::string& table, const std::string& column, int ordinal);
     void setAllowZeroLength(const std::string& table, const std::string& column, bool allow);
     void removeField(const std::string& table, const std::string& column);
-    /// Columns of deleted fields.
-    [[nodiscard]] std::vector<std::string> deletedColumns(const std::string& table);
     void removeDeletedFields(const std::string& table);
 
     void putIndex(const IndexRow& row);

@@ -3,6 +3,7 @@
 
 #include "data/sqlite/AlterTable.h"
 #include "data/sqlite/DeclaredTypes.h"
+#include "data/sqlite/HiddenColumns.h"
 #include "data/sqlite/Sql.h"
 #include "data/sqlite/SqlTokens.h"
 #include "data/sqlite/TableRebuild.h"
@@ -109,6 +110,9 @@ bool SchemaSteps::isTaken(const std::string& name) {
 
 void SchemaSteps::addField(const PhysicalTable& table, const FieldDef& field) {
     requireFieldName(field.name);
+    HiddenColumns hidden(m_connection, table.sqlName);
+    if (table.hiddenColumns > 0 && !hidden.leaveRoom(table))
+        hidden.sweep();
     FieldDef added = field;
     if (added.ordinal < 0)
         added.ordinal = ordinalBehind(table.definition);
@@ -123,7 +127,7 @@ void SchemaSteps::dropField(const PhysicalTable& table, std::size_t field) {
         removeColumn(table, column);
         return;
     }
-    const std::string hidden = freeHiddenName(table.sqlName);
+    const std::string hidden = HiddenColumns(m_connection, table.sqlName).freeName();
     renameColumn(m_connection, table.sqlName, column, hidden);
     putEntry(table, field);
     m_catalogue.hideField(table.sqlName, column, hidden);
@@ -135,25 +139,6 @@ void SchemaSteps::removeColumn(const PhysicalTable& table, const std::string& co
     rebuild.removeColumn(column);
     rebuild.run();
     m_catalogue.removeField(table.sqlName, column);
-}
-
-void SchemaSteps::removeHiddenColumns(const PhysicalTable& table) {
-    const auto columns = m_catalogue.deletedColumns(table.sqlName);
-    if (columns.empty())
-        return;
-    TableRebuild rebuild(m_connection, table.sqlName);
-    for (const auto& column : columns)
-        rebuild.removeColumn(column);
-    rebuild.run();
-    m_catalogue.removeDeletedFields(table.sqlName);
-}
-
-std::string SchemaSteps::freeHiddenName(const std::string& table) {
-    auto query = m_connection.cached("SELECT max(CAST(substr(name, length(?1) + 1) AS INTEGER)) "
-                                     "FROM pragma_table_xinfo(?2) WHERE substr(name, 1, length(?1)) = ?1");
-    query->bindAll(hiddenColumnPrefix, table);
-    query->step();
-    return hiddenColumnPrefix + std::to_string(query->integer(0) + 1);
 }
 
 void SchemaSteps::renameField(const PhysicalTable& table, std::size_t field, const std::string& newName) {
@@ -216,6 +201,8 @@ void SchemaSteps::createIndex(const PhysicalTable& table, const IndexDef& index)
         runtime::raise(runtime::errDuplicateKey, {index.name}, error.engineText());
     }
     m_catalogue.putIndex({table.sqlName, index.name, name, index.primary, unique});
+    if (!m_catalogue.info(collatorEntry))
+        m_catalogue.setInfo(collatorEntry, collatorVersion());
 }
 
 std::string SchemaSteps::freeIndexName(const std::string& table, const std::string& index) {

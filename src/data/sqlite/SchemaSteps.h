@@ -21,8 +21,6 @@ class SchemaSteps {
     void addField(const PhysicalTable& table, const FieldDef& field);
     /// Hides the column where it can: to drop it rewrites the table.
     void dropField(const PhysicalTable& table, std::size_t field);
-    /// Takes the columns of deleted fields out of the table.
-    void removeHiddenColumns(const PhysicalTable& table);
     void renameField(const PhysicalTable& table, std::size_t field, const std::string& newName);
 
     void createIndex(const PhysicalTable& table, const IndexDef& index);
@@ -40,7 +38,6 @@ class SchemaSteps {
     [[nodiscard]] bool isTaken(const std::string& name);
     std::string freeIndexName(const std::string& table, const std::string& index);
     void removeColumn(const PhysicalTable& table, const std::string& column);
-    std::string freeHiddenName(const std::string& table);
     void requireNoNull(const PhysicalTable& table, const IndexDef& index);
     /// The row of the catalogue tables for a column that may have none yet.
     void putEntry(const PhysicalTable& table, std::size_t field);

@@ -2,6 +2,7 @@
 #include "data/sqlite/SqliteStore.h"
 
 #include "data/sqlite/FileFormat.h"
+#include "data/sqlite/HiddenColumns.h"
 #include "data/sqlite/SqliteCursor.h"
 #include "data/sqlite/TextCollation.h"
 #include "runtime/RuntimeError.h"
@@ -12,12 +13,6 @@
 
 namespace tol::data::sqlite {
 namespace {
-
-constexpr const char* collatorEntry = "CollatorVersion";
-
-std::string collatorVersion() {
-    return std::to_string(runtime::collationVersion());
-}
 
 /// An open recordset's mark on its table.
 class StoreTableUse : public TableUse {
@@ -233,12 +228,7 @@ void SqliteStore::renameField(std::string_view table, std::string_view field, co
 }
 
 void SqliteStore::createIndex(std::string_view table, const IndexDef& index) {
-    run({nameOf(table)}, [&] {
-        m_steps.createIndex(*state(table)->table, index);
-        CatalogueTables tables(m_session->connection());
-        if (!tables.info(collatorEntry))
-            tables.setInfo(collatorEntry, collatorVersion());
-    });
+    run({nameOf(table)}, [&] { m_steps.createIndex(*state(table)->table, index); });
 }
 
 void SqliteStore::dropIndex(std::string_view table, std::string_view index) {
@@ -330,15 +320,22 @@ void SqliteStore::settle() {
     m_session->writes().settle();
 }
 
+/// Rows keep their keys, and with them their bookmarks.
 void SqliteStore::compact() {
-    const auto names = tableNames();
-    run(names, [&] {
-        for (const auto& name : names)
-            m_steps.removeHiddenColumns(*state(name)->table);
+    if (m_session->writes().inCallersTransaction())
+        runtime::raise(runtime::errInvalidOperation);
+    settle();
+    const std::vector<std::string> tables = tableNames();
+    run(tables, [&] {
+        for (const auto& table : tables) {
+            if (const auto found = find(table); found && found->table->hiddenColumns > 0)
+                HiddenColumns(m_session->connection(), found->table->sqlName).sweep();
+        }
     });
     settle();
-    // By now the tables are free again; the file as a whole is rewritten under SQLite's own lock.
     m_session->connection().execute("VACUUM");
+    m_session->changedAnything();
+    m_mark.clear();
 }
 
 } // namespace tol::data::sqlite

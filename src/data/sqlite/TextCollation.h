@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
+
 struct sqlite3;
 
 namespace tol::data::sqlite {
@@ -10,5 +12,10 @@ namespace tol::data::sqlite {
 inline constexpr const char* textCollation = "TOLTEXT";
 
 void registerTextCollation(sqlite3* connection);
+
+/// The entry of MSysInfo that tells by which version of the collator the file's text indexes are
+/// sorted, and the version at work.
+inline constexpr const char* collatorEntry = "CollatorVersion";
+std::string collatorVersion();
 
 } // namespace tol::data::sqlite

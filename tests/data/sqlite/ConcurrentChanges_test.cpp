@@ -83,7 +83,6 @@ Value valueOf(const std::optional<std::string>& text) {
 class ConcurrentChanges : public EngineTest, public testing::WithParamInterface<int> {
   protected:
     ConcurrentChanges() : m_random(static_cast<unsigned>(GetParam())) {
-        session().connection().execute("PRAGMA synchronous = OFF");
         store->createTable({.name = "T",
                             .fields = {{.name = "Number", .type = dbLong, .size = 4},
                                        {.name = "Text", .type = dbText, .size = 10},

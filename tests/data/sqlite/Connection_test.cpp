@@ -48,6 +48,21 @@ TEST_F(StatementTest, TellsColumns) {
     EXPECT_EQ(statement.columnName(1), "t wo");
 }
 
+TEST_F(StatementTest, RaisesWhatSqliteSaysAndCanBeUsedAgain) {
+    const auto error = errorOf([&] { Statement(connection(), "SELECT a FROM nowhere"); });
+    EXPECT_EQ(error.number(), 3219);
+    EXPECT_EQ(error.engineText(), "no such table: nowhere");
+
+    connection().execute("CREATE TEMP TABLE one (a PRIMARY KEY)");
+    Statement insert(connection(), "INSERT INTO one VALUES (?)");
+    insert.bind(1, 1);
+    insert.run();
+    EXPECT_EQ(errorOf([&] { insert.run(); }).number(), 3022);
+    insert.bind(1, 2);
+    insert.run();
+    EXPECT_EQ(connection().number("SELECT count(*) FROM one"), 2);
+}
+
 TEST_F(ConnectionTest, LendsAStatementTwiceAtOnce) {
     const std::string sql = "SELECT 1 UNION SELECT 2";
     auto outer = connection().cached(sql);

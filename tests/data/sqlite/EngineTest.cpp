@@ -89,6 +89,10 @@ std::vector<Value> column(Store& store, const std::string& table, std::size_t fi
     return values;
 }
 
+EngineTest::EngineTest() : store(engine.create(file())) {
+    session().connection().execute("PRAGMA synchronous = OFF"); // no power fails in these tests
+}
+
 void EngineTest::reopen(bool readOnly) {
     store->settle();
     store.reset();

@@ -53,7 +53,7 @@ std::vector<runtime::Value> column(data::Store& store, const std::string& table,
 /// A database of the engine's own in a folder of its own.
 class EngineTest : public testing::Test {
   protected:
-    EngineTest() : store(engine.create(file())) {}
+    EngineTest();
 
     [[nodiscard]] std::filesystem::path file() const { return folder / "A.MDB"; }
     data::sqlite::SqliteStore& sqliteStore() { return dynamic_cast<data::sqlite::SqliteStore&>(*store); }

@@ -5,6 +5,7 @@
 #include "data/sqlite/FileFormat.h"
 
 #include <gmock/gmock.h>
+#include <sqlite3.h>
 
 namespace tol::test {
 namespace {
@@ -126,6 +127,21 @@ TEST_F(SqliteStoreTest, CompactionIsRefusedInATransaction) {
     store->begin();
     EXPECT_EQ(errorOf([&] { store->compact(); }).number(), 3219);
     store->rollback();
+}
+
+TEST_F(SqliteStoreTest, SweepsDeletedFieldsOutBeforeTheColumnsRunOut) {
+    makeTable(*store);
+    addRows(*store, "T", 1, 3);
+    sqlite3_limit(session().connection().handle(), SQLITE_LIMIT_COLUMN, 120);
+    store->begin();
+    for (int i = 0; i < 150; ++i) {
+        store->addField("T", longField("Temp"));
+        store->dropField("T", "Temp");
+    }
+    store->commit();
+    EXPECT_LT(std::stoi(inFile("SELECT count(*) FROM pragma_table_info('T')")), 120);
+    EXPECT_EQ(column(*store, "T", 0, "ById"), (std::vector<Value>{1, 2, 3}));
+    EXPECT_TRUE(PlainSqlite(file()).isIntact());
 }
 
 TEST_F(SqliteStoreTest, IndexNamesCountPerTable) {

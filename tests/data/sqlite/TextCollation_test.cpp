@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "EngineTest.h"
+#include "data/sqlite/CatalogueTables.h"
+
+namespace tol::test {
+namespace {
+
+using namespace data;
+using runtime::Value;
+
+class TextCollationTest : public EngineTest {
+  protected:
+    TextCollationTest() {
+        makeTable(*store);
+        const auto cursor = store->openCursor("T");
+        int id = 0;
+        for (const char* name : {"b", "É", "a", "e", "Z", "ä", "A"}) {
+            const Assignment row[] = {{0, ++id}, {1, name}};
+            cursor->insert(row);
+        }
+        store->settle();
+    }
+
+    static std::vector<std::string> texts(const std::vector<Value>& values) {
+        std::vector<std::string> result;
+        for (const auto& value : values)
+            result.push_back(value.get<std::string>());
+        return result;
+    }
+
+    /// Makes the index as another collator would have sorted it.
+    void spoilIndex() {
+        store->settle();
+        store.reset();
+        PlainSqlite plain(file());
+        plain.useBinaryTextOrder();
+        plain.execute("REINDEX; UPDATE MSysInfo SET Value = 'other' WHERE Name = 'CollatorVersion'");
+    }
+
+    const std::vector<std::string> sorted = {"a", "A", "ä", "b", "e", "É", "Z"};
+};
+
+TEST_F(TextCollationTest, SortsWithoutRegardToCase) {
+    EXPECT_EQ(texts(column(*store, "T", 1, "ByName")), sorted);
+}
+
+TEST_F(TextCollationTest, StandsOnTheIndexAlone) {
+    PlainSqlite plain(file());
+    EXPECT_EQ(plain.text("SELECT sql FROM sqlite_schema WHERE type = 'index' AND name = 'T.ByName'"),
+              "CREATE INDEX \"T.ByName\" ON \"T\" (\"Name\" COLLATE TOLTEXT)");
+    EXPECT_EQ(plain.text("SELECT instr(sql, 'COLLATE') FROM sqlite_schema WHERE name = 'T'"), "0");
+}
+
+TEST_F(TextCollationTest, SortsIndexesAnewForAnotherVersionOfTheCollator) {
+    spoilIndex();
+    store = engine.open(file(), false);
+    EXPECT_EQ(texts(column(*store, "T", 1, "ByName")), sorted);
+    EXPECT_TRUE(PlainSqlite(file()).isIntact());
+    EXPECT_NE(PlainSqlite(file()).text("SELECT Value FROM MSysInfo WHERE Name = 'CollatorVersion'"), "other");
+}
+
+TEST_F(TextCollationTest, WalksNoOutdatedIndexWhereItCannotBeSortedAnew) {
+    spoilIndex();
+    store = engine.open(file(), true);
+    EXPECT_EQ(texts(column(*store, "T", 1, "ByName")), sorted);
+    const auto cursor = store->openCursor("T");
+    cursor->setIndex("ByName");
+    const Value key[] = {"É"};
+    ASSERT_TRUE(cursor->seek(SeekOperator::Equal, key));
+    EXPECT_EQ(cursor->value(0), Value(2));
+    ASSERT_TRUE(cursor->previous());
+    EXPECT_EQ(cursor->value(1), Value("e"));
+    EXPECT_EQ(PlainSqlite(file()).text("SELECT Value FROM MSysInfo WHERE Name = 'CollatorVersion'"), "other");
+}
+
+} // namespace
+} // namespace tol::test
