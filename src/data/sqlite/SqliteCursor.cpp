@@ -133,9 +133,6 @@ void SqliteCursor::setIndex(const std::string& name) {
     const int index = name.empty() ? KeyOrder::storedOrder : m_table->definition.findIndex(name);
     if (index < 0 && !name.empty())
         runtime::raise(runtime::errNotAnIndex, {name});
-    // Another collator sorted it, and a file that is read only can't have it sorted anew.
-    if (index >= 0 && m_table->indexes[static_cast<std::size_t>(index)].outdated)
-        runtime::raise(runtime::errNotAnIndex, {name});
     m_onRow = false;
     if (index == m_index)
         return;
