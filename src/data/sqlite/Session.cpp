@@ -73,11 +73,11 @@ void Session::giveWay() {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
-void Session::enter() {
+void Session::enter(Look wish) {
     const auto now = CoarseClock::now();
     WriteClock::instance().tick(m_writes, now);
     // In a transaction of our own nobody else can commit.
-    if (now >= m_nextLook && !m_connection.inTransaction())
+    if ((wish == Look::AtOnce || now >= m_nextLook) && !m_connection.inTransaction())
         look();
 }
 

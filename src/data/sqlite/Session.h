@@ -43,11 +43,10 @@ class Session {
             writeWaitingUpdates();
     }
 
+    enum class Look { WhenDue, AtOnce };
     /// To be called first by every call from above: commits what is due, and looks for changes of
-    /// others, at most every millisecond.
-    void enter();
-    /// Looks for changes of others at once.
-    void look();
+    /// others, at once or at most every millisecond.
+    void enter(Look look = Look::WhenDue);
     /// Grows with each change that may concern any row of any table: one by another connection, or a
     /// rollback.
     [[nodiscard]] std::uint64_t others() const { return m_others; }
@@ -58,6 +57,7 @@ class Session {
 
   private:
     void listen();
+    void look();
     void writeWaitingUpdates();
     void waitForLock();
     void giveWay();

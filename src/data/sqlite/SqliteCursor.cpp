@@ -117,9 +117,7 @@ runtime::Value SqliteCursor::value(std::size_t field) {
 }
 
 std::int64_t SqliteCursor::count() {
-    m_session->enter();
-    if (!m_session->connection().inTransaction())
-        m_session->look(); // who counts wants to know it now
+    m_session->enter(Session::Look::AtOnce); // who counts wants to know it now
     if (!m_state->count || m_state->countedAt != m_session->others()) {
         m_state->countedAt = m_session->others();
         m_state->count =

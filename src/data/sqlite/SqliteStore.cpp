@@ -88,8 +88,8 @@ void SqliteStore::enter() {
 }
 
 void SqliteStore::refresh() {
-    enter();
-    if (m_othersSeen != m_session->others() && definitionsMark() != m_mark)
+    m_session->enter(Session::Look::AtOnce);
+    if (m_mark.empty() || (m_othersSeen != m_session->others() && definitionsMark() != m_mark))
         readTables();
     m_othersSeen = m_session->others();
 }
@@ -285,10 +285,7 @@ std::unique_ptr<TableUse> SqliteStore::useTable(std::string_view table) {
         settle();
     m_locks.share(name, state(name)->uses);
     try {
-        // Until now anybody could change the table, a moment ago too.
-        if (!m_session->connection().inTransaction())
-            m_session->look();
-        refresh();
+        refresh(); // until now anybody could change the table
         return std::make_unique<StoreTableUse>(
             state(name),
             [store = shared_from_this()](const std::string& ended) { store->m_locks.release(ended); });

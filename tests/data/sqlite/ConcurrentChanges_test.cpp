@@ -157,7 +157,7 @@ class ConcurrentChanges : public EngineTest, public testing::WithParamInterface<
             m_plain->execute("INSERT INTO T (Number, Text) VALUES (" + literal(row) + ")");
             m_model.rows[std::stol(m_plain->text("SELECT last_insert_rowid()"))] = row;
         }
-        session().look(); // which enter() would do a few milliseconds later
+        session().enter(sqlite::Session::Look::AtOnce);
     }
 
     void changeCurrentRow(Cursor& cursor, const Place& place, std::set<long>& moved) {

@@ -248,12 +248,12 @@ TEST_F(SqliteStoreTest, DefinitionsOutliveTheirChange) {
 TEST_F(SqliteStoreTest, NoticesChangesOfDefinitionsByOthers) {
     makeTable(*store);
     PlainSqlite(file()).execute("CREATE TABLE Foreigners (a VARCHAR(7))");
-    session().look();
+    session().enter(sqlite::Session::Look::AtOnce);
     store->refresh();
     EXPECT_THAT(store->tableNames(), ElementsAre("Foreigners", "T"));
     PlainSqlite(file()).execute("UPDATE MSysFields SET Ordinal = 77 WHERE FieldName = 'Id'; "
                                 "INSERT OR REPLACE INTO MSysInfo VALUES ('EntryChanges', '900')");
-    session().look();
+    session().enter(sqlite::Session::Look::AtOnce);
     store->refresh();
     EXPECT_EQ(store->definition("T")->fields[2].ordinal, 77);
 }
