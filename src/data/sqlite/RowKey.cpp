@@ -108,7 +108,7 @@ RowKey keyOfBookmark(const PhysicalTable& table, std::string_view bookmark) {
 
 std::string rowKeyExpression(const PhysicalTable& table, std::size_t part) {
     const auto& collations = table.rowKeyOrder.collations;
-    const std::string column = quotedName(table.rowKey[part]);
+    std::string column = quotedName(table.rowKey[part]);
     if (part >= collations.size() || collations[part].empty())
         return column;
     return column + " COLLATE " + quotedName(collations[part]);
