@@ -5,6 +5,7 @@
 #include "forms/EventProcedure.h"
 #include "forms/LoadedForms.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -102,12 +103,26 @@ Form* Form::of(QWidget* widget) {
 
 bool Form::previewKey(QWidget& receiver, const QKeyEvent& event) {
     Form* form = of(&receiver);
-    if (form == nullptr || !form->m_loaded || !(form->m_keyPreview || form == &receiver))
+    if (form == nullptr || !form->m_loaded)
         return false;
     KeyPress key = keyPressOf(event);
     const int code = key.code;
-    runEvent(*form, [&] { form->onKeyDown(key); });
-    return key.code != code;
+    const Hold hold(form);
+    const bool unused = form == &receiver; // by the control that had the focus
+    if (form->m_keyPreview || unused)
+        runEvent(*form, [&] { form->onKeyDown(key); });
+    if (key.code != code || !form->m_loaded)
+        return key.code != code;
+    if (code == keyEscape)
+        return pressButton(form->m_cancelButton);
+    return code == keyReturn && unused && pressButton(form->m_defaultButton);
+}
+
+bool Form::pressButton(QAbstractButton* button) {
+    if (button == nullptr || !button->isVisible() || !button->isEnabled())
+        return false;
+    button->click();
+    return true;
 }
 
 void Form::closeEvent(QCloseEvent* event) {

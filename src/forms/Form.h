@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QWidget>
 
+class QAbstractButton;
 class QEventLoop;
 class QKeyEvent;
 class QMdiSubWindow;
@@ -44,6 +45,11 @@ class Form : public QWidget {
     [[nodiscard]] bool isSizable() const { return m_sizable; }
     /// Whether the form sees keys before the control that has the focus.
     void setKeyPreview(bool preview) { m_keyPreview = preview; }
+    [[nodiscard]] bool keyPreview() const { return m_keyPreview; }
+    /// The buttons that Esc presses, and Enter where the focused control has no use for it, while they are
+    /// visible and enabled; null for none. A form that previews keys sees the key first.
+    void setCancelButton(QAbstractButton* button) { m_cancelButton = button; }
+    void setDefaultButton(QAbstractButton* button) { m_defaultButton = button; }
 
     QSize sizeHint() const override { return m_size; }
 
@@ -79,10 +85,13 @@ class Form : public QWidget {
     /// The window that moves, hides and closes: the frame in the MDI area, or the form itself.
     [[nodiscard]] QWidget& outer();
     void discardIfDone();
+    static bool pressButton(QAbstractButton* button);
 
     QSize m_size;
     QEventLoop* m_modalLoop = nullptr;
     QMdiSubWindow* m_frame = nullptr; ///< in the MDI area, which then owns the form
+    QAbstractButton* m_cancelButton = nullptr;
+    QAbstractButton* m_defaultButton = nullptr;
     int m_running = 0;
     bool m_loaded = false;
     bool m_sizable = false;
