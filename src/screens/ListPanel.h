@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "forms/EventProcedure.h"
 #include "screens/BrowseDescription.h"
 #include "screens/BrowsePage.h"
 
 #include <QString>
 
+#include <functional>
+#include <string>
 #include <vector>
 
 class QLabel;
+class QPushButton;
 class QScrollBar;
 class QWidget;
 
@@ -23,21 +25,22 @@ class BrowseList;
 
 /// How the controls of a list are called and where they lie on their window, in twips.
 struct ListPlace {
-    int left, top;
+    int left = 0, top = 0;
     QString focusHolder = "hsbMAIN";
     QString buttons = "cmdVDB"; ///< cmdVDBHOME, cmdVDBEND, ..., cmdVDBACTION
+    QString caption = "List";   ///< what assistive technology calls the list
 };
 
-/// A list's widgets on a form: headings, label arrays, the scroll bar that holds the focus, the six
-/// picture buttons and the action button. The form owns the widgets. Once connected, clicks on the rows
-/// and buttons go to the list.
+/// A list's widgets on a form: headings, label arrays (an element is called "lblPATHNAME(3)"), the scroll bar
+/// that holds the focus, the six picture buttons and the action button. The form owns the widgets. Once
+/// connected, clicks on the rows and buttons go to the list. The frame around the rows tells whether the
+/// list has the keyboard; the scroll bar's accessible name is the highlighted row.
 class ListPanel : public BrowsePage {
   public:
     ListPanel(forms::Form& form, const BrowseDescription& description, const ListPlace& place);
-    ~ListPanel() override;
 
     /// `columnClicked` is told the column (from 0) before the list is told the row. Nothing is told
-    /// while the list is out of use.
+    /// while the list is out of use. The list has to live as long as the form takes clicks.
     void connectTo(BrowseList& list, std::function<void(int column)> columnClicked = nullptr);
 
     void setCaption(int row, int column, const std::string& caption) override;
@@ -49,18 +52,38 @@ class ListPanel : public BrowsePage {
     void setInUse(bool inUse);
     [[nodiscard]] bool isInUse() const;
     [[nodiscard]] bool hasFocus() const;
-    [[nodiscard]] QLabel& label(int row, int column) const;
+    [[nodiscard]] QLabel& label(int row, int column) const { return *m_rows.at(row).at(column); }
     /// Extent of the whole panel, buttons included, in twips.
     [[nodiscard]] int width() const;
     [[nodiscard]] int height() const;
     /// Top of a row's labels, and left edge and width of a column, in twips.
     [[nodiscard]] int rowTop(int row) const;
-    [[nodiscard]] int columnLeft(int column) const;
+    [[nodiscard]] int columnLeft(int column) const { return m_columnLefts.at(column); }
     [[nodiscard]] int columnWidth(int column) const;
 
+    /// Height of a row's labels, and of a text box that lies over one, in twips.
+    static constexpr int rowHeight = 315;
+
   private:
-    struct Widgets;
-    std::unique_ptr<Widgets> m_widgets;
+    void makeRows(const BrowseDescription& description);
+    void makeColumn(const BrowseColumn& column, int left);
+    void makeButtons(const QString& prefix);
+    [[nodiscard]] int rowsHeight() const;
+    void clickRow(int row, int column);
+    void clickMove(int key);
+    void clickAction();
+    void tellHighlight(int row);
+
+    forms::Form& m_form;
+    int m_left, m_top;
+    QString m_name;
+    int m_rowCount;
+    std::vector<int> m_columnLefts; ///< one more than there are columns
+    std::vector<std::vector<QLabel*>> m_rows;
+    QScrollBar* m_focusHolder = nullptr;
+    std::vector<QPushButton*> m_buttons;
+    BrowseList* m_list = nullptr;
+    std::function<void(int)> m_columnClicked;
 };
 
 } // namespace tol::screens

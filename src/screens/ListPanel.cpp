@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+#include "screens/ListPanel.h"
+
+#include "forms/Buttons.h"
+#include "forms/Controls.h"
+#include "forms/Form.h"
+#include "forms/Keys.h"
+#include "screens/BrowseList.h"
+#include "screens/RowLabel.h"
+
+#include <QEvent>
+#include <QIcon>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace tol::screens {
+namespace {
+
+constexpr int headingHeight = 300;
+constexpr int border = 30;
+constexpr int gap = 120; // between rows and buttons
+constexpr int buttonWidth = 480;
+constexpr int tallestButton = 360;
+
+struct MoveButton {
+    const char* name;
+    const char* description;
+    int key; ///< keyNone for the action button
+};
+
+// From top to bottom; the first three keep to the top of the rows, the last three to their end.
+constexpr MoveButton moveButtons[] = {
+    {"HOME", "First record", forms::keyHome}, {"PGUP", "Page up", forms::keyPageUp},
+    {"UPARROW", "Line up", forms::keyUp},     {"ACTION", "Edit or add", forms::keyNone},
+    {"DNARROW", "Line down", forms::keyDown}, {"PGDN", "Page down", forms::keyPageDown},
+    {"END", "Last record", forms::keyEnd},
+};
+constexpr int buttonCount = std::size(moveButtons);
+constexpr int actionButton = buttonCount / 2;
+
+/// The border of the rows, set off while the list has the keyboard.
+class RowsFrame : public QWidget {
+  public:
+    RowsFrame(QWidget& parent, QWidget& focusHolder) : QWidget(&parent), m_focusHolder(focusHolder) {
+        focusHolder.installEventFilter(this);
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+            update();
+        return false;
+    }
+
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), Qt::white);
+        const QPalette::ColorRole role = m_focusHolder.hasFocus() ? QPalette::Highlight : QPalette::Mid;
+        const int thickness = forms::toPixels(border);
+        painter.fillRect(QRect(0, 0, width(), thickness), palette().color(role));
+        painter.fillRect(QRect(0, height() - thickness, width(), thickness), palette().color(role));
+        painter.fillRect(QRect(0, 0, thickness, height()), palette().color(role));
+        painter.fillRect(QRect(width() - thickness, 0, thickness, height()), palette().color(role));
+    }
+
+  private:
+    QWidget& m_focusHolder;
+};
+
+} // namespace
+
+ListPanel::ListPanel(forms::Form& form, const BrowseDescription& description, const ListPlace& place)
+    : m_form(form),
+      m_left(place.left),
+      m_top(place.top),
+      m_name(place.caption),
+      m_rowCount(description.rows),
+      m_focusHolder(new QScrollBar(Qt::Horizontal, &form)) {
+    m_focusHolder->setObjectName(place.focusHolder);
+    m_focusHolder->setAccessibleName(m_name);
+    m_focusHolder->setFocusPolicy(Qt::StrongFocus);
+    forms::place(*m_focusHolder, {m_left + border, m_top + headingHeight + border, 30, 30});
+    makeRows(description);
+    makeButtons(place.buttons);
+}
+
+void ListPanel::makeRows(const BrowseDescription& description) {
+    auto& frame = *new RowsFrame(m_form, *m_focusHolder);
+    m_rows.resize(m_rowCount);
+    int left = m_left + border;
+    for (const BrowseColumn& column : description.columns) {
+        makeColumn(column, left);
+        m_columnLefts.push_back(left);
+        left += column.width;
+    }
+    m_columnLefts.push_back(left);
+    forms::place(frame, {m_left, m_top + headingHeight, left + border - m_left, rowsHeight()});
+}
+
+void ListPanel::makeColumn(const BrowseColumn& column, int left) {
+    QLabel& heading = forms::addLabel(
+        m_form, QString::fromStdString(column.headingLabel), QString::fromStdString(column.heading),
+        {left + RowLabel::margin, m_top, column.width - RowLabel::margin, headingHeight});
+    forms::setTextSize(heading, 100, true);
+    heading.setVisible(column.width > 0);
+    for (int row = 0; row < m_rowCount; ++row) {
+        auto& label =
+            *new RowLabel(m_form, QString("%1(%2)").arg(QString::fromStdString(column.label)).arg(row));
+        forms::place(label, {left, rowTop(row), column.width, rowHeight});
+        label.setVisible(column.width > 0);
+        forms::onClick(label,
+                       [this, row, index = static_cast<int>(m_rows[row].size())] { clickRow(row, index); });
+        m_rows[row].push_back(&label);
+    }
+}
+
+void ListPanel::makeButtons(const QString& prefix) {
+    const int height = std::min(tallestButton, rowsHeight() / buttonCount);
+    const int left = m_columnLefts.back() + border + gap;
+    const int top = m_top + headingHeight;
+    for (int i = 0; i < buttonCount; ++i) {
+        const MoveButton& button = moveButtons[i];
+        int where = top + i * height;
+        if (i == actionButton)
+            where = top + (rowsHeight() - height) / 2;
+        else if (i > actionButton)
+            where = top + rowsHeight() - (buttonCount - i) * height;
+        m_buttons.push_back(&forms::addPictureButton(
+            m_form, prefix + button.name, {}, button.description, {left, where, buttonWidth, height},
+            [this, key = button.key] { key == forms::keyNone ? clickAction() : clickMove(key); }));
+    }
+}
+
+void ListPanel::connectTo(BrowseList& list, std::function<void(int)> columnClicked) {
+    m_list = &list;
+    m_columnClicked = std::move(columnClicked);
+}
+
+void ListPanel::clickRow(int row, int column) {
+    if (m_list == nullptr || !isInUse())
+        return;
+    if (m_columnClicked)
+        m_columnClicked(column);
+    m_list->BrowseRowClick(row);
+}
+
+void ListPanel::clickMove(int key) {
+    if (m_list == nullptr)
+        return;
+    m_list->BrowseKeyDown(key, 0);
+    takeFocus();
+}
+
+void ListPanel::clickAction() {
+    if (m_list != nullptr)
+        m_list->act();
+}
+
+void ListPanel::setCaption(int row, int column, const std::string& caption) {
+    label(row, column).setText(QString::fromStdString(caption));
+}
+
+std::string ListPanel::caption(int row, int column) const {
+    return label(row, column).text().toStdString();
+}
+
+void ListPanel::setRowColor(int row, std::uint32_t color) {
+    for (QLabel* label : m_rows.at(row))
+        static_cast<RowLabel*>(label)->setBackColor(color);
+    if (color != rgb(256, 256, 256))
+        tellHighlight(row);
+}
+
+void ListPanel::tellHighlight(int row) {
+    QStringList texts(m_name);
+    for (const QLabel* label : m_rows[row])
+        if (!label->isHidden() && !label->text().trimmed().isEmpty())
+            texts.push_back(label->text().trimmed());
+    m_focusHolder->setAccessibleName(texts.join(", "));
+}
+
+void ListPanel::takeFocus() {
+    m_focusHolder->setFocus();
+}
+
+void ListPanel::setInUse(bool inUse) {
+    m_focusHolder->setEnabled(inUse);
+    for (QPushButton* button : m_buttons)
+        button->setEnabled(inUse);
+}
+
+bool ListPanel::isInUse() const {
+    return m_focusHolder->isEnabled();
+}
+
+bool ListPanel::hasFocus() const {
+    return m_focusHolder->hasFocus();
+}
+
+int ListPanel::rowsHeight() const {
+    return m_rowCount * rowHeight + 2 * border;
+}
+
+int ListPanel::width() const {
+    return m_columnLefts.back() + border + gap + buttonWidth - m_left;
+}
+
+int ListPanel::height() const {
+    return headingHeight + rowsHeight();
+}
+
+int ListPanel::rowTop(int row) const {
+    return m_top + headingHeight + border + row * rowHeight;
+}
+
+int ListPanel::columnWidth(int column) const {
+    return m_columnLefts.at(column + 1) - m_columnLefts.at(column);
+}
+
+} // namespace tol::screens

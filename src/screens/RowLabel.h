@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLabel>
+
+namespace tol::screens {
+
+/// One element of a list's label array. A text that is wider than the label is shown with an ellipsis and
+/// as a whole in the tool tip; text() is always the whole one.
+class RowLabel : public QLabel {
+  public:
+    RowLabel(QWidget& parent, const QString& name);
+
+    void setBackColor(QRgb color);
+    [[nodiscard]] QString shownText() const;
+
+    /// Blank space to the left and right of the text, in twips.
+    static constexpr int margin = 60;
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    [[nodiscard]] QRect textRect() const;
+
+    QRgb m_backColor = qRgb(255, 255, 255);
+};
+
+} // namespace tol::screens
