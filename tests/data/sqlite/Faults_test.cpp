@@ -14,7 +14,6 @@ namespace tol::test {
 namespace {
 
 using namespace data;
-using runtime::Value;
 using namespace std::chrono_literals;
 using Steps = SecondProcess::Steps;
 
