@@ -37,6 +37,7 @@ void Form::load() {
         return;
     m_loaded = true;
     LoadedForms::add(*this);
+    const Busy busy(*this);
     onLoad();
 }
 
@@ -69,7 +70,8 @@ void Form::showModal(QWidget* owner) {
 }
 
 void Form::unload() {
-    if (!m_loaded)
+    m_unloadWaits = m_loaded && isBusy();
+    if (!m_loaded || m_unloadWaits)
         return;
     const Hold hold(this);
     m_loaded = false;
@@ -126,8 +128,10 @@ bool Form::pressButton(QAbstractButton* button) {
 }
 
 void Form::closeEvent(QCloseEvent* event) {
+    if (m_loaded && !mayClose())
+        return event->ignore();
     runEvent(*this, [this] { unload(); });
-    event->accept();
+    event->setAccepted(!m_loaded); // a busy form stays in sight until then
 }
 
 bool Form::event(QEvent* event) {
@@ -144,6 +148,16 @@ QWidget& Form::outer() {
 void Form::discardIfDone() {
     if (m_frame != nullptr && !m_loaded && m_running == 0)
         m_frame->deleteLater();
+}
+
+Form::Busy::Busy(Form& form) : m_form(form), m_hold(&form) {
+    ++m_form.m_busy;
+}
+
+Form::Busy::~Busy() {
+    --m_form.m_busy;
+    if (!m_form.isBusy() && m_form.m_unloadWaits)
+        guarded([this] { m_form.unload(); });
 }
 
 Form::Hold::Hold(Form* form) : m_form(form) {

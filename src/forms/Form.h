@@ -33,7 +33,8 @@ class Form : public QWidget {
     void showModeless();
     /// Loads and shows the form in front of its owner and returns when it has been unloaded.
     void showModal(QWidget* owner);
-    /// Runs Unload and takes the form off the screen, unless it is not loaded.
+    /// Runs Unload and takes the form off the screen, unless it is not loaded; as soon as it is no longer
+    /// busy.
     void unload();
     /// Brings what the window shows to the screen now, without handling what a person does meanwhile.
     void refresh();
@@ -70,7 +71,24 @@ class Form : public QWidget {
         QPointer<Form> m_form;
     };
 
+    /// Puts off an unload of the form while it lives: for a procedure that yields while it uses what Unload
+    /// closes. A form is busy while its Load runs.
+    class Busy {
+      public:
+        explicit Busy(Form& form);
+        Busy(const Busy&) = delete;
+        Busy& operator=(const Busy&) = delete;
+        ~Busy();
+
+      private:
+        Form& m_form;
+        Hold m_hold;
+    };
+    [[nodiscard]] bool isBusy() const { return m_busy > 0; }
+
   protected:
+    /// Whether a person may close the window now with the close button of its frame.
+    [[nodiscard]] virtual bool mayClose() const { return true; }
     virtual void onLoad() {}
     virtual void onActivate() {}
     virtual void onUnload() {}
@@ -93,6 +111,8 @@ class Form : public QWidget {
     QAbstractButton* m_cancelButton = nullptr;
     QAbstractButton* m_defaultButton = nullptr;
     int m_running = 0;
+    int m_busy = 0;
+    bool m_unloadWaits = false; ///< until the form is no longer busy
     bool m_loaded = false;
     bool m_sizable = false;
     bool m_keyPreview = false;

@@ -8,6 +8,8 @@
 #include <QMdiSubWindow>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace tol::forms {
 namespace {
 
@@ -56,6 +58,14 @@ void MdiForm::unload() {
     LoadedForms::remove(*this);
 }
 
+bool MdiForm::childrenMayClose() const {
+    const QList<QMdiSubWindow*> frames = m_area.subWindowList();
+    return std::ranges::all_of(frames, [](const QMdiSubWindow* frame) {
+        const Form* form = formIn(frame);
+        return form == nullptr || !form->isLoaded() || (form->mayClose() && !form->isBusy());
+    });
+}
+
 void MdiForm::unloadChildren() {
     for (QMdiSubWindow* frame : m_area.subWindowList())
         if (Form* form = formIn(frame))
@@ -93,6 +103,8 @@ int MdiForm::scaleHeight() const {
 }
 
 void MdiForm::closeEvent(QCloseEvent* event) {
+    if (m_loaded && !childrenMayClose())
+        return event->ignore();
     runEvent(*this, [this] { unload(); });
     event->accept();
 }

@@ -12,8 +12,8 @@ namespace tol::forms {
 class Form;
 
 /// A main window with a menu and an area of child windows. It is loaded once and stays hidden until it is
-/// shown. Closing it unloads its children first; then its own Unload runs. It belongs to its maker, the
-/// children belong to it.
+/// shown. Closing it unloads its children first; then its own Unload runs. It can't be closed while one of
+/// them is busy or may not be closed. It belongs to its maker, the children belong to it.
 class MdiForm : public QMainWindow {
   public:
     explicit MdiForm(const QString& name);
@@ -44,6 +44,7 @@ class MdiForm : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    [[nodiscard]] bool childrenMayClose() const;
     void unloadChildren();
 
     MdiArea& m_area; // the window's central widget

@@ -23,9 +23,10 @@ class Recorded : public Form {
 
     std::vector<std::string> events;
     std::vector<int> keys;
-    bool unloadInLoad = false, swallow = false;
+    bool unloadInLoad = false, swallow = false, mayBeClosed = true;
 
   protected:
+    [[nodiscard]] bool mayClose() const override { return mayBeClosed; }
     void onLoad() override {
         events.emplace_back("Load");
         if (unloadInLoad)
@@ -75,6 +76,37 @@ TEST(Form, ClosingUnloads) {
     EXPECT_FALSE(form.isLoaded());
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(form.events.back(), "Unload");
+}
+
+TEST(Form, ABusyFormIsUnloadedWhenItIsDone) {
+    Recorded form;
+    form.showModeless();
+    {
+        const Form::Busy outer(form);
+        {
+            const Form::Busy inner(form);
+            form.unload();
+            EXPECT_FALSE(form.close());
+        }
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_TRUE(form.isLoaded());
+    }
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_THAT(form.events, ElementsAre("Load", "Unload"));
+    form.load();
+    { const Form::Busy again(form); }
+    EXPECT_TRUE(form.isLoaded());
+}
+
+TEST(Form, ADerivedFormMayRefuseToBeClosed) {
+    Recorded form;
+    form.mayBeClosed = false;
+    form.showModeless();
+    EXPECT_FALSE(form.close());
+    EXPECT_TRUE(form.isVisible());
+    form.unload();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_TRUE(form.close());
 }
 
 TEST(Form, IsNotShownWhenItsLoadUnloadsIt) {

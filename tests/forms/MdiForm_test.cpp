@@ -36,8 +36,10 @@ class Child : public Form {
     explicit Child(Parent& parent, const QString& name = "frmChild") : Form(name), m_parent(parent) {
         setScaleSize(3000, 1500);
     }
+    bool mayBeClosed = true;
 
   protected:
+    [[nodiscard]] bool mayClose() const override { return mayBeClosed; }
     void onActivate() override { m_parent.events.push_back("Activate " + objectName().toStdString()); }
     void onUnload() override { m_parent.events.push_back("Unload " + objectName().toStdString()); }
 
@@ -231,6 +233,35 @@ TEST_F(Mdi, ClosingTheParentUnloadsTheChildrenFirst) {
     const std::vector<std::string> events = parent.events;
     EXPECT_THAT(events, ElementsAre("Unload frmA", "Unload frmB", "Unload"));
     EXPECT_EQ(LoadedForms::Count(), 0);
+}
+
+TEST_F(Mdi, StaysWhileAChildMayNotBeClosed) {
+    Child& child = add("frmChild");
+    child.mayBeClosed = false;
+    parent.events.clear();
+    EXPECT_FALSE(parent.close());
+    EXPECT_FALSE(frameOf(child).close());
+    EXPECT_TRUE(parent.isVisible() && child.isVisible());
+    EXPECT_THAT(parent.events, ElementsAre());
+    child.mayBeClosed = true;
+    EXPECT_TRUE(parent.close());
+    EXPECT_THAT(parent.events, ElementsAre("Unload frmChild", "Unload"));
+}
+
+TEST_F(Mdi, StaysWhileAChildIsBusy) {
+    Child& child = add("frmChild");
+    parent.events.clear();
+    {
+        const Form::Busy busy(child);
+        EXPECT_FALSE(parent.close());
+        EXPECT_TRUE(parent.isVisible() && child.isVisible());
+        EXPECT_FALSE(frameOf(child).close());
+        EXPECT_TRUE(child.isVisible());
+        EXPECT_THAT(parent.events, ElementsAre());
+    }
+    EXPECT_FALSE(child.isVisible());
+    EXPECT_TRUE(parent.close());
+    EXPECT_THAT(parent.events, ElementsAre("Unload frmChild", "Unload"));
 }
 
 } // namespace
