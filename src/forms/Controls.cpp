@@ -2,6 +2,7 @@
 #include "forms/Controls.h"
 
 #include <QFrame>
+#include <QGroupBox>
 #include <QIcon>
 #include <QLabel>
 
@@ -19,6 +20,13 @@ QFrame& addFrame(QWidget& parent, const QString& name, Place where) {
     auto& frame = *new QFrame(&parent);
     frame.setObjectName(name);
     frame.setFrameShape(QFrame::StyledPanel);
+    place(frame, where);
+    return frame;
+}
+
+QGroupBox& addCaptionedFrame(QWidget& parent, const QString& name, const QString& caption, Place where) {
+    auto& frame = *new QGroupBox(caption, &parent);
+    frame.setObjectName(name);
     place(frame, where);
     return frame;
 }

@@ -6,6 +6,7 @@
 #include <QString>
 
 class QFrame;
+class QGroupBox;
 class QIcon;
 class QLabel;
 class QWidget;
@@ -17,6 +18,8 @@ namespace tol::forms {
 QLabel& addLabel(QWidget& parent, const QString& name, const QString& caption, Place where);
 /// A border around other controls.
 QFrame& addFrame(QWidget& parent, const QString& name, Place where);
+/// The same with a caption in its upper edge.
+QGroupBox& addCaptionedFrame(QWidget& parent, const QString& name, const QString& caption, Place where);
 /// A picture, scaled to its place; `description` is for those who can't see it.
 QLabel& addImage(QWidget& parent, const QString& name, const QIcon& picture, const QString& description,
                  Place where);

@@ -7,6 +7,7 @@
 
 #include <QAccessible>
 #include <QFrame>
+#include <QGroupBox>
 #include <QIcon>
 #include <QLabel>
 
@@ -34,6 +35,15 @@ TEST(Controls, AFrameHoldsControls) {
     QFrame& frame = addFrame(form, "Frame1", {150, 150, 3000, 1500});
     addLabel(frame, "lblTest", "x", {0, 0, 300, 300});
     EXPECT_EQ(form.findChild<QFrame*>("Frame1")->findChild<QLabel*>("lblTest")->text(), "x");
+}
+
+TEST(Controls, ACaptionedFrameIsToldByItsCaption) {
+    Form form("frmTest");
+    QGroupBox& frame = addCaptionedFrame(form, "fraTest", "Now Processing", {150, 150, 3000, 1500});
+    addLabel(frame, "lblTest", "x", {0, 0, 300, 300});
+    EXPECT_EQ(frame.geometry(), QRect(10, 10, 200, 100));
+    EXPECT_EQ(toldName(frame), "Now Processing");
+    EXPECT_EQ(form.findChild<QGroupBox*>("fraTest")->findChild<QLabel*>("lblTest")->text(), "x");
 }
 
 TEST(Controls, AnImageIsToldByItsDescription) {
