@@ -16,12 +16,15 @@ class ClickFilter : public QObject {
         : QObject(&control), m_control(control), m_procedure(std::move(procedure)) {}
 
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseButtonRelease)
+        // The second of two quick clicks goes down as a double click.
+        const bool down =
+            event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+        if (!down && event->type() != QEvent::MouseButtonRelease)
             return false;
         const auto& mouse = *static_cast<QMouseEvent*>(event);
         if (mouse.button() != Qt::LeftButton)
             return false;
-        const bool pressed = std::exchange(m_pressed, event->type() == QEvent::MouseButtonPress);
+        const bool pressed = std::exchange(m_pressed, down);
         if (pressed && !m_pressed && m_control.rect().contains(mouse.position().toPoint()))
             runEvent(m_control, m_procedure);
         return true;

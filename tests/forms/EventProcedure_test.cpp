@@ -9,6 +9,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QTest>
+#include <QWindow>
 
 namespace tol::forms {
 namespace {
@@ -39,6 +40,11 @@ TEST_F(Click, IsThatOfTheControlAlone) {
 TEST_F(Click, IsOfTheLeftButton) {
     QTest::mouseClick(&label, Qt::RightButton);
     EXPECT_EQ(onLabel, 0);
+}
+
+TEST_F(Click, ADoubleClickIsTwo) {
+    QTest::mouseDClick(form.windowHandle(), Qt::LeftButton, {}, label.geometry().center());
+    EXPECT_EQ(onLabel, 2);
 }
 
 TEST_F(Click, IsNoneWhenTheButtonGoesUpElsewhere) {
