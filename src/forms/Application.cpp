@@ -8,6 +8,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QKeyEvent>
+#include <QWidget>
 
 #include <cstdio>
 #include <cstdlib>
@@ -22,6 +23,22 @@ char programName[] = "tol";
 char* argumentTexts[] = {programName, nullptr};
 
 std::string programTitle;
+
+/// Whether the event is a key that a form takes before the control that has the focus.
+bool isForForm(QObject* receiver, QEvent* event) {
+    if (!receiver->isWidgetType())
+        return false;
+    auto& widget = *static_cast<QWidget*>(receiver);
+    if (event->type() == QEvent::KeyPress)
+        return Form::previewKey(widget, *static_cast<QKeyEvent*>(event));
+    // Asked whether a key is more than a shortcut: the form's own letters go before those of the menu.
+    const bool claimed = event->type() == QEvent::ShortcutOverride &&
+                         Form::hasMnemonic(widget, *static_cast<QKeyEvent*>(event));
+    if (claimed)
+        event->accept();
+    return claimed;
+}
+
 int status = EXIT_SUCCESS;
 
 } // namespace
@@ -59,11 +76,7 @@ void Application::leave() {
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     bool handled = true;
-    guarded([&] {
-        handled = (event->type() == QEvent::KeyPress && receiver->isWidgetType() &&
-                   Form::previewKey(*static_cast<QWidget*>(receiver), *static_cast<QKeyEvent*>(event))) ||
-                  QApplication::notify(receiver, event);
-    });
+    guarded([&] { handled = isForForm(receiver, event) || QApplication::notify(receiver, event); });
     return handled;
 }
 

@@ -117,7 +117,26 @@ bool Form::previewKey(QWidget& receiver, const QKeyEvent& event) {
         return key.code != code;
     if (code == keyEscape)
         return pressButton(form->m_cancelButton);
+    if (QAbstractButton* button = form->mnemonicButton(event)) {
+        button->setFocus(Qt::ShortcutFocusReason);
+        return pressButton(button);
+    }
     return code == keyReturn && unused && pressButton(form->m_defaultButton);
+}
+
+bool Form::hasMnemonic(QWidget& receiver, const QKeyEvent& event) {
+    const Form* form = of(&receiver);
+    return form != nullptr && form->m_loaded && form->mnemonicButton(event) != nullptr;
+}
+
+QAbstractButton* Form::mnemonicButton(const QKeyEvent& event) const {
+    if (!event.modifiers().testFlag(Qt::AltModifier))
+        return nullptr;
+    const QKeySequence pressed(event.keyCombination());
+    for (QAbstractButton* button : findChildren<QAbstractButton*>())
+        if (button->isVisible() && button->isEnabled() && QKeySequence::mnemonic(button->text()) == pressed)
+            return button;
+    return nullptr;
 }
 
 bool Form::pressButton(QAbstractButton* button) {

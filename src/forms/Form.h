@@ -58,6 +58,8 @@ class Form : public QWidget {
     static Form* of(QWidget* widget);
     /// Lets the receiver's form see a key first. True when the form swallowed it.
     static bool previewKey(QWidget& receiver, const QKeyEvent& event);
+    /// Whether the key is Alt and the letter of a button on the receiver's form that can be pressed.
+    static bool hasMnemonic(QWidget& receiver, const QKeyEvent& event);
 
     /// Keeps a form's object alive while one of its event procedures runs.
     class Hold {
@@ -104,6 +106,7 @@ class Form : public QWidget {
     [[nodiscard]] QWidget& outer();
     void discardIfDone();
     static bool pressButton(QAbstractButton* button);
+    [[nodiscard]] QAbstractButton* mnemonicButton(const QKeyEvent& event) const;
 
     QSize m_size;
     QEventLoop* m_modalLoop = nullptr;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/Form.h"
 
+#include "forms/Buttons.h"
 #include "forms/EventProcedure.h"
 #include "forms/LoadedForms.h"
 
@@ -8,8 +9,11 @@
 
 #include <QEventLoop>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace tol::forms {
 namespace {
@@ -213,6 +217,21 @@ TEST(Form, SeesAKeyOnceThoughNoControlTakesIt) {
     form.showModeless();
     QTest::keyClick(&control, Qt::Key_F5);
     EXPECT_EQ(form.keys.size(), 1U);
+}
+
+TEST(Form, SeesALetterWithAltBeforeItsButtonDoes) {
+    Recorded form;
+    int clicks = 0;
+    QPushButton& button = addButton(form, "cmdAdd", "&Add", {0, 0, 1500, 375}, [&] { ++clicks; });
+    form.setKeyPreview(true);
+    form.showModeless();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    QTest::keyClick(&button, Qt::Key_A, Qt::AltModifier);
+    EXPECT_EQ(clicks, 1);
+    form.swallow = true;
+    QTest::keyClick(&button, Qt::Key_A, Qt::AltModifier);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(std::ranges::count(form.keys, Qt::Key_A), 2); // beside the Alt keys
 }
 
 TEST(Form, OfAWidgetIsTheOneItLiesOn) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/MdiForm.h"
 
+#include "forms/Buttons.h"
 #include "forms/EventProcedure.h"
 #include "forms/Form.h"
 #include "forms/LoadedForms.h"
@@ -8,7 +9,9 @@
 #include <gmock/gmock.h>
 
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QPointer>
+#include <QPushButton>
 #include <QTest>
 
 namespace tol::forms {
@@ -187,6 +190,28 @@ TEST_F(Mdi, ChildrenAreToldWhenTheyComeToTheFront) {
     parent.events.clear();
     parent.findChild<QMdiArea*>()->setActiveSubWindow(&frameOf(first));
     EXPECT_THAT(parent.events, ElementsAre("Activate frmA"));
+}
+
+TEST_F(Mdi, ALetterWithAltPressesTheChildsButtonRatherThanOpensAMenu) {
+    QMenu& menu = *parent.menuBar()->addMenu("&Utilities");
+    menu.addAction("Nothing");
+    Child& child = add("frmChild");
+    int clicks = 0;
+    QPushButton& button = addButton(child, "cmdUpdate", "&Update", {0, 0, 1500, 375}, [&] { ++clicks; });
+    QPushButton& other = addButton(child, "cmdExit", "E&xit", {0, 450, 1500, 375}, [] {});
+    button.show();
+    other.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&parent));
+    other.setFocus();
+    QTest::keyClick(&other, Qt::Key_U, Qt::AltModifier);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_TRUE(button.hasFocus());
+    EXPECT_FALSE(menu.isVisible());
+    button.hide();
+    QTest::keyClick(&other, Qt::Key_U, Qt::AltModifier);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_TRUE(menu.isVisible());
+    menu.close();
 }
 
 TEST_F(Mdi, ShownAgainAMinimisedChildComesBackToTheFront) {
