@@ -1,30 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "screens/input/KeyCodes.h"
+
 class QKeyEvent;
 
 namespace tol::forms {
 
-/// Codes by which event procedures know keys. A letter or digit has the code of its upper-case character.
-enum KeyCode : int {
-    keyNone = 0,
-    keyBack = 8,
-    keyTab = 9,
-    keyReturn = 13,
-    keyEscape = 27,
-    keySpace = 32,
-    keyPageUp = 33,
-    keyPageDown = 34,
-    keyEnd = 35,
-    keyHome = 36,
-    keyLeft = 37,
-    keyUp = 38,
-    keyRight = 39,
-    keyDown = 40,
-    keyInsert = 45,
-    keyDelete = 46,
-    keyF1 = 112, ///< F2 to F12 follow
-};
+using screens::KeyCode;
+using enum screens::KeyCode;
 
 /// A key going down, as a window's KeyDown is told of it. Setting the code to keyNone swallows the key:
 /// the control that has the focus does not see it.

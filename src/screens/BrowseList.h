@@ -3,6 +3,7 @@
 
 #include "screens/BrowseDescription.h"
 #include "screens/BrowsePage.h"
+#include "screens/BrowseRows.h"
 
 #include <cstdint>
 #include <functional>
@@ -20,15 +21,19 @@ struct BrowseActions {
 /// highlighted one (" " on the End of List row and in an empty list), of the first and the last one. It
 /// knows nothing of widgets. The recordset is the window's and is opened and closed by it, but
 /// BrowseReload closes it and opens it again with `reopen`.
+///
+/// Others may change the table at any time. A move that meets a blank mark, or one whose record is gone,
+/// makes the list show itself afresh; it raises nothing.
 class BrowseList {
   public:
     BrowseList(BrowsePage& page, BrowseDescription description, data::Recordset& recordset,
                std::function<data::Recordset()> reopen, BrowseActions actions);
     BrowseList(const BrowseList&) = delete;
     BrowseList& operator=(const BrowseList&) = delete;
-    ~BrowseList();
+    ~BrowseList() = default;
 
-    /// First fill, when the window opens. Yields while it walks to the last record.
+    /// First fill, when the window opens. Yields while it walks to the last record; keys and clicks
+    /// that come meanwhile are passed over. A list without a parent is blank, with row 0 highlighted.
     void BrowseLoad();
     /// Opens the table afresh and finds the position again: the highlighted record keeps its row where the
     /// table allows it. Errors lead to the first record and show no message.
@@ -45,14 +50,17 @@ class BrowseList {
 
     /// Whether the recordset stands on a record of this list.
     bool BrowseRowValid();
-    void BrowseRowOn(int row);
-    void BrowseRowOff(int row);
+    void BrowseRowOn(int row) { m_rows.BrowseRowOn(row); }
+    void BrowseRowOff(int row) { m_rows.BrowseRowOff(row); }
 
     [[nodiscard]] const std::string& currentMark() const { return mCurMark; }
     [[nodiscard]] const std::string& topMark() const { return mTopMark; }
     [[nodiscard]] int row() const { return mRow; }
     /// For what an edit or a delete leads to; to be followed by BrowseReload.
     void setCurrent(std::string mark, int row);
+    /// Goes to the highlighted record. False when there is none, or when somebody has deleted it; then
+    /// the list shows itself afresh.
+    bool goToCurrent();
     /// The row for a record to be added: the one behind the last record on the page, which scrolls up by
     /// one when it is full. `byCaption` takes the first row whose key caption is blank, else the
     /// rows are counted from the top record.
@@ -61,15 +69,50 @@ class BrowseList {
     [[nodiscard]] data::Recordset& recordset() { return m_recordset; }
 
   private:
+    void load();
+    void reload();
+    void reopen();
+    void startOver();
+    bool goToFirst();
+    void walkToLast();
+    void findLast();
+    void placeCurrent();
+    void fillPage();
+
+    void move(int key);
+    void moveDown();
+    void moveUp();
+    void moveUpFromEnd();
+    void moveTo(const std::string& mark);
+    void pageDown();
+    void pageUp();
+    void shiftPage(void (data::Recordset::*step)());
+    void shift(std::string& mark, void (data::Recordset::*step)());
+    bool findRow();
+    void scrollOn();
+    void topToNext();
+    void highlight(int row);
+    [[nodiscard]] int firstBlankRow() const;
+    int rowBehindLastRecord();
+    int scrolledIfFull(int row);
+
+    void showEmptyList();
+    void showAfresh();
+    template <typename Work>
+    void orAfresh(const Work& work);
+    [[nodiscard]] bool isSubset() const { return m_description.subset.keys != nullptr; }
+    [[nodiscard]] bool isWithoutParent() const;
+
     BrowsePage& m_page;
     BrowseDescription m_description;
+    BrowseRows m_rows;
     data::Recordset& m_recordset;
     std::function<data::Recordset()> m_reopen;
     BrowseActions m_actions;
 
     std::string mTopMark = " ", mCurMark = " ", mFirstMark = " ", mLastMark = " ", mTempMark = " ";
     std::int16_t mRow = 0, mLastRow = 0, mCount = 0;
-    std::uint32_t mRowHiColor = rgb(256, 256, 0), mRowColor = rgb(256, 256, 256);
+    bool m_loading = false;
 };
 
 } // namespace tol::screens

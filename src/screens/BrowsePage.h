@@ -26,6 +26,8 @@ class BrowsePage {
     virtual void setRowColor(int row, std::uint32_t color) = 0;
     /// Gives the keyboard back to the list, unless it is out of use.
     virtual void takeFocus() = 0;
+    /// Whether the window of the page is visible.
+    [[nodiscard]] virtual bool isShown() const = 0;
 };
 
 } // namespace tol::screens

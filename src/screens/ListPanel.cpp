@@ -187,6 +187,10 @@ void ListPanel::takeFocus() {
     m_focusHolder->setFocus();
 }
 
+bool ListPanel::isShown() const {
+    return m_form.isVisible();
+}
+
 void ListPanel::setInUse(bool inUse) {
     m_focusHolder->setEnabled(inUse);
     for (QPushButton* button : m_buttons)

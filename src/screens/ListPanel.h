@@ -47,6 +47,7 @@ class ListPanel : public BrowsePage {
     [[nodiscard]] std::string caption(int row, int column) const override;
     void setRowColor(int row, std::uint32_t color) override;
     void takeFocus() override;
+    [[nodiscard]] bool isShown() const override;
 
     /// In use: clicks count and the scroll bar can have the focus.
     void setInUse(bool inUse);
