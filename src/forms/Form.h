@@ -87,6 +87,8 @@ class Form : public QWidget {
         Hold m_hold;
     };
     [[nodiscard]] bool isBusy() const { return m_busy > 0; }
+    /// Whether an unload was asked for and waits until the form is no longer busy.
+    [[nodiscard]] bool unloadWaits() const { return m_unloadWaits; }
 
   protected:
     /// Whether a person may close the window now with the close button of its frame.

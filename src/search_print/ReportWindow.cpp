@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "search_print/ReportWindow.h"
+
+#include "forms/Buttons.h"
+#include "forms/Controls.h"
+#include "runtime/Host.h"
+#include "search_print/PreviewWidget.h"
+#include "search_print/PrintJob.h"
+#include "search_print/vdPrintView.h"
+#include "shell/vdfunctions/vdfunctions.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QScopedValueRollback>
+
+namespace tol::search_print {
+namespace {
+
+constexpr int keyP = 'P';
+constexpr int withCtrlOrAlt = 2 | 4;
+constexpr int windowWidth = 10500, windowHeight = 9900;
+constexpr int buttonTop = windowHeight - 1100;
+constexpr forms::Place previewPlace{150, 150, windowWidth - 300, buttonTop - 300};
+
+} // namespace
+
+ReportWindow::ReportWindow(const QString& name)
+    : Form(name), m_savedPlace(previewPlace), m_savedOrientation(m_printer.Orientation()) {
+    setSizable(true);
+    setScaleSize(windowWidth, windowHeight);
+    setMinimumSize(size());
+    setKeyPreview(true);
+    m_preview = new PreviewWidget(*this, m_printer, previewPlace);
+    m_lblProcess = &forms::addLabel(*this, "lblProcess", {}, {300, buttonTop, 6000, 480});
+    m_cmdBegin = &forms::addButton(*this, "cmdBegin", "&Begin", {windowWidth - 3160, buttonTop, 1380, 480},
+                                   [this] { beginClicked(); });
+    m_cmdExit = &forms::addButton(*this, "CmdExit", "E&xit", {windowWidth - 1680, buttonTop, 1380, 480},
+                                  [this] { unload(); });
+    setCancelButton(m_cmdExit);
+    m_printer.onPrint = [this](bool) { printWithDialog(*this, m_printer); };
+}
+
+ReportWindow::~ReportWindow() = default;
+
+void ReportWindow::setBeginCaption(const std::string& caption) {
+    m_cmdBegin->setText(QString::fromStdString(caption));
+}
+
+void ReportWindow::showBegin() {
+    m_cmdBegin->show();
+}
+
+void ReportWindow::setProcess(const std::string& text) {
+    m_lblProcess->setText(QString::fromStdString(text));
+}
+
+void ReportWindow::showProcess() {
+    m_lblProcess->show();
+}
+
+bool ReportWindow::keepPrinting() {
+    runtime::host().doEvents();
+    return !m_stopped && !unloadWaits();
+}
+
+void ReportWindow::runReport() {
+    const Busy busy(*this);
+    const QScopedValueRollback running(m_running, true);
+    m_stopped = false;
+    m_printDone = onRun();
+    if (!m_printDone)
+        setBeginCaption("&Begin");
+}
+
+void ReportWindow::showLoadError(const runtime::RuntimeError& error) {
+    shell::vdFormLoadErrorBox(objectName().toStdString(), std::to_string(error.number()),
+                              error.description());
+    for (QWidget* control : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        control->hide();
+    m_cmdExit->show();
+}
+
+void ReportWindow::onUnload() {
+    m_printer.Orientation(m_savedOrientation);
+}
+
+void ReportWindow::onKeyDown(forms::KeyPress& key) {
+    if (m_running || (key.shift & withCtrlOrAlt) != 0)
+        return;
+    if (key.code == keyP && m_printDone)
+        m_printer.PrintDoc(true);
+    else if (key.code == keyP && m_cmdBegin->isVisible())
+        m_cmdBegin->click();
+    else if (m_printDone && (key.code == forms::keyUp || key.code == forms::keyDown))
+        m_preview->scrollBy(key.code == forms::keyUp ? -1 : 1);
+    else if (!m_printDone || !vdPrintKeys(m_printer, key.code))
+        return;
+    key.code = forms::keyNone;
+}
+
+void ReportWindow::resizeEvent(QResizeEvent* event) {
+    Form::resizeEvent(event);
+    if (m_printDone)
+        layOut();
+}
+
+void ReportWindow::beginClicked() {
+    if (m_running)
+        m_stopped = true;
+    else if (m_printDone)
+        switchView();
+    else
+        runReport();
+}
+
+void ReportWindow::switchView() {
+    if (windowState() != Qt::WindowNoState)
+        showNormal();
+    else
+        showMaximized();
+    layOut();
+}
+
+void ReportWindow::layOut() {
+    vdPrintView(*this, isMaximized(), m_savedPlace, viewOrientation());
+}
+
+bool vdPrintKeys(VSPrinter& printer, int keyCode) {
+    switch (keyCode) {
+    case forms::keyPageDown:
+        printer.PreviewPage(printer.PreviewPage() + 1);
+        return true;
+    case forms::keyPageUp:
+        printer.PreviewPage(printer.PreviewPage() - 1);
+        return true;
+    case forms::keyHome:
+        printer.PreviewPage(1);
+        return true;
+    case forms::keyEnd:
+        printer.PreviewPage(printer.PageCount());
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace tol::search_print

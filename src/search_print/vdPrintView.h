@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "forms/Twips.h"
+#include "search_print/document/VSPrinter.h"
+
+#include <string_view>
+
+class QWidget;
+
+namespace tol::search_print {
+
+class ReportWindow;
+
+/// Lays a report window out for its state: maximised, the preview fills it, with the page's width fitted on
+/// paper held on its side ("L"); else the preview goes back to its saved place. `roomy` leaves more space at
+/// the bottom edge.
+void vdPrintView(ReportWindow& window, bool maximised, const forms::Place& saved,
+                 std::string_view orientation = " ", bool roomy = false);
+
+} // namespace tol::search_print

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "PrintedFolder.h"
+
+#include "forms/LoadedForms.h"
+
+#include <fmt/format.h>
+
+#include <QTimer>
+
+namespace tol::test {
+
+PrintedFolder::PrintedFolder() {
+    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
+    data::Database database = workspace.CreateDatabase("LIST.MDB");
+    data::TableDef table = database.CreateTableDef("LIST");
+    table.Fields().Append(table.CreateField("NAME", data::dbText, 20));
+    table.Fields().Append(table.CreateField("PLACE", data::dbText, 100));
+    table.Fields().Append(table.CreateField("AMOUNT", data::dbDouble));
+    table.Fields().Append(table.CreateField("DONE", data::dbBoolean));
+    data::Index index = table.CreateIndex("NAME");
+    index.Fields().Append(index.CreateField("NAME"));
+    table.Indexes().Append(index);
+    database.TableDefs().Append(table);
+}
+
+void PrintedFolder::add(const std::vector<ListRow>& added) const {
+    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
+    data::Database database = workspace.OpenDatabase("LIST.MDB");
+    data::Recordset rows = database.OpenRecordset("LIST");
+    for (const ListRow& row : added) {
+        rows.AddNew();
+        rows.Fields("NAME").Value(row.name);
+        rows.Fields("PLACE").Value(row.place);
+        rows.Fields("AMOUNT").Value(row.amount);
+        rows.Fields("DONE").Value(row.done);
+        rows.Update();
+    }
+}
+
+void PrintedFolder::addRows(int count) const {
+    std::vector<ListRow> rows;
+    for (int row = 1; row <= count; ++row)
+        rows.push_back({fmt::format("ROW {:03}", row), fmt::format("C:\\SITES\\{:03}", row)});
+    add(rows);
+}
+
+search_print::PrintRequest namesAndPlaces() {
+    return {.PrintPath = "",
+            .PrintDBName = "LIST.MDB",
+            .PrintTable = "LIST",
+            .PrintIndex = "NAME",
+            .PrintWindowTitle = "Print the List of Names",
+            .ReportName = "List of Names",
+            .ModuleText = "Tolvane Module",
+            .FieldList = "NAME|PLACE",
+            .FormatList = "C|C",
+            .SizeList = "16|30",
+            .TitleList = "Name|Place",
+            .WidthList = "2000|6000",
+            .AlignList = "-^|-"};
+}
+
+bool withReport(const search_print::PrintRequest& request,
+                const std::function<void(search_print::ReportWindow&)>& act) {
+    QWidget owner;
+    owner.resize(800, 600);
+    owner.show();
+    bool shown = false;
+    QTimer look;
+    look.callOnTimeout([&] {
+        auto* window = dynamic_cast<search_print::ReportWindow*>(forms::LoadedForms::find("frmvdPrint"));
+        if (window == nullptr || !window->isVisible() || shown)
+            return;
+        shown = true;
+        act(*window);
+        window->unload();
+    });
+    look.start(5);
+    search_print::vdPrint(owner, request);
+    return shown;
+}
+
+} // namespace tol::test
