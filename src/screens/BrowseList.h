@@ -11,9 +11,9 @@
 
 namespace tol::screens {
 
-/// What the keys and clicks of a list lead to.
+/// What the keys and clicks of a list lead to; what is left out does nothing.
 struct BrowseActions {
-    std::function<void()> add, edit, remove, exit;
+    std::function<void()> add = {}, edit = {}, remove = {}, exit = {};
 };
 
 /// A list window's page over a table: a fixed number of rows, one of them highlighted, and a
