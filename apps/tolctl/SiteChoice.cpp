@@ -67,6 +67,7 @@ std::string SiteChoice::onlySite(const std::vector<Site>& sites) const {
     if (sites.size() == 1)
         return sites.front().mark;
     std::vector<std::string> names;
+    names.reserve(sites.size());
     for (const Site& site : sites)
         names.emplace_back(runtime::trim(site.tags.PATHNAME));
     throw UsageError(fmt::format("there are {} Job Sites: choose with --site NAME or --all. They are {}.",

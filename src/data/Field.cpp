@@ -95,7 +95,9 @@ const std::string& Field::ownName() const {
 const FieldDef& Field::current() const {
     if (m_recordset)
         return m_recordset->field(m_position);
-    return table() ? table()->field(ownName(), m_position) : m_detached->definition;
+    if (m_detached && !m_detached->appendedTo)
+        return m_detached->definition;
+    return table()->field(ownName(), m_position);
 }
 
 void Field::appendedTo(const std::shared_ptr<TableCore>& table) const {

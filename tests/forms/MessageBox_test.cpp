@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractButton>
 #include <QTest>
 
 namespace tol::forms {

@@ -38,7 +38,7 @@ class JsonTest : public testing::Test {
     }
 
     std::string dump(const std::string& file = "X.MDB", bool schemaOnly = false) {
-        const std::string text = data::json::databaseText(open(file), {schemaOnly, {}});
+        std::string text = data::json::databaseText(open(file), {schemaOnly, {}});
         close();
         return text;
     }

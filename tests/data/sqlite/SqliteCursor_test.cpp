@@ -7,9 +7,7 @@ namespace tol::test {
 namespace {
 
 using namespace data;
-using runtime::Null;
 using runtime::Value;
-using testing::ElementsAre;
 
 using SqliteCursorTest = EngineTest;
 
