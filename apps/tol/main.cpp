@@ -4,6 +4,7 @@
 #include "forms/ErrorGuard.h"
 #include "forms/WindowHost.h"
 #include "shell/frmTOLMAIN.h"
+#include "tol/Windows.h"
 
 // The command line is not read: where things are is told by the databases of the current folder.
 int main() {
@@ -11,6 +12,7 @@ int main() {
     const tol::forms::WindowHost host;
     tol::data::sqlite::addSqliteEngine();
     tol::shell::frmTOLMAIN mainWindow;
+    tol::addWindows(mainWindow);
     tol::forms::guarded([&] { mainWindow.load(); });
     return tol::forms::Application::exec();
 }
