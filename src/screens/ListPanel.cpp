@@ -140,6 +140,19 @@ void ListPanel::connectTo(BrowseList& list, std::function<void(int)> columnClick
     m_columnClicked = std::move(columnClicked);
 }
 
+void ListPanel::disconnect() {
+    m_list = nullptr;
+    m_columnClicked = nullptr;
+}
+
+void ListPanel::setAction(const QString& description, forms::EventProcedure click) {
+    QPushButton& button = *m_buttons[actionButton];
+    button.setVisible(click != nullptr);
+    button.setToolTip(description);
+    button.setAccessibleName(description);
+    m_action = std::move(click);
+}
+
 void ListPanel::clickRow(int row, int column) {
     if (m_list == nullptr || !isInUse())
         return;
@@ -156,7 +169,9 @@ void ListPanel::clickMove(int key) {
 }
 
 void ListPanel::clickAction() {
-    if (m_list != nullptr)
+    if (m_action)
+        m_action();
+    else if (m_list != nullptr)
         m_list->act();
 }
 

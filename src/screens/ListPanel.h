@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "forms/EventProcedure.h"
 #include "screens/BrowseDescription.h"
 #include "screens/BrowsePage.h"
 
@@ -42,6 +43,11 @@ class ListPanel : public BrowsePage {
     /// `columnClicked` is told the column (from 0) before the list is told the row. Nothing is told
     /// while the list is out of use. The list has to live as long as the form takes clicks.
     void connectTo(BrowseList& list, std::function<void(int column)> columnClicked = nullptr);
+    /// Clicks lead nowhere from now on; nothing is held of the list.
+    void disconnect();
+    /// What the action button does in place of the list's own action, and what its tool tip says. Without a
+    /// procedure there is no such button.
+    void setAction(const QString& description, forms::EventProcedure click);
 
     void setCaption(int row, int column, const std::string& caption) override;
     [[nodiscard]] std::string caption(int row, int column) const override;
@@ -85,6 +91,7 @@ class ListPanel : public BrowsePage {
     std::vector<QPushButton*> m_buttons;
     BrowseList* m_list = nullptr;
     std::function<void(int)> m_columnClicked;
+    forms::EventProcedure m_action;
 };
 
 } // namespace tol::screens

@@ -20,6 +20,11 @@ void RowLabel::setBackColor(QRgb color) {
     update();
 }
 
+void RowLabel::setTransparent() {
+    m_transparent = true;
+    setAttribute(Qt::WA_OpaquePaintEvent, false);
+}
+
 QRect RowLabel::textRect() const {
     const int blank = forms::toPixels(margin);
     return rect().adjusted(blank, 0, -blank, 0);
@@ -39,7 +44,8 @@ bool RowLabel::event(QEvent* event) {
 
 void RowLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), m_backColor);
+    if (!m_transparent)
+        painter.fillRect(rect(), m_backColor);
     painter.setPen(Qt::black);
     painter.drawText(textRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shownText());
 }

@@ -12,6 +12,8 @@ class RowLabel : public QLabel {
     RowLabel(QWidget& parent, const QString& name);
 
     void setBackColor(QRgb color);
+    /// Has no back colour: what lies below shows through.
+    void setTransparent();
     [[nodiscard]] QString shownText() const;
 
     /// Blank space to the left and right of the text, in twips.
@@ -25,6 +27,7 @@ class RowLabel : public QLabel {
     [[nodiscard]] QRect textRect() const;
 
     QRgb m_backColor = qRgb(255, 255, 255);
+    bool m_transparent = false;
 };
 
 } // namespace tol::screens
