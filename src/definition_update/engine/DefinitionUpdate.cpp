@@ -43,6 +43,14 @@ data::Recordset& DefinitionUpdate::ACTIVITYLOG() {
     return m_state->update.ACTIVITYLOG;
 }
 
+data::Recordset DefinitionUpdate::openDBPATHS() {
+    return m_state->paths.OpenRecordset("DBPATHS");
+}
+
+data::Recordset DefinitionUpdate::openACTIVITYLOG() {
+    return m_state->update.definitions.OpenRecordset("ACTIVITYLOG");
+}
+
 void DefinitionUpdate::ProcessTaggedItems(const std::string& currentMark) {
     m_state->driver.ProcessTaggedItems(m_state->DBPATHS, currentMark);
 }

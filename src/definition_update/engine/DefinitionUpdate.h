@@ -36,6 +36,9 @@ class DefinitionUpdate {
     [[nodiscard]] TagList& tagList();
     [[nodiscard]] data::Recordset& DBPATHS();
     [[nodiscard]] data::Recordset& ACTIVITYLOG();
+    /// The same tables opened once more.
+    [[nodiscard]] data::Recordset openDBPATHS();
+    [[nodiscard]] data::Recordset openACTIVITYLOG();
 
     void ProcessTaggedItems(const std::string& currentMark);
     /// Asks the run to stop; it does so at its next yield.

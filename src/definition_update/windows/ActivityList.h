@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "definition_update/engine/DefinitionUpdate.h"
+#include "forms/Keys.h"
+#include "screens/BrowseList.h"
+#include "screens/ListPanel.h"
+
+#include <memory>
+
+namespace tol::update {
+
+/// The activity log on the update window. Between runs it is a list to browse in; during a run it follows
+/// the rows that the run reports, and keys and clicks do nothing. Its controls are the form's.
+class ActivityList {
+  public:
+    ActivityList(forms::Form& form, int left, int top);
+
+    /// Shows the log that the update has open, from its first row.
+    void open(DefinitionUpdate& update);
+    /// To be called before the log is closed.
+    void close();
+    /// Empties the list; the rows that follow come one below the other.
+    void reset();
+    void show(const ActivityRow& row);
+
+    void keyDown(forms::KeyPress& key);
+    void takeFocus() { m_panel.takeFocus(); }
+    void setInUse(bool inUse) { m_panel.setInUse(inUse); }
+    [[nodiscard]] bool hasFocus() const { return m_panel.hasFocus(); }
+    [[nodiscard]] int height() const { return m_panel.height(); }
+
+  private:
+    void scrollUp();
+    void setRow(int row, const std::array<std::string, 6>& captions);
+
+    screens::ListPanel m_panel;
+    std::unique_ptr<screens::BrowseList> m_list; ///< while the list can be browsed
+    int m_nextRow = 0;
+};
+
+} // namespace tol::update

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include "definition_update/windows/JobSiteList.h"
+
+#include "definition_update/windows/ListKeys.h"
+#include "runtime/Conversions.h"
+#include "runtime/Host.h"
+#include "runtime/Text.h"
+
+#include <algorithm>
+
+namespace tol::update {
+namespace {
+
+constexpr int markColumn = 2;
+constexpr const char* tagMark = "\u2713"; // a tick
+constexpr const char* noMark = " ";
+
+TaggedSite siteOf(const data::Recordset& record) {
+    return {
+        runtime::toLong(shell::vdNullCheck(record.Fields("DBTAG"))),
+        shell::vdNullCheckText(record.Fields("PATHNAME")),
+        std::string(runtime::trim(runtime::upperCase(shell::vdNullCheckText(record.Fields("PathText")))))};
+}
+
+} // namespace
+
+JobSiteList::JobSiteList(forms::Form& form, int left, int top, forms::EventProcedure tag)
+    : m_panel(form, description(), {left, top, "hsbMAIN", "cmdVDB", "Job Sites"}), m_tag(std::move(tag)) {
+    m_panel.setAction("Tag/Untag a Job Site", m_tag);
+}
+
+screens::BrowseDescription JobSiteList::description() const {
+    return {.index = "DBPATHS",
+            .columns = {{"lblPATHNAME", "lblHPATHNAME", "Job Site", 1800, "PATHNAME"},
+                        {"lblPATHTEXT", "lblHPATHTEXT", " Location of Database Files", 4650, "PathText"},
+                        {"lblTAG", "lblHTAG", "Tag", 600, "",
+                         [this](data::Recordset& site) { return markOf(site); }}},
+            .descriptionColumn = 1,
+            .rows = 8,
+            .endText = "End of List",
+            .emptyText = "List is Empty"};
+}
+
+std::string JobSiteList::markOf(const data::Recordset& site) const {
+    const std::int32_t DBTAG = siteOf(site).DBTAG;
+    const bool tagged = DBTAG != 0 && std::ranges::find(m_update->tagList(), DBTAG, &TaggedSite::DBTAG) !=
+                                          m_update->tagList().end();
+    return tagged ? tagMark : noMark;
+}
+
+void JobSiteList::open(DefinitionUpdate& update) {
+    m_update = &update;
+    m_list = std::make_unique<screens::BrowseList>(
+        m_panel, description(), update.DBPATHS(), [this] { return m_update->openDBPATHS(); },
+        screens::BrowseActions{});
+    m_panel.connectTo(*m_list);
+    m_list->BrowseLoad();
+}
+
+void JobSiteList::close() {
+    m_panel.disconnect();
+    m_list.reset();
+    m_update = nullptr;
+}
+
+void JobSiteList::retire() {
+    m_list->BrowseRowOff(m_list->row());
+    m_panel.disconnect();
+    setInUse(false);
+}
+
+bool JobSiteList::isEmpty() const {
+    return m_list->recordset().RecordCount() == 0;
+}
+
+std::string JobSiteList::currentMark() const {
+    return m_list->currentMark();
+}
+
+void JobSiteList::toggleTag() {
+    if (!isEmpty() && m_list->goToCurrent()) {
+        setMark(toggle(siteOf(m_list->recordset())));
+        m_list->BrowseMove(forms::keyDown);
+    }
+    takeFocus();
+}
+
+/// Whether the site is tagged now. The box names the highest index, which is one less than the places.
+bool JobSiteList::toggle(const TaggedSite& site) {
+    TagList& tags = m_update->tagList();
+    const auto tagged = std::ranges::find(tags, site.DBTAG, &TaggedSite::DBTAG);
+    if (tagged != tags.end()) {
+        *tagged = {};
+        return false;
+    }
+    const auto free = std::ranges::find(tags, 0, &TaggedSite::DBTAG);
+    if (free != tags.end()) {
+        *free = site;
+        return true;
+    }
+    runtime::host().msgBox(
+        "The Maximum Number of Tagged Items has Been Reached. \nMaximum Number of Tagged Items is " +
+            std::to_string(maxTaggedItems - 1),
+        {runtime::MsgIcon::Exclamation}, "To Many Tagged Items");
+    return false;
+}
+
+void JobSiteList::tagAll() {
+    if (!isEmpty()) {
+        data::Recordset& sites = m_list->recordset();
+        m_update->tagList().fill({});
+        sites.MoveFirst();
+        for (TaggedSite& place : m_update->tagList()) {
+            if (!m_list->BrowseRowValid())
+                break;
+            place = siteOf(sites);
+            sites.MoveNext();
+        }
+        m_list->BrowseFillPage();
+    }
+    takeFocus();
+}
+
+void JobSiteList::clearTags() {
+    if (!isEmpty()) {
+        m_update->tagList().fill({});
+        m_list->BrowseFillPage();
+    }
+    takeFocus();
+}
+
+void JobSiteList::markCurrent() {
+    setMark(true);
+}
+
+void JobSiteList::setMark(bool tagged) {
+    m_panel.setCaption(m_list->row(), markColumn, tagged ? tagMark : noMark);
+}
+
+void JobSiteList::keyDown(forms::KeyPress& key) {
+    if (m_list == nullptr || !m_panel.isInUse())
+        return;
+    if (isMoveKey(key.code))
+        return m_list->BrowseKeyDown(key.code, key.shift);
+    if (key.code != 'T')
+        return;
+    key.code = forms::keyNone;
+    m_tag();
+}
+
+} // namespace tol::update

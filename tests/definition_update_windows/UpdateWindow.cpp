@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "UpdateWindow.h"
+
+#include "forms/LoadedForms.h"
+
+#include <fmt/format.h>
+
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QTest>
+
+namespace tol::test {
+
+UpdateWindow::UpdateWindow() {
+    main.setSize(11985, 9090);
+    main.load();
+    main.show();
+}
+
+void UpdateWindow::addSites(int count) {
+    Json sites = Json::array();
+    for (int site = 1; site <= count; ++site)
+        sites.push_back(
+            Json::array({fmt::format("SITE{:02}", site), fmt::format("C:\\Jobs\\Site{:02} ", site)}));
+    UpdateWorld::addSites(sites);
+}
+
+void UpdateWindow::addOutdatedSite(int rows) {
+    UpdateWorld::addRowsOf("DATABASES", Json::parse(R"([["JOBS", "DBPATHS", "N", false]])"));
+    UpdateWorld::addDefinitions(Json::parse(
+        R"({"JOBS": {"ORDERS": {"fields": [["NUMBER", 4], ["NOTE", 10, 20]], "indexes": {"ORDERS": ["NUMBER"]}}}})"));
+    Json values = Json::array();
+    for (int row = 1; row <= rows; ++row)
+        values.push_back(Json::array({row == 2 ? "two" : std::to_string(row)}));
+    world.addFile(
+        "drives/c/NORTH/JOBS.mdb",
+        {{"ORDERS", {{"fields", Json::array({Json::array({"NUMBER", 10, 10})})}, {"rows", values}}}});
+    UpdateWorld::addSites(Json::parse(R"([["NORTH", "C:\\NORTH"]])"));
+}
+
+void UpdateWindow::open() {
+    main.showChild(std::make_unique<update::frmDBUDDU>());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&main));
+}
+
+void UpdateWindow::atYield(int yield, std::function<void()> step) {
+    world.host.yields = 0;
+    world.host.onYield = [this, yield, step = std::move(step)] {
+        if (world.host.yields == yield)
+            step();
+    };
+}
+
+update::frmDBUDDU& UpdateWindow::window() const {
+    return dynamic_cast<update::frmDBUDDU&>(*forms::LoadedForms::find("frmDBUDDU"));
+}
+
+std::vector<std::string> UpdateWindow::column(const char* label) const {
+    std::vector<std::string> captions;
+    for (int row = 0; row < 8; ++row)
+        captions.push_back(textOf(window(), QString("%1(%2)").arg(label).arg(row)));
+    return captions;
+}
+
+std::vector<int> UpdateWindow::marked() const {
+    std::vector<int> rows;
+    const std::vector<std::string> marks = column("lblTAG");
+    for (int row = 0; row < 8; ++row)
+        if (marks[row] != " ")
+            rows.push_back(row);
+    return rows;
+}
+
+int UpdateWindow::highlighted(const char* label) const {
+    int found = -1;
+    for (int row = 0; row < 8; ++row) {
+        auto& cell = control<QLabel>(window(), QString("%1(%2)").arg(label).arg(row));
+        if (cell.grab().toImage().pixelColor(1, 1) != QColor(Qt::yellow))
+            continue;
+        EXPECT_EQ(found, -1) << "two rows are highlighted";
+        found = row;
+    }
+    return found;
+}
+
+std::string UpdateWindow::state() const {
+    std::string result = text("cmdCancel") + (enabled("cmdCancel") ? "" : " off");
+    const auto add = [&](const char* what, std::initializer_list<const char*> controls) {
+        int on = 0;
+        for (const char* control : controls)
+            on += enabled(control) ? 1 : 0;
+        result += fmt::format(", {} {}", what,
+                              on == 0                                   ? "off"
+                              : on == static_cast<int>(controls.size()) ? "on"
+                                                                        : "partly on");
+    };
+    add("choices", {"cmdTAGEM", "cmdTAGALL", "cmdClearTags", "hsbMAIN", "cmdVDBHOME", "cmdVDBEND",
+                    "cmdVDBPGUP", "cmdVDBPGDN", "cmdVDBUPARROW", "cmdVDBDNARROW", "cmdVDBACTION"});
+    add("refresh", {"cmdRefresh"});
+    add("print", {"cmdPrint"});
+    add("exit", {"cmdExit"});
+    return result + (visible("fraNOWPROCESSING") ? ", now processing" : "");
+}
+
+} // namespace tol::test
