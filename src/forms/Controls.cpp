@@ -5,8 +5,30 @@
 #include <QGroupBox>
 #include <QIcon>
 #include <QLabel>
+#include <QScrollBar>
 
 namespace tol::forms {
+namespace {
+
+/// Too small to be a bar: the highlighted row of its list shows where the focus is.
+class FocusHolder : public QScrollBar {
+  public:
+    explicit FocusHolder(QWidget& parent) : QScrollBar(Qt::Horizontal, &parent) {
+        setRange(0, 0);
+        setFocusPolicy(Qt::StrongFocus);
+        setContextMenuPolicy(Qt::PreventContextMenu);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {}
+};
+
+/// Qt names the parts that its own widgets are made of.
+bool isControl(const QWidget& widget) {
+    return !widget.isWindow() && !widget.objectName().isEmpty() && !widget.objectName().startsWith("qt_");
+}
+
+} // namespace
 
 QLabel& addLabel(QWidget& parent, const QString& name, const QString& caption, Place where) {
     auto& label = *new QLabel(caption, &parent);
@@ -31,6 +53,14 @@ QGroupBox& addCaptionedFrame(QWidget& parent, const QString& name, const QString
     return frame;
 }
 
+QScrollBar& addScrollBar(QWidget& parent, const QString& name, const QString& description, Place where) {
+    auto& bar = *new FocusHolder(parent);
+    bar.setObjectName(name);
+    bar.setAccessibleName(description);
+    place(bar, where);
+    return bar;
+}
+
 QLabel& addImage(QWidget& parent, const QString& name, const QIcon& picture, const QString& description,
                  Place where) {
     QLabel& image = addLabel(parent, name, {}, where);
@@ -39,11 +69,22 @@ QLabel& addImage(QWidget& parent, const QString& name, const QIcon& picture, con
     return image;
 }
 
+void setLabelOf(QLabel& label, QWidget& control) {
+    label.setBuddy(&control);
+}
+
 void setTextSize(QLabel& label, int percent, bool bold) {
     QFont font = label.font();
     font.setPointSizeF(font.pointSizeF() * percent / 100);
     font.setBold(bold);
     label.setFont(font);
+}
+
+void hideControls(QWidget& window) {
+    for (QWidget* control : window.findChildren<QWidget*>())
+        if (isControl(*control) && control->window() == window.window() &&
+            !control->objectName().startsWith("tmr"))
+            control->hide();
 }
 
 } // namespace tol::forms

@@ -9,6 +9,7 @@ class QFrame;
 class QGroupBox;
 class QIcon;
 class QLabel;
+class QScrollBar;
 class QWidget;
 
 namespace tol::forms {
@@ -20,11 +21,21 @@ QLabel& addLabel(QWidget& parent, const QString& name, const QString& caption, P
 QFrame& addFrame(QWidget& parent, const QString& name, Place where);
 /// The same with a caption in its upper edge.
 QGroupBox& addCaptionedFrame(QWidget& parent, const QString& name, const QString& caption, Place where);
+/// A horizontal scroll bar that holds the focus of a list: Tab stops at it, keys go to it, but it shows
+/// nothing and its value stays 0. `description` is what assistive technology calls the list.
+QScrollBar& addScrollBar(QWidget& parent, const QString& name, const QString& description, Place where);
 /// A picture, scaled to its place; `description` is for those who can't see it.
 QLabel& addImage(QWidget& parent, const QString& name, const QIcon& picture, const QString& description,
                  Place where);
 
+/// Has assistive technology name a control by the label before it; the label's mnemonic moves the focus
+/// there.
+void setLabelOf(QLabel& label, QWidget& control);
 /// Gives a label's text another size, in percent of the usual one.
 void setTextSize(QLabel& label, int percent, bool bold = false);
+
+/// Hides every control that lies on the window, in its frames too, but for those whose names begin with
+/// "tmr".
+void hideControls(QWidget& window);
 
 } // namespace tol::forms

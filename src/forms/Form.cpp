@@ -13,7 +13,10 @@
 #include <QKeyEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScreen>
 #include <QWindow>
+
+#include <algorithm>
 
 namespace tol::forms {
 namespace {
@@ -63,7 +66,12 @@ void Form::showModal(QWidget* owner) {
     setWindowModality(Qt::ApplicationModal);
     QEventLoop untilUnloaded;
     m_modalLoop = &untilUnloaded;
-    showModeless();
+    const Hold hold(this);
+    load(); // which may set the size
+    if (owner != nullptr)
+        centreOn(*owner->window());
+    if (m_loaded)
+        showModeless();
     if (m_loaded)
         untilUnloaded.exec();
     m_modalLoop = nullptr;
@@ -103,9 +111,15 @@ Form* Form::of(QWidget* widget) {
     return nullptr;
 }
 
-bool Form::previewKey(QWidget& receiver, const QKeyEvent& event) {
+// The form behind a box or an opened menu is no form of its keys.
+Form* Form::typedOn(QWidget& receiver) {
     Form* form = of(&receiver);
-    if (form == nullptr || !form->m_loaded)
+    return form != nullptr && form->m_loaded && receiver.window() == form->window() ? form : nullptr;
+}
+
+bool Form::previewKey(QWidget& receiver, const QKeyEvent& event) {
+    Form* form = typedOn(receiver);
+    if (form == nullptr)
         return false;
     KeyPress key = keyPressOf(event);
     const int code = key.code;
@@ -117,16 +131,20 @@ bool Form::previewKey(QWidget& receiver, const QKeyEvent& event) {
         return key.code != code;
     if (code == keyEscape)
         return pressButton(form->m_cancelButton);
-    if (QAbstractButton* button = form->mnemonicButton(event)) {
+    QAbstractButton* button = form->mnemonicButton(event);
+    if (button != nullptr)
         button->setFocus(Qt::ShortcutFocusReason);
-        return pressButton(button);
-    }
-    return code == keyReturn && unused && pressButton(form->m_defaultButton);
+    return pressButton(button);
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+    if (keyPressOf(*event).code != keyReturn || !pressButton(m_defaultButton))
+        QWidget::keyPressEvent(event);
 }
 
 bool Form::hasMnemonic(QWidget& receiver, const QKeyEvent& event) {
-    const Form* form = of(&receiver);
-    return form != nullptr && form->m_loaded && form->mnemonicButton(event) != nullptr;
+    const Form* form = typedOn(receiver);
+    return form != nullptr && form->mnemonicButton(event) != nullptr;
 }
 
 QAbstractButton* Form::mnemonicButton(const QKeyEvent& event) const {
@@ -162,6 +180,14 @@ bool Form::event(QEvent* event) {
 
 QWidget& Form::outer() {
     return m_frame != nullptr ? static_cast<QWidget&>(*m_frame) : *this;
+}
+
+void Form::centreOn(const QWidget& owner) {
+    const QRect screenArea = owner.screen()->availableGeometry();
+    const QPoint wanted = owner.frameGeometry().center() - rect().center();
+    const QPoint last = screenArea.bottomRight() - rect().bottomRight();
+    move(std::max(screenArea.left(), std::min(wanted.x(), last.x())),
+         std::max(screenArea.top(), std::min(wanted.y(), last.y())));
 }
 
 void Form::discardIfDone() {

@@ -31,7 +31,7 @@ class Form : public QWidget {
     [[nodiscard]] bool isLoaded() const { return m_loaded; }
     /// Loads and shows the form, in front and no longer minimised, and returns at once.
     void showModeless();
-    /// Loads and shows the form in front of its owner and returns when it has been unloaded.
+    /// Loads the form, shows it in front of the middle of its owner and returns when it has been unloaded.
     void showModal(QWidget* owner);
     /// Runs Unload and takes the form off the screen, unless it is not loaded; as soon as it is no longer
     /// busy.
@@ -47,8 +47,9 @@ class Form : public QWidget {
     /// Whether the form sees keys before the control that has the focus.
     void setKeyPreview(bool preview) { m_keyPreview = preview; }
     [[nodiscard]] bool keyPreview() const { return m_keyPreview; }
-    /// The buttons that Esc presses, and Enter where the focused control has no use for it, while they are
-    /// visible and enabled; null for none. A form that previews keys sees the key first.
+    /// The buttons that Esc presses wherever the focus is, and Enter where the focused control has no use
+    /// for it, while they are visible and enabled; null for none. A form that previews keys sees the key
+    /// first.
     void setCancelButton(QAbstractButton* button) { m_cancelButton = button; }
     void setDefaultButton(QAbstractButton* button) { m_defaultButton = button; }
 
@@ -56,7 +57,8 @@ class Form : public QWidget {
 
     /// The form that a widget is on, or is; null when there is none.
     static Form* of(QWidget* widget);
-    /// Lets the receiver's form see a key first. True when the form swallowed it.
+    /// Lets the form that the receiver lies on see a key first; not that of the window behind a box. True
+    /// when the form swallowed it.
     static bool previewKey(QWidget& receiver, const QKeyEvent& event);
     /// Whether the key is Alt and the letter of a button on the receiver's form that can be pressed.
     static bool hasMnemonic(QWidget& receiver, const QKeyEvent& event);
@@ -100,13 +102,16 @@ class Form : public QWidget {
 
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     friend class MdiForm;
 
     /// The window that moves, hides and closes: the frame in the MDI area, or the form itself.
     [[nodiscard]] QWidget& outer();
+    void centreOn(const QWidget& owner);
     void discardIfDone();
+    static Form* typedOn(QWidget& receiver);
     static bool pressButton(QAbstractButton* button);
     [[nodiscard]] QAbstractButton* mnemonicButton(const QKeyEvent& event) const;
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "forms/PlainStyle.h"
 
-#include <QIconEngine>
+#include "forms/DrawnIcon.h"
+
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleFactory>
+#include <QWidget>
 
 #include <algorithm>
 #include <iterator>
@@ -26,85 +28,70 @@ constexpr MessageIcon messageIcons[] = {
     {QStyle::SP_MessageBoxQuestion, 0xff1f6f8b, '?', false},
 };
 
-// Draws on a field of 32 by 32, whatever the size asked for.
-class MessageIconEngine : public QIconEngine {
-  public:
-    explicit MessageIconEngine(const MessageIcon& icon) : m_icon(icon) {}
+constexpr int iconField = 32;
 
-    void paint(QPainter* painter, const QRect& where, QIcon::Mode, QIcon::State) override {
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setWindow(0, 0, 32, 32);
-        painter->setViewport(where);
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(QColor::fromRgb(m_icon.background));
-        if (m_icon.triangle)
-            painter->drawPath(triangle());
-        else
-            painter->drawEllipse(1, 1, 30, 30);
-        paintSign(*painter);
-        painter->restore();
+QPainterPath triangle() {
+    QPainterPath path;
+    path.addPolygon(QPolygonF{{16, 2}, {31, 29}, {1, 29}, {16, 2}});
+    return path;
+}
+
+void paintQuestionMark(QPainter& painter) {
+    QPainterPath hook(QPointF(11.5, 12));
+    hook.cubicTo({11.5, 6}, {20.5, 6}, {20.5, 11.5});
+    hook.cubicTo({20.5, 15}, {16, 15}, {16, 19});
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(hook);
+    painter.drawPoint(QPointF(16, 24.5));
+}
+
+void paintSign(QPainter& painter, char sign) {
+    painter.setPen(QPen(Qt::white, 3.6, Qt::SolidLine, Qt::RoundCap));
+    switch (sign) {
+    case 'x':
+        painter.drawLine(QLineF(11, 11, 21, 21));
+        painter.drawLine(QLineF(21, 11, 11, 21));
+        break;
+    case '!':
+        painter.drawLine(QLineF(16, 12, 16, 19));
+        painter.drawPoint(QPointF(16, 25));
+        break;
+    case 'i':
+        painter.drawPoint(QPointF(16, 9));
+        painter.drawLine(QLineF(16, 15, 16, 23));
+        break;
+    default:
+        paintQuestionMark(painter);
     }
+}
 
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap picture(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-        return picture;
-    }
-
-    [[nodiscard]] QIconEngine* clone() const override { return new MessageIconEngine(m_icon); }
-
-  private:
-    static QPainterPath triangle() {
-        QPainterPath path;
-        path.addPolygon(QPolygonF{{16, 2}, {31, 29}, {1, 29}, {16, 2}});
-        return path;
-    }
-
-    void paintSign(QPainter& painter) const {
-        const QPen pen(Qt::white, 3.6, Qt::SolidLine, Qt::RoundCap);
-        painter.setPen(pen);
-        switch (m_icon.sign) {
-        case 'x':
-            painter.drawLine(QLineF(11, 11, 21, 21));
-            painter.drawLine(QLineF(21, 11, 11, 21));
-            break;
-        case '!':
-            painter.drawLine(QLineF(16, 12, 16, 19));
-            painter.drawPoint(QPointF(16, 25));
-            break;
-        case 'i':
-            painter.drawPoint(QPointF(16, 9));
-            painter.drawLine(QLineF(16, 15, 16, 23));
-            break;
-        default:
-            paintQuestionMark(painter);
-        }
-    }
-
-    static void paintQuestionMark(QPainter& painter) {
-        QPainterPath hook(QPointF(11.5, 12));
-        hook.cubicTo({11.5, 6}, {20.5, 6}, {20.5, 11.5});
-        hook.cubicTo({20.5, 15}, {16, 15}, {16, 19});
-        painter.setBrush(Qt::NoBrush);
-        painter.drawPath(hook);
-        painter.drawPoint(QPointF(16, 24.5));
-    }
-
-    const MessageIcon& m_icon;
-};
+void paintIcon(QPainter& painter, const MessageIcon& icon) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor::fromRgb(icon.background));
+    if (icon.triangle)
+        painter.drawPath(triangle());
+    else
+        painter.drawEllipse(1, 1, iconField - 2, iconField - 2);
+    paintSign(painter, icon.sign);
+}
 
 } // namespace
 
 PlainStyle::PlainStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
 
+void PlainStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    // The focus is to be seen wherever it is, not only after it was moved by a key.
+    if (widget->isWindow())
+        widget->setAttribute(Qt::WA_KeyboardFocusChange);
+}
+
 QIcon PlainStyle::standardIcon(StandardPixmap standard, const QStyleOption* option,
                                const QWidget* widget) const {
-    const auto icon = std::ranges::find(messageIcons, standard, &MessageIcon::standard);
-    return icon == std::end(messageIcons) ? QProxyStyle::standardIcon(standard, option, widget)
-                                          : QIcon(new MessageIconEngine(*icon));
+    const auto* icon = std::ranges::find(messageIcons, standard, &MessageIcon::standard);
+    if (icon == std::end(messageIcons))
+        return QProxyStyle::standardIcon(standard, option, widget);
+    return drawnIcon({iconField, [icon](QPainter& painter, QIcon::Mode) { paintIcon(painter, *icon); }});
 }
 
 } // namespace tol::forms

@@ -5,11 +5,14 @@
 
 namespace tol::forms {
 
-/// How the program looks, the same on every desktop: a plain light style whose message icons are drawn, so
-/// that they are crisp at any scale.
+/// How the program looks, the same on every desktop: a plain light style with message icons of its own,
+/// that shows where the focus is.
 class PlainStyle : public QProxyStyle {
   public:
     PlainStyle();
+
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override;
 
     QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
                        const QWidget* widget) const override;

@@ -4,7 +4,10 @@
 #include "forms/Keys.h"
 
 #include <QFocusEvent>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
+
+#include <algorithm>
 
 namespace tol::forms {
 namespace {
@@ -19,29 +22,87 @@ int characterOf(const QKeyEvent& event) {
 
 /// The window came back to the front, or a menu went: the focus never left the box.
 bool isOwnFocus(const QFocusEvent& event) {
-    return event.reason() == Qt::ActiveWindowFocusReason || event.reason() == Qt::PopupFocusReason;
+    return event.reason() == Qt::ActiveWindowFocusReason || event.reason() == Qt::PopupFocusReason ||
+           event.reason() == Qt::MenuBarFocusReason;
+}
+
+/// The first characters of a text (Qt counts some characters as two).
+QString leftCharacters(const QString& text, std::size_t count) {
+    return QString::fromStdU32String(text.toStdU32String().substr(0, count));
+}
+
+std::size_t characters(const QString& text) {
+    return text.toStdU32String().size();
+}
+
+QString textOf(int character) {
+    return QString::fromStdU32String({static_cast<char32_t>(character)});
+}
+
+/// A line has no tabs and line ends; they come in by pasting.
+QString withoutControlCharacters(QString text) {
+    return text.removeIf([](QChar c) {
+        return c < ' ' || c == QChar(0x7f) || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+    });
 }
 
 } // namespace
 
 TextBox& TextBox::add(QWidget& parent, const QString& name, int maxLength, Place where) {
-    auto& box = *new TextBox(parent);
+    auto& box = *new TextBox(parent, maxLength);
     box.setObjectName(name);
-    box.setMaxLength(maxLength);
     place(box, where);
     return box;
 }
 
+TextBox::TextBox(QWidget& parent, int maxLength) : QLineEdit(&parent), m_maxLength(maxLength) {
+    connect(this, &QLineEdit::textEdited, this, [this] { trimEdited(); });
+}
+
+void TextBox::Text(const std::string& text) {
+    const QString line = QString::fromStdString(text);
+    setText(m_maxLength > 0 ? leftCharacters(line, static_cast<std::size_t>(m_maxLength)) : line);
+}
+
+// What was put in ends at the cursor, so that is where the text is cut.
+void TextBox::trimEdited() {
+    const QString edited = text();
+    const QString before = edited.left(cursorPosition());
+    const QString after = edited.mid(cursorPosition());
+    QString kept = withoutControlCharacters(before);
+    if (const auto limit = static_cast<std::size_t>(m_maxLength); limit > 0)
+        kept = leftCharacters(kept, limit - std::min(limit, characters(after)));
+    if (kept == before)
+        return;
+    setSelection(0, static_cast<int>(before.size()));
+    insert(kept);
+}
+
+int TextBox::pressed(int typed) {
+    int kept = typed;
+    if (m_keyPress)
+        runEvent(*this, [&] { kept = m_keyPress(typed); });
+    return kept;
+}
+
 void TextBox::keyPressEvent(QKeyEvent* event) {
     const int typed = characterOf(*event);
-    int kept = typed;
-    if (typed != 0 && m_keyPress)
-        runEvent(*this, [&] { kept = m_keyPress(typed); });
+    const int kept = typed != 0 ? pressed(typed) : 0;
     if (kept == typed)
         return QLineEdit::keyPressEvent(event);
     if (kept != 0)
-        insert(QString::fromUcs4(reinterpret_cast<const char32_t*>(&kept), 1));
+        insert(textOf(kept));
     event->accept();
+}
+
+// Characters that are put together from several keys arrive here.
+void TextBox::inputMethodEvent(QInputMethodEvent* event) {
+    QString kept;
+    for (const uint typed : event->commitString().toUcs4())
+        if (const int character = pressed(static_cast<int>(typed)); character != 0)
+            kept += textOf(character);
+    event->setCommitString(kept, event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(event);
 }
 
 void TextBox::focusInEvent(QFocusEvent* event) {

@@ -11,15 +11,17 @@
 
 namespace tol::forms {
 
-/// A line of text to be typed. Its texts are UTF-8; MaxLength counts characters and bounds what is
-/// typed. The procedures run guarded, in the order GotFocus, KeyPress and Change, LostFocus.
+/// A line of text to be typed. Its texts are UTF-8. It never holds more than MaxLength characters (0: any
+/// number): what is typed, pasted or set beyond them is dropped. The procedures run guarded. While another
+/// window is in front or a menu is open, the box keeps the focus.
 class TextBox : public QLineEdit {
   public:
     /// Put on the parent, which owns it.
     static TextBox& add(QWidget& parent, const QString& name, int maxLength, Place where);
 
     [[nodiscard]] std::string Text() const { return text().toStdString(); }
-    void Text(const std::string& text) { setText(QString::fromStdString(text)); }
+    void Text(const std::string& text);
+    [[nodiscard]] int MaxLength() const { return m_maxLength; }
     /// Marks the whole text.
     void selectAllText() { selectAll(); }
 
@@ -33,12 +35,17 @@ class TextBox : public QLineEdit {
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
 
   private:
-    explicit TextBox(QWidget& parent) : QLineEdit(&parent) {}
+    TextBox(QWidget& parent, int maxLength);
+    /// What the KeyPress procedure makes of a character.
+    int pressed(int typed);
+    void trimEdited();
 
     std::function<int(int)> m_keyPress;
     EventProcedure m_gotFocus, m_lostFocus;
+    int m_maxLength;
 };
 
 } // namespace tol::forms
