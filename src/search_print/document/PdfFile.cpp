@@ -4,6 +4,8 @@
 #include "runtime/RuntimeError.h"
 #include "search_print/document/PagePainter.h"
 
+#include <QBuffer>
+#include <QFile>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
@@ -15,9 +17,9 @@ namespace {
 constexpr int twipsPerInch = 1440;
 constexpr double twipsPerPoint = 20;
 
-[[noreturn]] void raiseNotWritten(const std::filesystem::path& file, const QString& reason) {
+[[noreturn]] void raiseNotWritten(const std::filesystem::path& file, const QFileDevice& target) {
     throw runtime::RuntimeError(runtime::errPathAccess, "The file '" + file.string() + "' can't be written.",
-                                reason.toStdString());
+                                target.errorString().toStdString());
 }
 
 QPageSize sizeOf(const Page& page) {
@@ -37,22 +39,38 @@ void paintPages(QPdfWriter& writer, const PageList& list) {
     }
 }
 
+QByteArray pdfOf(const PageList& list, const std::string& title) {
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&bytes);
+    writer.setResolution(twipsPerInch);
+    writer.setTitle(QString::fromStdString(title));
+    writer.setCreator("Tolvane Module");
+    writer.setPageMargins({});
+    paintPages(writer, list);
+    return bytes.data();
+}
+
+/// In one piece, since a writer of PDF files does not look whether its device took what it was given.
+bool writeAll(QFileDevice& target, const QByteArray& bytes) {
+    return target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.flush();
+}
+
 } // namespace
 
 void writePdf(const PageList& list, const std::filesystem::path& file, const std::string& title) {
-    QSaveFile target(QString::fromStdString(file.string()));
-    if (!target.open(QIODevice::WriteOnly))
-        raiseNotWritten(file, target.errorString());
-    {
-        QPdfWriter writer(&target);
-        writer.setResolution(twipsPerInch);
-        writer.setTitle(QString::fromStdString(title));
-        writer.setCreator("Tolvane Module");
-        writer.setPageMargins({});
-        paintPages(writer, list);
+    const QByteArray bytes = pdfOf(list, title);
+    const QString name = QString::fromStdString(file.string());
+    std::error_code noStatus;
+    if (std::filesystem::is_regular_file(file, noStatus) || !std::filesystem::exists(file, noStatus)) {
+        QSaveFile target(name);
+        if (!writeAll(target, bytes) || !target.commit())
+            raiseNotWritten(file, target);
+    } else { // a device or a pipe can't be replaced
+        QFile target(name);
+        if (!writeAll(target, bytes))
+            raiseNotWritten(file, target);
     }
-    if (!target.commit())
-        raiseNotWritten(file, target.errorString());
 }
 
 } // namespace tol::search_print
