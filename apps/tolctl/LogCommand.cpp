@@ -4,6 +4,7 @@
 #include "tolctl/ActivityRows.h"
 #include "tolctl/JsonReport.h"
 #include "tolctl/Output.h"
+#include "tolctl/PdfLog.h"
 #include "tolctl/ProgressLine.h"
 #include "tolctl/TerminalHost.h"
 
@@ -11,6 +12,8 @@
 
 namespace tol::ctl {
 namespace {
+
+constexpr bool hasPdf = TOL_PDF; // a build without Qt draws no reports
 
 // Two walks, so that the columns fit without the log being held in memory.
 void printColumns() {
@@ -25,15 +28,22 @@ void printColumns() {
 LogCommand::LogCommand(CLI::App& program)
     : Command(program, "log", "Print the log of the last update, in stored order") {
     app().add_flag("--json", m_json, "Print the rows as a JSON array of objects");
+    if constexpr (hasPdf)
+        app()
+            .add_option("--pdf", m_pdf, "Write the log as a printed report to this PDF file")
+            ->type_name("FILE");
 }
 
 ExitStatus LogCommand::execute() {
     ProgressLine progress;
     const TerminalHost host(progress, OnUnconvertible::Stop);
+    if constexpr (hasPdf)
+        if (m_pdf)
+            writePdfLog(*m_pdf, progress);
     if (m_json) {
         printJsonActivity();
         std::cout << "\n";
-    } else {
+    } else if (!m_pdf) {
         printColumns();
     }
     if (!finishOutput())
