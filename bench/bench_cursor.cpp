@@ -1,49 +1,18 @@
 // SPDX-License-Identifier: MIT
 // Seek and MoveNext on a large table against the bare prepared statements. Usage: bench_cursor [rows]
 
+#include "Bare.h"
 #include "Ratio.h"
 #include "WideTable.h"
 #include "data/DBEngine.h"
 #include "data/sqlite/SqliteEngine.h"
 
-#include <cstdlib>
 #include <random>
-#include <sqlite3.h>
 
 using namespace tol;
 using namespace tol::bench;
 
 namespace {
-
-/// A statement on a connection of its own, as a programmer would write it by hand.
-class Bare {
-  public:
-    Bare(const std::filesystem::path& file, const char* sql) {
-        sqlite3_open(file.c_str(), &m_database);
-        if (sqlite3_prepare_v2(m_database, sql, -1, &m_statement, nullptr) != SQLITE_OK) {
-            fmt::print(stderr, "{}\n", sqlite3_errmsg(m_database));
-            std::exit(1);
-        }
-    }
-    Bare(const Bare&) = delete;
-    Bare& operator=(const Bare&) = delete;
-    ~Bare() {
-        sqlite3_finalize(m_statement);
-        sqlite3_close(m_database);
-    }
-    bool step() { return sqlite3_step(m_statement) == SQLITE_ROW; }
-    void reset() { sqlite3_reset(m_statement); }
-    void bind(int value) { sqlite3_bind_int(m_statement, 1, value); }
-    /// Reads a number, a text and a fraction of the row.
-    double read() {
-        return sqlite3_column_int(m_statement, 1) + sqlite3_column_double(m_statement, 6) +
-               *sqlite3_column_text(m_statement, 3);
-    }
-
-  private:
-    sqlite3* m_database = nullptr;
-    sqlite3_stmt* m_statement = nullptr;
-};
 
 struct Reader {
     explicit Reader(data::Recordset& wide)
@@ -63,9 +32,14 @@ void walk(data::Recordset& wide) {
         sink += reader.read();
 }
 
+/// A number, a text and a fraction of the row.
+double read(Bare& statement) {
+    return static_cast<double>(statement.number(1)) + statement.real(6) + *statement.text(3);
+}
+
 void walk(Bare& statement) {
     while (statement.step())
-        sink += statement.read();
+        sink += read(statement);
     statement.reset();
 }
 
@@ -110,7 +84,7 @@ int main(int argc, char** argv) {
             for (const int tag : tags) {
                 sought.bind(tag);
                 sought.step();
-                sink += sought.read();
+                sink += read(sought);
                 sought.reset();
             }
         });
