@@ -6,8 +6,6 @@
 
 namespace tol::forms {
 
-using std::chrono::steady_clock;
-
 namespace {
 
 // About 60 turns a second. A turn costs tens of microseconds, a look at the clock next to nothing, and
@@ -22,10 +20,10 @@ runtime::MsgResult WindowHost::showMsgBox(const std::string& text, runtime::MsgS
 }
 
 void WindowHost::processEvents() {
-    if (steady_clock::now() < m_nextTurn)
+    if (runtime::CoarseClock::now() < m_nextTurn)
         return;
     QCoreApplication::processEvents();
-    m_nextTurn = steady_clock::now() + turnEvery;
+    m_nextTurn = runtime::CoarseClock::now() + turnEvery;
 }
 
 void WindowHost::endProgram() {

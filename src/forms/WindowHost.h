@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "runtime/CoarseClock.h"
 #include "runtime/Host.h"
-
-#include <chrono>
 
 namespace tol::forms {
 
@@ -21,7 +20,7 @@ class WindowHost : public runtime::Host {
 
   private:
     runtime::HostScope m_scope;
-    std::chrono::steady_clock::time_point m_nextTurn{};
+    runtime::CoarseClock::time_point m_nextTurn;
 };
 
 } // namespace tol::forms

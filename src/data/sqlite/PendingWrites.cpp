@@ -31,7 +31,7 @@ PendingWrites::~PendingWrites() {
 /// Decides in which transaction the next change takes place.
 void PendingWrites::prepare() {
     raiseOwed();
-    const auto now = CoarseClock::now();
+    const auto now = runtime::CoarseClock::now();
     WriteClock::instance().tick(*this, now);
     if (m_depth == 0 && !m_held && now < m_lastWrite + WriteClock::period)
         hold();
@@ -46,7 +46,7 @@ void PendingWrites::hold() {
     call(m_listener.holding);
     takeWriteLock();
     m_held = true;
-    m_heldSince = CoarseClock::now();
+    m_heldSince = runtime::CoarseClock::now();
     WriteClock::instance().add(*this);
     call(m_listener.began);
 }
@@ -132,7 +132,7 @@ void PendingWrites::commitHeld() {
     } catch (const runtime::RuntimeError& error) {
         // Someone reads and keeps reading: the changes are still there, and the next turn tries again.
         if (error.number() == runtime::errRowLocked && m_connection.inTransaction()) {
-            m_heldSince = CoarseClock::now();
+            m_heldSince = runtime::CoarseClock::now();
             WriteClock::instance().add(*this);
             throw;
         }
@@ -145,7 +145,7 @@ void PendingWrites::commitHeld() {
 
 void PendingWrites::letGo() {
     m_held = false;
-    m_lastWrite = CoarseClock::now();
+    m_lastWrite = runtime::CoarseClock::now();
     WriteClock::instance().remove(*this);
 }
 

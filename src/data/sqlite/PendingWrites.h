@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/sqlite/CoarseClock.h"
 #include "data/sqlite/Connection.h"
+#include "runtime/CoarseClock.h"
 
 #include <functional>
 #include <string>
@@ -58,7 +58,7 @@ class PendingWrites {
     /// Commits what is held. Nothing happens to a transaction of the caller's.
     void settle();
     [[nodiscard]] bool isHeld() const { return m_held; }
-    [[nodiscard]] CoarseClock::time_point heldSince() const { return m_heldSince; }
+    [[nodiscard]] runtime::CoarseClock::time_point heldSince() const { return m_heldSince; }
 
     /// For the clock, when another file's call made it commit: a failure is kept and raised by the
     /// next call for this file.
@@ -111,7 +111,7 @@ class PendingWrites {
             throw;
         }
         if (!m_held)
-            m_lastWrite = CoarseClock::now();
+            m_lastWrite = runtime::CoarseClock::now();
     }
 
     Connection& m_connection;
@@ -120,8 +120,8 @@ class PendingWrites {
     int m_depth = 0;
     int m_wishes = 0;
     int m_closed = 0;
-    CoarseClock::time_point m_heldSince;
-    CoarseClock::time_point m_lastWrite = CoarseClock::time_point::min();
+    runtime::CoarseClock::time_point m_heldSince;
+    runtime::CoarseClock::time_point m_lastWrite = runtime::CoarseClock::time_point::min();
     std::exception_ptr m_owed;
 };
 

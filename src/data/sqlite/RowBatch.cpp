@@ -27,25 +27,27 @@ void RowBatch::append(sqlite3_stmt* statement) {
     m_cells.resize(first + m_columns);
     for (std::size_t column = 0; column < m_columns; ++column) {
         Cell& cell = m_cells[first + column];
-        const int position = static_cast<int>(column);
-        switch (sqlite3_column_type(statement, position)) {
+        // Found once: each question to the statement would find it again. No other thread uses the
+        // connection.
+        sqlite3_value* value = sqlite3_column_value(statement, static_cast<int>(column));
+        switch (sqlite3_value_type(value)) {
         case SQLITE_INTEGER:
             cell.kind = Kind::Integer;
-            cell.integer = sqlite3_column_int64(statement, position);
+            cell.integer = sqlite3_value_int64(value);
             break;
         case SQLITE_FLOAT:
             cell.kind = Kind::Real;
-            cell.real = sqlite3_column_double(statement, position);
+            cell.real = sqlite3_value_double(value);
             break;
         case SQLITE_TEXT:
             cell.kind = Kind::Text;
-            keepText(cell, reinterpret_cast<const char*>(sqlite3_column_text(statement, position)),
-                     static_cast<std::size_t>(sqlite3_column_bytes(statement, position)));
+            keepText(cell, reinterpret_cast<const char*>(sqlite3_value_text(value)),
+                     static_cast<std::size_t>(sqlite3_value_bytes(value)));
             break;
         case SQLITE_BLOB:
             cell.kind = Kind::Blob;
-            keepText(cell, static_cast<const char*>(sqlite3_column_blob(statement, position)),
-                     static_cast<std::size_t>(sqlite3_column_bytes(statement, position)));
+            keepText(cell, static_cast<const char*>(sqlite3_value_blob(value)),
+                     static_cast<std::size_t>(sqlite3_value_bytes(value)));
             break;
         default:
             cell.kind = Kind::Null;

@@ -74,7 +74,7 @@ void Session::giveWay() {
 }
 
 void Session::enter(Look wish) {
-    const auto now = CoarseClock::now();
+    const auto now = runtime::CoarseClock::now();
     WriteClock::instance().tick(m_writes, now);
     // In a transaction of our own nobody else can commit.
     if ((wish == Look::AtOnce || now >= m_nextLook) && !m_connection.inTransaction())
@@ -89,7 +89,7 @@ void Session::look() {
         m_seenVersion = version;
         ++m_others;
     }
-    m_nextLook = CoarseClock::now() + lookPeriod;
+    m_nextLook = runtime::CoarseClock::now() + lookPeriod;
 }
 
 /// Should it fail, rows have been promised that are not there.

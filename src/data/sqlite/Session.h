@@ -6,6 +6,7 @@
 #include "data/sqlite/PendingWrites.h"
 #include "data/sqlite/Physical.h"
 #include "data/sqlite/UpdateRun.h"
+#include "runtime/CoarseClock.h"
 
 #include <cstdint>
 #include <memory>
@@ -47,6 +48,17 @@ class Session {
     /// To be called first by every call from above: commits what is due, and looks for changes of
     /// others, at once or at most every millisecond.
     void enter(Look look = Look::WhenDue);
+    /// Keeps the file locked for reading while it lives, so that several queries lock it but once.
+    class Reading {
+      public:
+        explicit Reading(Session& session) : m_statement(session.m_dataVersion) { m_statement.step(); }
+        Reading(const Reading&) = delete;
+        Reading& operator=(const Reading&) = delete;
+        ~Reading() { m_statement.reset(); }
+
+      private:
+        Statement& m_statement;
+    };
     /// Grows with each change that may concern any row of any table: one by another connection, or a
     /// rollback.
     [[nodiscard]] std::uint64_t others() const { return m_others; }
@@ -71,7 +83,7 @@ class Session {
     Statement m_dataVersion;
     std::int64_t m_seenVersion = 0;
     std::uint64_t m_others = 0;
-    CoarseClock::time_point m_nextLook;
+    runtime::CoarseClock::time_point m_nextLook;
     std::function<void(bool)> m_transactionEnd;
 };
 

@@ -339,6 +339,9 @@ bool SqliteCursor::load(const std::vector<Level>& levels, std::span<const Stored
     m_batchDirection = direction;
     m_row = 0;
     m_oneWay = false;
+    std::optional<Session::Reading> reading;
+    if (levels.size() > 1)
+        reading.emplace(*m_session);
     for (const auto& level : levels) {
         loadLevel(level, position, direction);
         if (batchIsFull())

@@ -24,12 +24,12 @@ void WriteClock::remove(PendingWrites& writes) {
 }
 
 void WriteClock::findNextDue() {
-    m_nextDue = CoarseClock::time_point::max();
+    m_nextDue = runtime::CoarseClock::time_point::max();
     for (const PendingWrites* writes : m_held)
         m_nextDue = std::min(m_nextDue, writes->heldSince() + period);
 }
 
-void WriteClock::commitDue(PendingWrites& caller, CoarseClock::time_point now) {
+void WriteClock::commitDue(PendingWrites& caller, runtime::CoarseClock::time_point now) {
     const auto isDue = [&](const PendingWrites& writes) {
         return writes.isHeld() && !writes.isClosed() && writes.heldSince() + period <= now;
     };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/sqlite/CoarseClock.h"
+#include "runtime/CoarseClock.h"
 
 #include <chrono>
 #include <vector>
@@ -24,7 +24,7 @@ class WriteClock {
     void remove(PendingWrites& writes);
 
     /// Commits what is due. A failure of the caller's own file is raised here.
-    void tick(PendingWrites& caller, CoarseClock::time_point now) {
+    void tick(PendingWrites& caller, runtime::CoarseClock::time_point now) {
         if (now >= m_nextDue)
             commitDue(caller, now);
     }
@@ -32,11 +32,11 @@ class WriteClock {
     void settleOthers(const PendingWrites& waiting);
 
   private:
-    void commitDue(PendingWrites& caller, CoarseClock::time_point now);
+    void commitDue(PendingWrites& caller, runtime::CoarseClock::time_point now);
     void findNextDue();
 
     std::vector<PendingWrites*> m_held;
-    CoarseClock::time_point m_nextDue = CoarseClock::time_point::max();
+    runtime::CoarseClock::time_point m_nextDue = runtime::CoarseClock::time_point::max();
 };
 
 } // namespace tol::data::sqlite

@@ -4,10 +4,10 @@
 #include <chrono>
 #include <ctime>
 
-namespace tol::data::sqlite {
+namespace tol::runtime {
 
 /// A steady clock that goes on in steps of a few milliseconds and costs next to nothing to read, which
-/// every call to an open file does.
+/// every call to an open file and every yield does.
 struct CoarseClock {
     using duration = std::chrono::nanoseconds;
     using rep = duration::rep;
@@ -22,4 +22,4 @@ struct CoarseClock {
     }
 };
 
-} // namespace tol::data::sqlite
+} // namespace tol::runtime
