@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "forms/TextBox.h"
 
+#include "forms/Form.h"
 #include "forms/Keys.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace tol::forms {
 namespace {
@@ -57,6 +61,11 @@ TextBox& TextBox::add(QWidget& parent, const QString& name, int maxLength, Place
 
 TextBox::TextBox(QWidget& parent, int maxLength) : QLineEdit(&parent), m_maxLength(maxLength) {
     connect(this, &QLineEdit::textEdited, this, [this] { trimEdited(); });
+    // Behind a box, the program may have moved the focus without an event.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (now != nullptr && now != this && Form::of(now) == Form::of(this))
+            leave();
+    });
 }
 
 void TextBox::Text(const std::string& text) {
@@ -107,14 +116,39 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event) {
 
 void TextBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (m_gotFocus && !isOwnFocus(*event))
+    if (std::exchange(m_entered, true))
+        return;
+    m_newClick = event->reason() == Qt::MouseFocusReason;
+    if (m_gotFocus)
         runEvent(*this, m_gotFocus);
 }
 
 void TextBox::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    if (m_lostFocus && !isOwnFocus(*event))
+    m_newClick = false;
+    if (!isOwnFocus(*event))
+        leave();
+}
+
+void TextBox::leave() {
+    if (std::exchange(m_entered, false) && m_lostFocus)
         runEvent(*this, m_lostFocus);
+}
+
+void TextBox::mousePressEvent(QMouseEvent* event) {
+    m_newClick = m_newClick && hasSelectedText();
+    if (!m_newClick)
+        QLineEdit::mousePressEvent(event);
+}
+
+void TextBox::mouseMoveEvent(QMouseEvent* event) {
+    if (!m_newClick)
+        QLineEdit::mouseMoveEvent(event);
+}
+
+void TextBox::mouseReleaseEvent(QMouseEvent* event) {
+    if (!std::exchange(m_newClick, false))
+        QLineEdit::mouseReleaseEvent(event);
 }
 
 } // namespace tol::forms

@@ -13,7 +13,8 @@ namespace tol::forms {
 
 /// A line of text to be typed. Its texts are UTF-8. It never holds more than MaxLength characters (0: any
 /// number): what is typed, pasted or set beyond them is dropped. The procedures run guarded. While another
-/// window is in front or a menu is open, the box keeps the focus.
+/// window is in front or a menu is open, the box keeps the focus, unless the program moves it meanwhile. The
+/// click that brings the focus leaves alone what GotFocus has marked.
 class TextBox : public QLineEdit {
   public:
     /// Put on the parent, which owns it.
@@ -35,6 +36,9 @@ class TextBox : public QLineEdit {
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
 
   private:
@@ -42,10 +46,13 @@ class TextBox : public QLineEdit {
     /// What the KeyPress procedure makes of a character.
     int pressed(int typed);
     void trimEdited();
+    void leave();
 
     std::function<int(int)> m_keyPress;
     EventProcedure m_gotFocus, m_lostFocus;
     int m_maxLength;
+    bool m_entered = false;  ///< between GotFocus and LostFocus
+    bool m_newClick = false; ///< the mouse button went down and brought the focus
 };
 
 } // namespace tol::forms
