@@ -25,13 +25,13 @@ void UpdateWindow::addSites(int count) {
     UpdateWorld::addSites(sites);
 }
 
-void UpdateWindow::addOutdatedSite(int rows) {
+void UpdateWindow::addOutdatedSite(int rows, bool convertible) {
     UpdateWorld::addRowsOf("DATABASES", Json::parse(R"([["JOBS", "DBPATHS", "N", false]])"));
     UpdateWorld::addDefinitions(Json::parse(
         R"({"JOBS": {"ORDERS": {"fields": [["NUMBER", 4], ["NOTE", 10, 20]], "indexes": {"ORDERS": ["NUMBER"]}}}})"));
     Json values = Json::array();
     for (int row = 1; row <= rows; ++row)
-        values.push_back(Json::array({row == 2 ? "two" : std::to_string(row)}));
+        values.push_back(Json::array({row == 2 && !convertible ? "two" : std::to_string(row)}));
     world.addFile(
         "drives/c/NORTH/JOBS.mdb",
         {{"ORDERS", {{"fields", Json::array({Json::array({"NUMBER", 10, 10})})}, {"rows", values}}}});
@@ -51,7 +51,13 @@ void UpdateWindow::atYield(int yield, std::function<void()> step) {
     };
 }
 
+bool UpdateWindow::isOpen() {
+    return forms::LoadedForms::find("frmDBUDDU") != nullptr;
+}
+
 update::frmDBUDDU& UpdateWindow::window() const {
+    if (!isOpen())
+        throw std::logic_error("the window is not open");
     return dynamic_cast<update::frmDBUDDU&>(*forms::LoadedForms::find("frmDBUDDU"));
 }
 

@@ -22,14 +22,18 @@ class UpdateWindow : public testing::Test {
 
     /// Job Sites SITE01, SITE02, ... on drive C, with nothing in their folders.
     static void addSites(int count);
-    /// One Job Site NORTH with a database JOBS that lacks a field; `rows` rows in it need a conversion.
-    void addOutdatedSite(int rows = 3);
+    /// One Job Site NORTH, whose database JOBS lacks the field NOTE and the index ORDERS. Its field NUMBER is
+    /// a text, and 2 of its rows is no number when `convertible` is false.
+    void addOutdatedSite(int rows = 3, bool convertible = true);
+    /// The database that addOutdatedSite() made, as it is now.
+    [[nodiscard]] Json outdated() const { return readDatabase(world.folder / "drives/c/NORTH/JOBS.mdb"); }
     /// Opens the window and waits until it has the keyboard.
     void open();
     /// Has the step taken at that yield behind this call.
     void atYield(int yield, std::function<void()> step);
 
     [[nodiscard]] update::frmDBUDDU& window() const;
+    [[nodiscard]] static bool isOpen();
     /// Captions of a row of labels; and of a column.
     [[nodiscard]] std::string text(const char* control) const { return textOf(window(), control); }
     [[nodiscard]] std::vector<std::string> column(const char* label) const;

@@ -35,7 +35,7 @@ void ActivityList::open(DefinitionUpdate& update) {
     m_list = std::make_unique<screens::BrowseList>(
         m_panel, description(), update.ACTIVITYLOG(), [&update] { return update.openACTIVITYLOG(); },
         screens::BrowseActions{});
-    m_panel.connectTo(*m_list);
+    m_panel.connectTo(*m_list, [this](int) { takeFocus(); });
     m_list->BrowseLoad();
 }
 

@@ -53,7 +53,7 @@ void JobSiteList::open(DefinitionUpdate& update) {
     m_list = std::make_unique<screens::BrowseList>(
         m_panel, description(), update.DBPATHS(), [this] { return m_update->openDBPATHS(); },
         screens::BrowseActions{});
-    m_panel.connectTo(*m_list);
+    m_panel.connectTo(*m_list, [this](int) { takeFocus(); });
     m_list->BrowseLoad();
 }
 
