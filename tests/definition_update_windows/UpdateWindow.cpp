@@ -28,10 +28,10 @@ void UpdateWindow::addSites(int count) {
 void UpdateWindow::addOutdatedSite(int rows, bool convertible) {
     UpdateWorld::addRowsOf("DATABASES", Json::parse(R"([["JOBS", "DBPATHS", "N", false]])"));
     UpdateWorld::addDefinitions(Json::parse(
-        R"({"JOBS": {"ORDERS": {"fields": [["NUMBER", 4], ["NOTE", 10, 20]], "indexes": {"ORDERS": ["NUMBER"]}}}})"));
+        R"({"JOBS": {"ORDERS": {"fields": [["NUMBER", 3], ["NOTE", 10, 20]], "indexes": {"ORDERS": ["NUMBER"]}}}})"));
     Json values = Json::array();
     for (int row = 1; row <= rows; ++row)
-        values.push_back(Json::array({row == 2 && !convertible ? "two" : std::to_string(row)}));
+        values.push_back(Json::array({row == 2 && !convertible ? "40000" : std::to_string(row)}));
     world.addFile(
         "drives/c/NORTH/JOBS.mdb",
         {{"ORDERS", {{"fields", Json::array({Json::array({"NUMBER", 10, 10})})}, {"rows", values}}}});

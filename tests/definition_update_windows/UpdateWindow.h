@@ -23,7 +23,7 @@ class UpdateWindow : public testing::Test {
     /// Job Sites SITE01, SITE02, ... on drive C, with nothing in their folders.
     static void addSites(int count);
     /// One Job Site NORTH, whose database JOBS lacks the field NOTE and the index ORDERS. Its field NUMBER is
-    /// a text, and 2 of its rows is no number when `convertible` is false.
+    /// a text, and 2 of its rows is too large a number unless `convertible`.
     void addOutdatedSite(int rows = 3, bool convertible = true);
     /// The database that addOutdatedSite() made, as it is now.
     [[nodiscard]] Json outdated() const { return readDatabase(world.folder / "drives/c/NORTH/JOBS.mdb"); }

@@ -114,6 +114,7 @@ void frmDBUDDU::allowExitOnly() {
     enableChoices(false);
     m_activity.setInUse(false);
     m_cmdCancel.setEnabled(false);
+    m_cmdPrint.setEnabled(false);
     m_cmdExit.setFocus();
 }
 
