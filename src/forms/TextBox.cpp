@@ -20,7 +20,9 @@ namespace {
 int characterOf(const QKeyEvent& event) {
     if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter)
         return keyReturn;
-    const QList<uint> characters = event.text().toUcs4();
+    const bool isCommand =
+        (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier;
+    const QList<uint> characters = isCommand ? QList<uint>() : event.text().toUcs4();
     return characters.size() == 1 && characters[0] >= ' ' ? static_cast<int>(characters[0]) : 0;
 }
 
@@ -63,7 +65,7 @@ TextBox::TextBox(QWidget& parent, int maxLength) : QLineEdit(&parent), m_maxLeng
     connect(this, &QLineEdit::textEdited, this, [this] { trimEdited(); });
     // Behind a box, the program may have moved the focus without an event.
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        if (now != nullptr && now != this && Form::of(now) == Form::of(this))
+        if (now != nullptr && now != this && now->window() == window() && Form::of(now) == Form::of(this))
             leave();
     });
 }

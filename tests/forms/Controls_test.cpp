@@ -10,6 +10,9 @@
 #include <QGroupBox>
 #include <QIcon>
 #include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTest>
 
 namespace tol::forms {
 namespace {
@@ -54,6 +57,53 @@ TEST(Controls, AnImageIsToldByItsDescription) {
     EXPECT_EQ(image.objectName(), "Image1");
     EXPECT_EQ(toldName(image), "A red square");
     EXPECT_EQ(image.pixmap().deviceIndependentSize(), QSizeF(32, 32));
+}
+
+TEST(Controls, AFocusHolderTakesTheFocusWhileItIsEnabled) {
+    Form form("frmTest");
+    QLineEdit box(&form);
+    QScrollBar& holder = addScrollBar(form, "hsbMAIN", "Job Sites", {150, 150, 30, 30});
+    form.showModeless();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    EXPECT_EQ(form.findChild<QScrollBar*>("hsbMAIN"), &holder);
+    EXPECT_EQ(holder.size(), QSize(2, 2));
+    EXPECT_EQ(holder.orientation(), Qt::Horizontal);
+    EXPECT_EQ(toldName(holder), "Job Sites");
+    holder.setFocus();
+    EXPECT_TRUE(holder.hasFocus());
+    QTest::keyClick(&holder, Qt::Key_Right);
+    QTest::keyClick(&holder, Qt::Key_End);
+    EXPECT_EQ(holder.value(), 0);
+    QTest::keyClick(&holder, Qt::Key_Tab);
+    EXPECT_TRUE(box.hasFocus());
+    holder.setEnabled(false);
+    holder.setFocus();
+    QTest::keyClick(&box, Qt::Key_Tab);
+    EXPECT_FALSE(holder.hasFocus());
+}
+
+TEST(Controls, ALabelNamesItsControl) {
+    Form form("frmTest");
+    QLineEdit box(&form);
+    QLabel& label = addLabel(form, "lblTest", "&Location:", {0, 0, 900, 300});
+    setLabelOf(label, box);
+    EXPECT_EQ(toldName(box), "Location:");
+}
+
+TEST(Controls, HidingAllControlsReachesIntoFramesAndSparesTimers) {
+    Form form("frmTest");
+    QFrame& frame = addFrame(form, "fraTest", {0, 0, 3000, 900});
+    QLabel& inFrame = addLabel(frame, "lblTest", "x", {0, 0, 300, 300});
+    QLabel& timer = addLabel(form, "tmrTest", "x", {0, 900, 300, 300});
+    Form child("frmChild");
+    child.setParent(&form, Qt::Dialog);
+    QLabel& onChild = addLabel(child, "lblChild", "x", {0, 0, 300, 300});
+    hideControls(form);
+    EXPECT_TRUE(frame.isHidden());
+    EXPECT_TRUE(inFrame.isHidden());
+    EXPECT_FALSE(timer.isHidden());
+    EXPECT_FALSE(onChild.isHidden());
+    child.setParent(nullptr);
 }
 
 TEST(Controls, TextSizeIsAShareOfTheUsualOne) {

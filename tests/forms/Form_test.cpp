@@ -4,6 +4,8 @@
 #include "forms/Buttons.h"
 #include "forms/EventProcedure.h"
 #include "forms/LoadedForms.h"
+#include "forms/MessageBox.h"
+#include "support/BoxAnswerer.h"
 
 #include <gmock/gmock.h>
 
@@ -169,6 +171,36 @@ TEST(Form, ModalReturnsWhenItIsUnloaded) {
     form.setParent(nullptr);
 }
 
+TEST(Form, ModalComesUpInTheMiddleOfItsOwnersWindow) {
+    QWidget window;
+    window.setGeometry(100, 80, 500, 400);
+    QWidget owner(&window);
+    window.show();
+    Recorded form;
+    QPoint centre;
+    QTimer::singleShot(0, [&] {
+        centre = form.geometry().center();
+        form.close();
+    });
+    form.showModal(&owner);
+    EXPECT_LE((centre - window.frameGeometry().center()).manhattanLength(), 4); // but for the frame's edges
+    form.setParent(nullptr);
+}
+
+TEST(Form, ModalStaysOnTheScreen) {
+    QWidget owner;
+    owner.move(-2000, -2000);
+    Recorded form;
+    QPoint place;
+    QTimer::singleShot(0, [&] {
+        place = form.pos();
+        form.close();
+    });
+    form.showModal(&owner);
+    EXPECT_EQ(place, QGuiApplication::primaryScreen()->availableGeometry().topLeft());
+    form.setParent(nullptr);
+}
+
 TEST(Form, HasAFixedSizeUnlessToldOtherwise) {
     Recorded fixed, sizable;
     sizable.setSizable(true);
@@ -217,6 +249,25 @@ TEST(Form, SeesAKeyOnceThoughNoControlTakesIt) {
     form.showModeless();
     QTest::keyClick(&control, Qt::Key_F5);
     EXPECT_EQ(form.keys.size(), 1U);
+}
+
+TEST(Form, DoesNotSeeKeysOfABoxBeforeIt) {
+    Recorded form;
+    int clicks = 0;
+    form.setKeyPreview(true);
+    form.setCancelButton(&addButton(form, "cmdExit", "E&xit", {0, 0, 1500, 375}, [&] { ++clicks; }));
+    form.showModeless();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    test::BoxAnswerer person;
+    person.onBox = [](QMessageBox& box) {
+        EXPECT_NE(Form::of(&box), nullptr);
+        QTest::keyClick(box.defaultButton(), Qt::Key_X, Qt::AltModifier);
+        QTest::keyClick(box.defaultButton(), Qt::Key_Escape);
+    };
+    showMessageBox("text", {}, "title");
+    EXPECT_EQ(person.boxes.size(), 1U);
+    EXPECT_THAT(form.keys, IsEmpty());
+    EXPECT_EQ(clicks, 0);
 }
 
 TEST(Form, SeesALetterWithAltBeforeItsButtonDoes) {
