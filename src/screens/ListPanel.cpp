@@ -3,13 +3,14 @@
 
 #include "forms/Buttons.h"
 #include "forms/Controls.h"
+#include "forms/Focus.h"
 #include "forms/Form.h"
 #include "forms/Keys.h"
+#include "forms/Pictures.h"
 #include "screens/BrowseList.h"
 #include "screens/RowLabel.h"
 
 #include <QEvent>
-#include <QIcon>
 #include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
@@ -21,6 +22,7 @@ namespace {
 
 constexpr int headingHeight = 300;
 constexpr int border = 30;
+constexpr int focusHolderSize = 30;
 constexpr int gap = 120; // between rows and buttons
 constexpr int buttonWidth = 480;
 constexpr int tallestButton = 360;
@@ -28,15 +30,19 @@ constexpr int tallestButton = 360;
 struct MoveButton {
     const char* name;
     const char* description;
+    forms::Picture picture;
     int key; ///< keyNone for the action button
 };
 
 // From top to bottom; the first three keep to the top of the rows, the last three to their end.
 constexpr MoveButton moveButtons[] = {
-    {"HOME", "First record", forms::keyHome}, {"PGUP", "Page up", forms::keyPageUp},
-    {"UPARROW", "Line up", forms::keyUp},     {"ACTION", "Edit or add", forms::keyNone},
-    {"DNARROW", "Line down", forms::keyDown}, {"PGDN", "Page down", forms::keyPageDown},
-    {"END", "Last record", forms::keyEnd},
+    {"HOME", "First record", forms::Picture::First, forms::keyHome},
+    {"PGUP", "Page up", forms::Picture::PageUp, forms::keyPageUp},
+    {"UPARROW", "Line up", forms::Picture::LineUp, forms::keyUp},
+    {"ACTION", "Edit or add", forms::Picture::Action, forms::keyNone},
+    {"DNARROW", "Line down", forms::Picture::LineDown, forms::keyDown},
+    {"PGDN", "Page down", forms::Picture::PageDown, forms::keyPageDown},
+    {"END", "Last record", forms::Picture::Last, forms::keyEnd},
 };
 constexpr int buttonCount = std::size(moveButtons);
 constexpr int actionButton = buttonCount / 2;
@@ -77,19 +83,17 @@ ListPanel::ListPanel(forms::Form& form, const BrowseDescription& description, co
     : m_form(form),
       m_left(place.left),
       m_top(place.top),
-      m_name(place.caption),
       m_rowCount(description.rows),
-      m_focusHolder(new QScrollBar(Qt::Horizontal, &form)) {
-    m_focusHolder->setObjectName(place.focusHolder);
-    m_focusHolder->setAccessibleName(m_name);
-    m_focusHolder->setFocusPolicy(Qt::StrongFocus);
-    forms::place(*m_focusHolder, {m_left + border, m_top + headingHeight + border, 30, 30});
+      m_focusHolder(&forms::addScrollBar(
+          form, place.focusHolder, place.caption,
+          {place.left + border, place.top + headingHeight + border, focusHolderSize, focusHolderSize})) {
     makeRows(description);
     makeButtons(place.buttons);
 }
 
 void ListPanel::makeRows(const BrowseDescription& description) {
     auto& frame = *new RowsFrame(m_form, *m_focusHolder);
+    frame.setObjectName(m_focusHolder->objectName().replace("hsb", "fra"));
     m_rows.resize(m_rowCount);
     int left = m_left + border;
     for (const BrowseColumn& column : description.columns) {
@@ -130,7 +134,8 @@ void ListPanel::makeButtons(const QString& prefix) {
         else if (i > actionButton)
             where = top + rowsHeight() - (buttonCount - i) * height;
         m_buttons.push_back(&forms::addPictureButton(
-            m_form, prefix + button.name, {}, button.description, {left, where, buttonWidth, height},
+            m_form, prefix + button.name, forms::picture(button.picture), button.description,
+            {left, where, buttonWidth, height},
             [this, key = button.key] { key == forms::keyNone ? clickAction() : clickMove(key); }));
     }
 }
@@ -191,11 +196,11 @@ void ListPanel::setRowColor(int row, std::uint32_t color) {
 }
 
 void ListPanel::tellHighlight(int row) {
-    QStringList texts(m_name);
+    QStringList texts;
     for (const QLabel* label : m_rows[row])
         if (!label->isHidden() && !label->text().trimmed().isEmpty())
             texts.push_back(label->text().trimmed());
-    m_focusHolder->setAccessibleName(texts.join(", "));
+    forms::announce(*m_focusHolder, texts.join(", "));
 }
 
 void ListPanel::takeFocus() {

@@ -35,7 +35,7 @@ struct ListPlace {
 /// A list's widgets on a form: headings, label arrays (an element is called "lblPATHNAME(3)"), the scroll bar
 /// that holds the focus, the six picture buttons and the action button. The form owns the widgets. Once
 /// connected, clicks on the rows and buttons go to the list. The frame around the rows tells whether the
-/// list has the keyboard; the scroll bar's accessible name is the highlighted row.
+/// list has the keyboard; the scroll bar's accessible description is the highlighted row.
 class ListPanel : public BrowsePage {
   public:
     ListPanel(forms::Form& form, const BrowseDescription& description, const ListPlace& place);
@@ -83,7 +83,6 @@ class ListPanel : public BrowsePage {
 
     forms::Form& m_form;
     int m_left, m_top;
-    QString m_name;
     int m_rowCount;
     std::vector<int> m_columnLefts; ///< one more than there are columns
     std::vector<std::vector<QLabel*>> m_rows;

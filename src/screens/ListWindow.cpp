@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "screens/ListWindow.h"
+
+#include "forms/Buttons.h"
+#include "runtime/RuntimeError.h"
+#include "shell/vdwindows/vdFormLoadError.h"
+
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace tol::screens {
+namespace {
+
+constexpr int buttonHeight = 375;
+constexpr int buttonGap = 75;
+constexpr int shortestButton = 1050;
+constexpr int captionMargin = 300; // blank space of a button beside its caption
+
+int widthFor(const QPushButton& button) {
+    return std::max(shortestButton,
+                    forms::toTwips(button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width()) +
+                        captionMargin);
+}
+
+} // namespace
+
+ListWindow::ListWindow(ListWindowDescription description)
+    : Form(QString::fromStdString(description.name)),
+      m_description(std::move(description)),
+      m_panel(*this, m_description.list,
+              {.left = margin,
+               .top = margin + m_description.headerHeight,
+               .caption = QString::fromStdString(m_description.caption)}),
+      m_list(m_panel, m_description.list, m_recordset,
+             [this] { return m_database.OpenRecordset(m_description.table, data::dbOpenTable); },
+             {[this] { m_edit.add(); }, [this] { m_edit.edit(); }, [this] { m_edit.remove(); },
+              [this] { cmdExit_Click(); }}),
+      m_edit(*this, m_panel, m_list, m_description.edit) {
+    setWindowTitle(QString::fromStdString(m_description.caption));
+    m_panel.connectTo(m_list, [this](int column) { m_edit.setEditColumn(column); });
+    makeButtons();
+    m_edit.setButtons(m_buttons);
+}
+
+void ListWindow::makeButtons() {
+    const int top = margin + m_description.headerHeight + m_panel.height() + margin;
+    int left = margin;
+    const auto add = [&](const QString& name, const QString& caption, forms::EventProcedure click) {
+        QPushButton& button =
+            forms::addButton(*this, name, caption, {left, top, 0, buttonHeight}, std::move(click));
+        const int width = widthFor(button);
+        forms::place(button, {left, top, width, buttonHeight});
+        left += width + buttonGap;
+        return &button;
+    };
+    m_buttons.cmdAdd = add("cmdAdd", "&Add", [this] { m_edit.add(); });
+    m_buttons.cmdEdit = add("cmdEdit", "&Edit", [this] { m_edit.edit(); });
+    m_buttons.cmdDelete = add("cmdDelete", "&Delete", [this] { m_edit.remove(); });
+    m_buttons.cmdPrint = add("cmdPrint", "&Print", [this] { cmdPrint_Click(); });
+    for (const ListCommand& command : m_description.commands)
+        add(QString::fromStdString(command.name), QString::fromStdString(command.caption), command.click)
+            ->setToolTip(QString::fromStdString(command.toolTip));
+    m_buttons.cmdUpdate = add("cmdUpdate", "&Update", [this] { m_edit.update(); });
+    m_buttons.cmdExit = add("cmdExit", "E&xit", [this] { cmdExit_Click(); });
+    moveToEnd(std::max(margin + m_panel.width(), left - buttonGap), top);
+}
+
+/// Puts cmdUpdate and cmdExit at the end of the row of buttons.
+void ListWindow::moveToEnd(int right, int top) {
+    setScaleSize(right + margin, top + buttonHeight + margin);
+    for (QPushButton* button : {m_buttons.cmdExit, m_buttons.cmdUpdate}) {
+        const int width = widthFor(*button);
+        forms::place(*button, {right - width, top, width, buttonHeight});
+        right -= width + buttonGap;
+    }
+}
+
+// Load and Unload.
+
+void ListWindow::onLoad() {
+    m_loadFinished = false;
+    setKeyPreview(true);
+    try {
+        openDatabase();
+        loadList();
+        m_loadFinished = true;
+    } catch (const runtime::RuntimeError& error) {
+        shell::vdFormLoadError(*this, *m_buttons.cmdExit, m_description.name, std::to_string(error.number()),
+                               error.description());
+    }
+}
+
+void ListWindow::openDatabase() {
+    m_workspace = data::DBEngine::CreateWorkspace(m_description.workspace);
+    m_database = m_workspace.OpenDatabase(databaseFile(), false);
+    m_recordset = m_database.OpenRecordset(m_description.table, data::dbOpenTable);
+    openMore(m_database);
+}
+
+void ListWindow::onUnload() {
+    if (m_loadFinished) {
+        m_database.Close();
+        m_workspace.Close();
+    }
+    m_loadFinished = false;
+    m_recordset = {};
+    m_database = {};
+    m_workspace = {};
+}
+
+// What a person does.
+
+void ListWindow::onActivate() {
+    const bool first = !std::exchange(m_activated, true);
+    if (first || !m_loadFinished || m_description.edit.form == EditForm::Plain || !m_panel.isInUse())
+        return;
+    m_list.BrowseReload();
+    m_panel.takeFocus();
+}
+
+void ListWindow::onKeyDown(forms::KeyPress& key) {
+    if (!keyPreview() || !m_loadFinished)
+        return;
+    // Enter on a button that has the focus presses it, as on every other window.
+    const bool onButton = dynamic_cast<QPushButton*>(focusWidget()) != nullptr;
+    if (!(onButton && key.code == forms::keyReturn))
+        m_list.BrowseKeyDown(key.code, key.shift);
+}
+
+void ListWindow::cmdExit_Click() {
+    if (m_edit.isEditing())
+        return m_edit.cancel();
+    beforeExit();
+    unload();
+}
+
+} // namespace tol::screens
