@@ -1,0 +1,311 @@
+// SPDX-License-Identifier: MIT
+#include "jobsites/frmDBPBrowse.h"
+
+#include "forms/Form.h"
+#include "forms/LoadedForms.h"
+#include "forms/TextBox.h"
+#include "support/ListWindowTest.h"
+
+#include <gmock/gmock.h>
+
+#include <QPushButton>
+
+namespace tol::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string reminder = "Remember, if you changed the Location of Database Files\n"
+                             "for an existing Job Site then you need to Reselect that Job Site\n"
+                             "(Main Menu Option: File, 1 - Select Job Site)\n"
+                             "in order for the changes to take effect.";
+
+/// The folder's DBPATHS.MDB is made anew, with its tables.
+struct JobSitesFolder {
+    JobSitesFolder() { std::filesystem::remove("DBPATHS.MDB"); }
+};
+
+class JobSites : public ListWindowTest {
+  protected:
+    JobSites() : ListWindowTest({"PATHNAME", "PATHTEXT"}) {}
+
+    void open() { show(std::make_unique<jobsites::frmDBPBrowse>()); }
+    void openWith(const std::vector<TestTable::Row>& rows) {
+        table.add(rows);
+        open();
+    }
+    void fill(const QString& name, const QString& path) const {
+        desk->type(name);
+        desk->press(Qt::Key_Tab);
+        desk->type(path);
+    }
+
+    JobSitesFolder fresh;
+    TestTable table{
+        "DBPATHS.MDB",
+        "DBPATHS",
+        {{"DBTAG", data::dbLong}, {"PATHNAME", data::dbText, 16}, {"PathText", data::dbText, 100}},
+        {{"DBPATHS", {"PATHNAME"}}}};
+    TestTable counter{"DBPATHS.MDB", "DBTAGS", {{"DBTAG", data::dbLong}}};
+};
+
+TestTable::Row site(std::int32_t tag, const char* name, const char* path) {
+    return {tag, name, path};
+}
+
+std::vector<TestTable::Row> eightSites() {
+    std::vector<TestTable::Row> rows;
+    for (std::int32_t i = 1; i <= 8; ++i)
+        rows.push_back({i, "SITE" + std::to_string(i), R"(C:\SITE)" + std::to_string(i)});
+    return rows;
+}
+
+// Browse state.
+
+TEST_F(JobSites, ShowsTheTable) {
+    openWith({site(1, "SOUTH", "C:\\SOUTH"), site(2, "NORTH", "C:\\NORTH")});
+    EXPECT_EQ(window->windowTitle(), "Job Sites");
+    EXPECT_EQ(pageSize(), 8U);
+    EXPECT_THAT(page(), ElementsAre("NORTH|C:\\NORTH", "SOUTH|C:\\SOUTH", " |End of List"));
+    EXPECT_EQ(highlight(), 0);
+    EXPECT_EQ(desk->focus(), "hsbMAIN");
+    EXPECT_EQ(desk->text("lblHPATHNAME"), "Job Site");
+    EXPECT_EQ(desk->text("lblHPATHTEXT"), " Location of Database Files");
+    for (const char* hidden : {"cmdUpdate", "cmdSelectPath", "txtPATHNAME", "txtPATHTEXT"})
+        EXPECT_FALSE(desk->isShown(hidden)) << hidden;
+    EXPECT_EQ(desk->control<forms::TextBox>("txtPATHNAME").MaxLength(), 16);
+    EXPECT_EQ(desk->control<forms::TextBox>("txtPATHTEXT").MaxLength(), 100);
+    EXPECT_EQ(desk->control("cmdSelectPath").toolTip(), "Click for Location Selection Form");
+}
+
+TEST_F(JobSites, SaysWhenTheTableIsEmpty) {
+    open();
+    EXPECT_THAT(page(), ElementsAre(" |List is Empty"));
+    EXPECT_EQ(highlight(), 0);
+}
+
+TEST_F(JobSites, ANullIsShownAsABlank) {
+    openWith({{std::int32_t{1}, "NORTH", runtime::Null()}});
+    EXPECT_THAT(page(), ElementsAre("NORTH|" + std::string(100, ' '), " |End of List"));
+}
+
+// Adding and editing.
+
+TEST_F(JobSites, AnAddGetsTheNextNumber) {
+    counter.add({{std::int32_t{57}}});
+    openWith({site(3, "SOUTH", "C:\\SOUTH")});
+    desk->press(Qt::Key_A);
+    expectBoxesOver(1);
+    EXPECT_EQ(desk->focus(), "txtPATHNAME");
+    EXPECT_EQ(desk->text("txtPATHNAME"), std::string(16, ' '));
+    EXPECT_EQ(desk->text("txtPATHTEXT"), std::string(100, ' '));
+    EXPECT_TRUE(desk->isShown("cmdSelectPath"));
+    fill("north", "c:\\north");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_THAT(table.rows(), ElementsAre("57|NORTH|C:\\NORTH", "3|SOUTH|C:\\SOUTH"));
+    EXPECT_THAT(counter.rows(), ElementsAre("58"));
+    EXPECT_THAT(page(), ElementsAre("NORTH|C:\\NORTH", "SOUTH|C:\\SOUTH", " |End of List"));
+    EXPECT_EQ(highlight(), 0);
+    EXPECT_EQ(desk->focus(), "hsbMAIN");
+    EXPECT_THAT(person.boxes, IsEmpty());
+}
+
+TEST_F(JobSites, TabGoesFromBoxToBoxToTheButtons) {
+    openWith({site(1, "NORTH", "C:\\NORTH")});
+    desk->press(Qt::Key_E);
+    for (const char* next : {"txtPATHTEXT", "cmdSelectPath", "cmdUpdate", "cmdExit", "txtPATHNAME"}) {
+        desk->press(Qt::Key_Tab);
+        EXPECT_EQ(desk->focus(), next);
+    }
+    desk->press(Qt::Key_Return);
+    EXPECT_EQ(desk->focus(), "txtPATHTEXT") << "Enter is Tab in a box";
+}
+
+TEST_F(JobSites, TextsAreFoldedWhenTheirBoxIsLeft) {
+    openWith({site(1, "NORTH", "C:\\NORTH")});
+    desk->press(Qt::Key_E);
+    desk->type("south");
+    EXPECT_EQ(desk->text("txtPATHNAME"), "south");
+    desk->press(Qt::Key_Tab);
+    EXPECT_EQ(desk->text("txtPATHNAME"), "SOUTH");
+    desk->type("c:\\site\\\\");
+    desk->press(Qt::Key_Tab);
+    EXPECT_EQ(desk->text("txtPATHTEXT"), "C:\\SITE\\") << "one backslash only";
+}
+
+TEST_F(JobSites, ATrailingBackslashIsNotStored) {
+    open();
+    desk->press(Qt::Key_A);
+    fill("here", "C:\\");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_THAT(table.rows(), ElementsAre("1|HERE|C:"));
+}
+
+TEST_F(JobSites, TwoMayHaveOneName) {
+    openWith({site(1, "NORTH", "C:\\NORTH")});
+    desk->press(Qt::Key_A);
+    fill("north", "c:\\other");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_EQ(table.rows().size(), 2U);
+    EXPECT_THAT(person.boxes, IsEmpty());
+}
+
+TEST_F(JobSites, AFullPageScrollsForAnAdd) {
+    openWith(eightSites());
+    desk->press(Qt::Key_A);
+    expectBoxesOver(7);
+    EXPECT_EQ(page().front(), "SITE2|C:\\SITE2");
+    EXPECT_EQ(page().back(), " |End of List");
+    fill("site0", "x");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_EQ(page().front(), "SITE0|X");
+    EXPECT_EQ(highlight(), 0) << "there are no seven records above it";
+}
+
+TEST_F(JobSites, AnAddOnTheEndOfListRowStaysInIt) {
+    openWith({site(1, "A", "X"), site(2, "B", "Y")});
+    desk->press(Qt::Key_Down);
+    desk->press(Qt::Key_Down);
+    EXPECT_EQ(highlight(), 2);
+    desk->press(Qt::Key_Return);
+    expectBoxesOver(2);
+    desk->press(Qt::Key_Escape);
+    EXPECT_EQ(highlight(), 2);
+    EXPECT_EQ(page().back(), " |End of List");
+}
+
+TEST_F(JobSites, ABlankNameAndOkLeadBackToTheNameBox) {
+    open();
+    desk->press(Qt::Key_A);
+    desk->press(Qt::Key_Tab);
+    EXPECT_THAT(person.boxes, IsEmpty()) << "nothing is checked before Update";
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    expectBox("Database Name is Empty.", QMessageBox::Critical, "Cannot Update Record");
+    EXPECT_THAT(person.boxes[0].buttons, ElementsAre("cmdOK", "cmdCancel"));
+    EXPECT_TRUE(isEditing());
+    EXPECT_EQ(desk->focus(), "txtPATHNAME");
+    desk->type("n");
+    EXPECT_EQ(desk->text("txtPATHNAME"), "n") << "the whole text was marked";
+    EXPECT_THAT(table.rows(), IsEmpty());
+}
+
+TEST_F(JobSites, ABlankNameAndCancelEndTheEdit) {
+    open();
+    person.answers = {"cmdCancel"};
+    desk->press(Qt::Key_A);
+    desk->click("cmdUpdate");
+    EXPECT_EQ(person.boxes.size(), 1U);
+    EXPECT_FALSE(isEditing());
+    EXPECT_THAT(page(), ElementsAre(" |List is Empty"));
+    EXPECT_THAT(table.rows(), IsEmpty());
+    EXPECT_THAT(counter.rows(), IsEmpty()) << "no number is spent";
+}
+
+TEST_F(JobSites, ABlankPathIsRefused) {
+    openWith({site(1, "NORTH", "C:\\NORTH")});
+    desk->press(Qt::Key_E);
+    fill("north", " ");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    expectBox("Path String is Empty.", QMessageBox::Critical, "Cannot Update Record");
+    EXPECT_EQ(desk->focus(), "txtPATHNAME");
+}
+
+TEST_F(JobSites, AFailedNumberIsTakenForZero) {
+    counter.add({{std::int32_t{2147483647}}});
+    open();
+    desk->press(Qt::Key_A);
+    fill("n", "x");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    ASSERT_EQ(person.boxes.size(), 1U);
+    EXPECT_EQ(person.boxes[0].title, "Error: vdGetNewTag");
+    EXPECT_THAT(table.rows(), ElementsAre("0|N|X"));
+}
+
+// Deleting.
+
+TEST_F(JobSites, ADeleteAsksFirst) {
+    openWith({site(1, " NORTH ", "C:\\NORTH"), site(2, "SOUTH", "C:\\SOUTH")});
+    desk->press(Qt::Key_Delete);
+    expectBox("OK to Delete Job Site: NORTH  ?", QMessageBox::Question, "Confirm Delete");
+    EXPECT_THAT(table.rows(), ElementsAre("2|SOUTH|C:\\SOUTH"));
+    EXPECT_THAT(page(), ElementsAre("SOUTH|C:\\SOUTH", " |End of List"));
+}
+
+// Exit.
+
+TEST_F(JobSites, AnEditThatChangesNothingRaisesTheReminder) {
+    openWith({site(1, "NORTH", "C:\\NORTH")});
+    desk->press(Qt::Key_E);
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_THAT(person.boxes, IsEmpty());
+    desk->press(Qt::Key_X);
+    expectBox(reminder, QMessageBox::NoIcon, "Reminder");
+    EXPECT_THAT(person.boxes[0].buttons, ElementsAre("cmdOK"));
+    EXPECT_EQ(forms::LoadedForms::Count(), 0);
+}
+
+TEST_F(JobSites, AnAddOrACancelledEditDoesNotRaiseTheReminder) {
+    open();
+    desk->press(Qt::Key_A);
+    fill("north", "x");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    desk->press(Qt::Key_E);
+    desk->press(Qt::Key_Escape);
+    desk->press(Qt::Key_Escape);
+    EXPECT_EQ(forms::LoadedForms::Count(), 0);
+    EXPECT_THAT(person.boxes, IsEmpty());
+}
+
+TEST_F(JobSites, IsNotReadAnewWhenItComesToTheFront) {
+    openWith({site(1, "A", "X")});
+    forms::Form& first = *window;
+    const WindowDriver atFirst(first);
+    open();
+    table.add({site(2, "B", "Y")});
+    first.showModeless();
+    EXPECT_EQ(atFirst.text("lblPATHTEXT(1)"), "End of List");
+}
+
+// Load.
+
+TEST_F(JobSites, AMissingTableLeavesOnlyTheExitButton) {
+    std::filesystem::remove("DBPATHS.MDB");
+    const TestTable other("DBPATHS.MDB", "OTHER", {{"A", data::dbLong}});
+    open();
+    expectBox("Error Loading Form: frmDBPBrowse\n\nError Number: 3078\n\nError Description: " +
+                  runtime::describe(runtime::ErrorNumber{3078}, {"DBPATHS"}),
+              QMessageBox::Critical, "Error Displaying Form");
+    expectOnlyTheExitButton();
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_A, Qt::Key_D, Qt::Key_E, Qt::Key_End})
+        desk->press(key);
+    EXPECT_EQ(person.boxes.size(), 1U);
+    desk->click("cmdExit");
+    EXPECT_EQ(forms::LoadedForms::Count(), 0);
+}
+
+TEST_F(JobSites, ADamagedDatabaseIsTold) {
+    folder.write("DBPATHS.MDB", std::string(9000, 'x'));
+    open();
+    ASSERT_EQ(person.boxes.size(), 1U);
+    EXPECT_THAT(person.boxes[0].text,
+                testing::HasSubstr("Error Loading Form: frmDBPBrowse\n\nError Number: 3343\n\n"));
+    desk->press(Qt::Key_Escape);
+    EXPECT_EQ(forms::LoadedForms::Count(), 0);
+}
+
+TEST(ModuleName, IsThatOfTheLetter) {
+    const std::pair<const char*, const char*> names[] = {{"L", "Orvane Module"},
+                                                         {"E", "Brimel Module"},
+                                                         {"M", "Sennet Module"},
+                                                         {"N", "Sennet Intake"},
+                                                         {"I", "Wendry Module"},
+                                                         {"", ""},
+                                                         {"l", ""},
+                                                         {"X", ""}};
+    for (const auto& [letter, name] : names)
+        EXPECT_EQ(jobsites::vdModuleName(letter), name) << letter;
+}
+
+} // namespace
+} // namespace tol::test
