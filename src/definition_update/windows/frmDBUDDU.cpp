@@ -2,6 +2,7 @@
 #include "definition_update/windows/frmDBUDDU.h"
 
 #include "definition_update/engine/ErrorReport.h"
+#include "definition_update/windows/frmDBUPrint.h"
 #include "definition_update/windows/frmDBURefresh.h"
 #include "forms/Buttons.h"
 #include "forms/Controls.h"
@@ -195,7 +196,7 @@ void frmDBUDDU::cmdRefresh_Click() {
 }
 
 void frmDBUDDU::cmdPrint_Click() {
-    shell::vdNotReady();
+    frmDBUPrint().showModal(this);
 }
 
 void frmDBUDDU::cmdExit_Click() {
