@@ -36,8 +36,9 @@ class ListBox : public QListWidget {
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
-  private:
     explicit ListBox(QWidget& parent);
+
+  private:
     bool selectFirst(int key);
 
     EventProcedure m_click, m_doubleClick, m_enter;
