@@ -2,6 +2,7 @@
 #include "jobsites/frmDBPBrowse.h"
 
 #include "forms/TextBox.h"
+#include "jobsites/frmDBPSearch.h"
 #include "platform/Paths.h"
 #include "runtime/Text.h"
 #include "screens/EditChecks.h"
@@ -100,7 +101,13 @@ screens::ListWindowDescription frmDBPBrowse::description() {
     };
 }
 
-void frmDBPBrowse::cmdSelectPath_Click() {}
+void frmDBPBrowse::cmdSelectPath_Click() {
+    forms::TextBox& path = *findChild<forms::TextBox*>("txtPATHTEXT");
+    frmDBPSearch picker;
+    picker.sPath = path.Text();
+    picker.showModal(this);
+    path.Text(picker.sPath);
+}
 
 void frmDBPBrowse::cmdPrint_Click() {
     search_print::vdPrint(*window(), {.PrintPath = platform::currentFolder(),

@@ -4,11 +4,14 @@
 #include "forms/Form.h"
 #include "forms/LoadedForms.h"
 #include "forms/TextBox.h"
+#include "jobsites/frmDBPSearch.h"
+#include "runtime/Text.h"
 #include "support/ListWindowTest.h"
 
 #include <gmock/gmock.h>
 
 #include <QPushButton>
+#include <QTimer>
 
 namespace tol::test {
 namespace {
@@ -255,6 +258,42 @@ TEST_F(JobSites, AnAddOrACancelledEditDoesNotRaiseTheReminder) {
     desk->press(Qt::Key_Escape);
     EXPECT_EQ(forms::LoadedForms::Count(), 0);
     EXPECT_THAT(person.boxes, IsEmpty());
+}
+
+class PickingALocation : public JobSites {
+  protected:
+    /// Opens the picker from an edit and leaves it with a key.
+    void pickAndPress(Qt::Key key, Qt::KeyboardModifiers held = {}) {
+        openWith({site(1, "NORTH", "C:\\NORTH")});
+        desk->press(Qt::Key_E);
+        QTimer::singleShot(0, window, [=, this] {
+            auto* picker = dynamic_cast<jobsites::frmDBPSearch*>(QApplication::activeModalWidget());
+            ASSERT_NE(picker, nullptr);
+            const WindowDriver atPicker(*picker);
+            EXPECT_LE((picker->geometry().center() - parent.frameGeometry().center()).manhattanLength(), 4);
+            atPicker.press(key, held);
+        });
+        desk->click("cmdSelectPath");
+    }
+};
+
+TEST_F(PickingALocation, PutsItIntoTheBox) {
+    pickAndPress(Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(desk->text("txtPATHTEXT"), runtime::upperCase(folder.path().string()));
+}
+
+TEST_F(PickingALocation, EscLeavesTheBoxAsItIs) {
+    pickAndPress(Qt::Key_Escape);
+    EXPECT_EQ(desk->text("txtPATHTEXT"), "C:\\NORTH");
+    EXPECT_TRUE(isEditing());
+}
+
+TEST_F(PickingALocation, CancelBlanksTheBoxSoThatUpdateRefusesIt) {
+    pickAndPress(Qt::Key_C, Qt::AltModifier);
+    EXPECT_EQ(desk->text("txtPATHTEXT"), " ");
+    desk->click("cmdUpdate");
+    ASSERT_EQ(person.boxes.size(), 1U);
+    EXPECT_THAT(person.boxes[0].text, testing::HasSubstr("Path String is Empty."));
 }
 
 TEST_F(JobSites, IsNotReadAnewWhenItComesToTheFront) {
