@@ -12,12 +12,12 @@ namespace tol::screens {
 
 /// A column of a list: an array of labels, one for each row, below a heading.
 struct BrowseColumn {
-    std::string label;        ///< name of the label array, such as "lblMODULEID"
-    std::string headingLabel; ///< name of the heading, such as "lblHMODULEID"
-    std::string heading;
+    std::string label;             ///< name of the label array, such as "lblMODULEID"
+    std::string headingLabel = {}; ///< name of the heading, such as "lblHMODULEID"
+    std::string heading = {};
     int width = 0; ///< twips; a column of width 0 is kept but not shown
     /// The field that is shown, Null as its type's blank value; or, if set, the text for the current record.
-    std::string field;
+    std::string field = {};
     std::function<std::string(data::Recordset&)> text = nullptr;
 };
 
@@ -31,7 +31,7 @@ struct BrowseSubset {
 
 /// All that sets one list apart from another.
 struct BrowseDescription {
-    std::string index;                 ///< "" for stored order
+    std::string index = {};            ///< "" for stored order
     std::vector<BrowseColumn> columns; ///< the first one holds the key
     int descriptionColumn = 1;         ///< shows the two texts below
     int rows = 7;

@@ -3,6 +3,7 @@
 
 #include "forms/Buttons.h"
 #include "forms/Controls.h"
+#include "forms/EventProcedure.h"
 #include "forms/Form.h"
 #include "forms/TextBox.h"
 #include "runtime/Host.h"
@@ -12,6 +13,7 @@
 #include "screens/TextBoxInput.h"
 #include "shell/vdfunctions/vdfunctions.h"
 
+#include <QFocusEvent>
 #include <QPushButton>
 
 #include <algorithm>
@@ -25,6 +27,26 @@ using runtime::MsgResult;
 
 constexpr int sideButtonOffset = 20; // twips that a side button keeps from a box's edges
 constexpr int sideButtonWidthTwips = 375;
+
+/// Runs a procedure when a control gets the focus, unless the window merely came back to the front.
+class FocusFilter : public QObject {
+  public:
+    FocusFilter(QWidget& control, forms::EventProcedure procedure)
+        : QObject(&control), m_control(control), m_procedure(std::move(procedure)) {
+        control.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn &&
+            static_cast<QFocusEvent*>(event)->reason() != Qt::ActiveWindowFocusReason)
+            forms::runEvent(m_control, m_procedure);
+        return false;
+    }
+
+  private:
+    QWidget& m_control;
+    forms::EventProcedure m_procedure;
+};
 
 } // namespace
 
@@ -48,6 +70,8 @@ void EditCycle::setButtons(const EditButtons& buttons) {
     m_buttons.cmdUpdate->hide();
     forms::setTabStop(*m_buttons.cmdExit, false);
     m_form.setCancelButton(m_buttons.cmdExit);
+    if (m_description.checkAtUpdateFocus)
+        new FocusFilter(*m_buttons.cmdUpdate, [this] { CheckEditField(); });
 }
 
 void EditCycle::setEditColumn(int column) {
@@ -249,17 +273,18 @@ bool EditCycle::allFieldsPass() {
 void EditCycle::update() {
     if (!isEditing())
         return;
-    m_buttons.cmdUpdate->setFocus(); // the box is left, even when a key has pressed the button
-    if (m_description.form == EditForm::Plain) {
-        if (!allFieldsPass())
-            return;
-    } else {
-        if (!m_description.checkAtUpdateFocus)
-            CheckEditField();
-        if (!bValid)
-            return;
-    }
-    save();
+    if (!m_description.checkAtUpdateFocus)
+        m_buttons.cmdUpdate->setFocus(); // the box is left, even when a key has pressed the button
+    if (isReadyToSave())
+        save();
+}
+
+bool EditCycle::isReadyToSave() {
+    if (m_description.form == EditForm::Plain)
+        return allFieldsPass();
+    if (!m_description.checkAtUpdateFocus)
+        CheckEditField();
+    return bValid;
 }
 
 void EditCycle::save() {

@@ -79,6 +79,7 @@ class EditCycle {
     void CheckEditField();
     [[nodiscard]] std::string failureOf(std::size_t position);
     [[nodiscard]] bool allFieldsPass();
+    [[nodiscard]] bool isReadyToSave();
     void save();
     void writeFields();
     void deleteCurrent();

@@ -31,11 +31,11 @@ using EditCheck = std::function<std::string(EditedField&)>;
 
 /// A text box that lies over a column of the list while a record is added or edited.
 struct EditField {
-    std::string box;   ///< name of the text box, such as "txtMODULEID"
-    std::string field; ///< of the recordset; "" when `read` and the cycle's `write` do its work
-    int column = 0;    ///< of the list; a click on it leads to this box
-    int maxLength = 0; ///< characters
-    std::string title; ///< what assistive technology calls the box
+    std::string box;        ///< name of the text box, such as "txtMODULEID"
+    std::string field = {}; ///< of the recordset; "" when `read` and the cycle's `write` do its work
+    int column = 0;         ///< of the list; a click on it leads to this box
+    int maxLength = 0;      ///< characters
+    std::string title;      ///< what assistive technology calls the box
     EditCheck check = nullptr;
     std::function<std::string(const std::string&)> leave = nullptr; ///< what the text becomes on leaving
     std::function<std::string(data::Recordset&)> read = nullptr;    ///< instead of the field's text

@@ -43,31 +43,40 @@ ListWindow::ListWindow(ListWindowDescription description)
     m_edit.setButtons(m_buttons);
 }
 
-void ListWindow::makeButtons() {
-    const int top = margin + m_description.headerHeight + m_panel.height() + margin;
-    int left = margin;
-    const auto add = [&](const QString& name, const QString& caption, forms::EventProcedure click) {
-        QPushButton& button =
-            forms::addButton(*this, name, caption, {left, top, 0, buttonHeight}, std::move(click));
-        const int width = widthFor(button);
-        forms::place(button, {left, top, width, buttonHeight});
-        left += width + buttonGap;
-        return &button;
-    };
-    m_buttons.cmdAdd = add("cmdAdd", "&Add", [this] { m_edit.add(); });
-    m_buttons.cmdEdit = add("cmdEdit", "&Edit", [this] { m_edit.edit(); });
-    m_buttons.cmdDelete = add("cmdDelete", "&Delete", [this] { m_edit.remove(); });
-    m_buttons.cmdPrint = add("cmdPrint", "&Print", [this] { cmdPrint_Click(); });
-    for (const ListCommand& command : m_description.commands)
-        add(QString::fromStdString(command.name), QString::fromStdString(command.caption), command.click)
-            ->setToolTip(QString::fromStdString(command.toolTip));
-    m_buttons.cmdUpdate = add("cmdUpdate", "&Update", [this] { m_edit.update(); });
-    m_buttons.cmdExit = add("cmdExit", "E&xit", [this] { cmdExit_Click(); });
-    moveToEnd(std::max(margin + m_panel.width(), left - buttonGap), top);
+QPushButton* ListWindow::makeButton(const std::string& name, const std::string& caption,
+                                    forms::EventProcedure click) {
+    return &forms::addButton(*this, QString::fromStdString(name), QString::fromStdString(caption),
+                             {0, 0, 0, 0}, std::move(click));
 }
 
-/// Puts cmdUpdate and cmdExit at the end of the row of buttons.
-void ListWindow::moveToEnd(int right, int top) {
+/// In the order in which Tab goes from one to the next.
+void ListWindow::makeButtons() {
+    m_buttons.cmdAdd = makeButton("cmdAdd", "&Add", [this] { m_edit.add(); });
+    m_buttons.cmdEdit = makeButton("cmdEdit", "&Edit", [this] { m_edit.edit(); });
+    m_buttons.cmdDelete = makeButton("cmdDelete", "&Delete", [this] { m_edit.remove(); });
+    m_buttons.cmdPrint = makeButton("cmdPrint", "&Print", [this] { cmdPrint_Click(); });
+    m_buttons.cmdUpdate = makeButton("cmdUpdate", "&Update", [this] { m_edit.update(); });
+    m_buttons.cmdExit = makeButton("cmdExit", "E&xit", [this] { cmdExit_Click(); });
+    std::vector<QPushButton*> row = {m_buttons.cmdAdd, m_buttons.cmdEdit, m_buttons.cmdDelete,
+                                     m_buttons.cmdPrint};
+    for (const ListCommand& command : m_description.commands) {
+        row.push_back(makeButton(command.name, command.caption, command.click));
+        row.back()->setToolTip(QString::fromStdString(command.toolTip));
+    }
+    row.insert(row.end(), {m_buttons.cmdUpdate, m_buttons.cmdExit});
+    placeButtons(row);
+}
+
+/// From left to right below the list; the last two keep to the right edge.
+void ListWindow::placeButtons(const std::vector<QPushButton*>& row) {
+    const int top = margin + m_description.headerHeight + m_panel.height() + margin;
+    int left = margin;
+    for (QPushButton* button : row) {
+        const int width = widthFor(*button);
+        forms::place(*button, {left, top, width, buttonHeight});
+        left += width + buttonGap;
+    }
+    int right = std::max(margin + m_panel.width(), left - buttonGap);
     setScaleSize(right + margin, top + buttonHeight + margin);
     for (QPushButton* button : {m_buttons.cmdExit, m_buttons.cmdUpdate}) {
         const int width = widthFor(*button);

@@ -40,7 +40,7 @@ class ListWindow : public forms::Form {
 
     /// The database that Load opens; may show boxes of its own.
     virtual std::string databaseFile() = 0;
-    /// What else Load opens or reads, before the list is filled.
+    /// What else Load opens or reads, before the list is filled. What it opens is closed with the database.
     virtual void openMore(data::Database&) {}
     /// The first fill.
     virtual void loadList() { m_list.BrowseLoad(); }
@@ -62,10 +62,10 @@ class ListWindow : public forms::Form {
     static constexpr int margin = 150;
 
   private:
+    QPushButton* makeButton(const std::string& name, const std::string& caption, forms::EventProcedure click);
     void makeButtons();
-    void moveToEnd(int right, int top);
+    void placeButtons(const std::vector<QPushButton*>& row);
     void openDatabase();
-    void closeAll();
     void cmdExit_Click();
 
     ListWindowDescription m_description;

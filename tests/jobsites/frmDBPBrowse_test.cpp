@@ -73,6 +73,7 @@ TEST_F(JobSites, ShowsTheTable) {
     EXPECT_THAT(page(), ElementsAre("NORTH|C:\\NORTH", "SOUTH|C:\\SOUTH", " |End of List"));
     EXPECT_EQ(highlight(), 0);
     EXPECT_EQ(desk->focus(), "hsbMAIN");
+    desk->keepPicture("job-sites");
     EXPECT_EQ(desk->text("lblHPATHNAME"), "Job Site");
     EXPECT_EQ(desk->text("lblHPATHTEXT"), " Location of Database Files");
     for (const char* hidden : {"cmdUpdate", "cmdSelectPath", "txtPATHNAME", "txtPATHTEXT"})
@@ -86,6 +87,7 @@ TEST_F(JobSites, SaysWhenTheTableIsEmpty) {
     open();
     EXPECT_THAT(page(), ElementsAre(" |List is Empty"));
     EXPECT_EQ(highlight(), 0);
+    desk->keepPicture("job-sites-empty");
 }
 
 TEST_F(JobSites, ANullIsShownAsABlank) {
@@ -158,6 +160,7 @@ TEST_F(JobSites, AFullPageScrollsForAnAdd) {
     openWith(eightSites());
     desk->press(Qt::Key_A);
     expectBoxesOver(7);
+    desk->keepPicture("job-sites-add");
     EXPECT_EQ(page().front(), "SITE2|C:\\SITE2");
     EXPECT_EQ(page().back(), " |End of List");
     fill("site0", "x");
@@ -316,6 +319,7 @@ TEST_F(JobSites, AMissingTableLeavesOnlyTheExitButton) {
                   runtime::describe(runtime::ErrorNumber{3078}, {"DBPATHS"}),
               QMessageBox::Critical, "Error Displaying Form");
     expectOnlyTheExitButton();
+    desk->keepPicture("job-sites-failed");
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_A, Qt::Key_D, Qt::Key_E, Qt::Key_End})
         desk->press(key);
     EXPECT_EQ(person.boxes.size(), 1U);

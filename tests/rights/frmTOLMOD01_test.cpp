@@ -59,6 +59,7 @@ TEST_F(Modules, ShowsTheTableInOrderOfItsCodes) {
     EXPECT_EQ(desk->focus(), "hsbMAIN");
     EXPECT_EQ(desk->text("lblHMODULEID"), "Code");
     EXPECT_EQ(desk->text("lblHMODULENAME"), " Module Name");
+    desk->keepPicture("modules");
 }
 
 TEST_F(Modules, ShowsItsButtons) {
@@ -83,6 +84,7 @@ TEST_F(Modules, AnEmptyTableSaysSoAndEditDeleteAndPrintDoNothing) {
     open();
     EXPECT_THAT(page(), ElementsAre(" |List is Empty."));
     EXPECT_EQ(highlight(), 0);
+    desk->keepPicture("modules-empty");
     for (const Qt::Key key : {Qt::Key_E, Qt::Key_D, Qt::Key_Delete, Qt::Key_Down, Qt::Key_Up, Qt::Key_Home,
                               Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown})
         desk->press(key);
@@ -248,6 +250,7 @@ TEST_F(Modules, AnEditCoversItsRowAndChangesTheRecord) {
     desk->press(Qt::Key_Down);
     desk->press(Qt::Key_Return);
     expectBoxesOver(1);
+    desk->keepPicture("modules-edit");
     EXPECT_EQ(desk->text("txtMODULEID"), "B");
     EXPECT_EQ(desk->text("txtMODULENAME"), "Second");
     desk->press(Qt::Key_Tab);

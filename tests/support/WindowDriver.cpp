@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QCoreApplication>
+#include <QDir>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
@@ -90,6 +91,12 @@ std::vector<int> WindowDriver::highlighted(const QString& label) const {
         if (element(label, row)->grab().toImage().pixelColor(1, 1) == QColor(255, 255, 0))
             result.push_back(row);
     return result;
+}
+
+void WindowDriver::keepPicture(const QString& name) const {
+    const QString folder = qEnvironmentVariable("TOL_SCREENSHOTS");
+    if (!folder.isEmpty() && !m_window.grab().save(QDir(folder).filePath(name + ".png")))
+        throw std::logic_error("no picture of " + m_window.objectName().toStdString() + " could be kept");
 }
 
 } // namespace tol::test

@@ -39,6 +39,8 @@ class WindowDriver {
     [[nodiscard]] std::vector<std::string> rows(const std::vector<QString>& labels) const;
     /// The rows whose labels of that array are yellow.
     [[nodiscard]] std::vector<int> highlighted(const QString& label) const;
+    /// Writes a picture of the window to the folder that TOL_SCREENSHOTS names, if any.
+    void keepPicture(const QString& name) const;
 
   private:
     /// What the window manager does once a box above the window is gone.
