@@ -102,7 +102,7 @@ screens::ListWindowDescription frmDBPBrowse::description() {
 }
 
 void frmDBPBrowse::cmdSelectPath_Click() {
-    forms::TextBox& path = *findChild<forms::TextBox*>("txtPATHTEXT");
+    forms::TextBox& path = editCycle().box(1);
     frmDBPSearch picker;
     picker.sPath = path.Text();
     picker.showModal(this);

@@ -6,6 +6,7 @@
 #include "forms/TextBox.h"
 #include "jobsites/frmDBPSearch.h"
 #include "runtime/Text.h"
+#include "search_print/ReportWindow.h"
 #include "support/ListWindowTest.h"
 
 #include <gmock/gmock.h>
@@ -297,6 +298,27 @@ TEST_F(PickingALocation, CancelBlanksTheBoxSoThatUpdateRefusesIt) {
     desk->click("cmdUpdate");
     ASSERT_EQ(person.boxes.size(), 1U);
     EXPECT_THAT(person.boxes[0].text, testing::HasSubstr("Path String is Empty."));
+}
+
+TEST_F(JobSites, PrintsTheList) {
+    openWith({site(1, "NORTH", "C:\\NORTH"), site(2, "SOUTH", "C:\\SOUTH")});
+    std::vector<std::string> texts;
+    QTimer::singleShot(0, window, [&] {
+        auto* report = dynamic_cast<search_print::ReportWindow*>(QApplication::activeModalWidget());
+        ASSERT_NE(report, nullptr);
+        EXPECT_EQ(report->windowTitle(), "Print the List of Job Sites");
+        for (const search_print::Page& page : report->printer().document().pages)
+            for (const search_print::Primitive& primitive : page.primitives)
+                if (const auto* text = std::get_if<search_print::Text>(&primitive))
+                    texts.push_back(text->text.trimmed().toStdString());
+        report->close();
+    });
+    desk->press(Qt::Key_P, Qt::AltModifier);
+    for (const char* expected : {"List of Job Sites", "Job Site", "Location of Database Files", "NORTH",
+                                 "C:\\NORTH", "SOUTH", "C:\\SOUTH"})
+        EXPECT_THAT(texts, testing::Contains(expected));
+    EXPECT_EQ(desk->focus(), "hsbMAIN");
+    EXPECT_THAT(person.boxes, IsEmpty());
 }
 
 TEST_F(JobSites, IsNotReadAnewWhenItComesToTheFront) {

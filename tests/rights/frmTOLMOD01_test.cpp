@@ -5,6 +5,7 @@
 #include "forms/LoadedForms.h"
 #include "forms/TextBox.h"
 #include "support/ListWindowTest.h"
+#include "support/SecondProcess.h"
 
 #include <fmt/core.h>
 #include <gmock/gmock.h>
@@ -517,7 +518,23 @@ TEST_F(Modules, ABoxIsNoReasonToReadTheListAnew) {
     EXPECT_THAT(page(), ElementsAre("A|First", " |End of List."));
 }
 
-using ModulesDeathTest = Modules;
+class ModulesDeathTest : public Modules {
+  protected:
+    /// Writes the error box to the standard error and presses OK.
+    void readAloud() {
+        person.onBox = [](QMessageBox& box) {
+            fmt::print(stderr, "[{}|{}]", box.windowTitle().toStdString(), box.text().toStdString());
+            box.close();
+        };
+    }
+    void change(const QString& name) const {
+        desk->press(Qt::Key_E);
+        desk->press(Qt::Key_Tab);
+        desk->type(name);
+        desk->press(Qt::Key_U, Qt::AltModifier);
+        fmt::print(stderr, "still running");
+    }
+};
 
 TEST_F(ModulesDeathTest, ACodeThatAnotherTookMeanwhileEndsTheProgram) {
     const auto run = [this] {
@@ -527,14 +544,30 @@ TEST_F(ModulesDeathTest, ACodeThatAnotherTookMeanwhileEndsTheProgram) {
         desk->press(Qt::Key_Tab);
         desk->type("Mine");
         table.add({{"B", "Theirs"}});
-        person.onBox = [](QMessageBox& box) {
-            fmt::print(stderr, "[{}|{}]", box.windowTitle().toStdString(), box.text().toStdString());
-            box.close();
-        };
+        readAloud();
         desk->press(Qt::Key_U, Qt::AltModifier);
         fmt::print(stderr, "still running");
     };
     EXPECT_EXIT(run(), testing::ExitedWithCode(1), R"(^\[Tolvane Module\|Run-time error '3022':)");
+}
+
+TEST_F(ModulesDeathTest, ATableThatAnotherHoldsEndsTheProgram) {
+    table.add({{"A", "First"}});
+    const auto run = [this] {
+        const SecondProcess other([](const SecondProcess::Steps& steps) {
+            data::Workspace workspace = data::DBEngine::CreateWorkspace("wksOTHER");
+            const data::Database database = workspace.OpenDatabase("ZOVNET.MDB");
+            workspace.BeginTrans();
+            steps.done();
+            steps.wait();
+        });
+        if (!other.await())
+            return;
+        open();
+        readAloud();
+        change("Other");
+    };
+    EXPECT_EXIT(run(), testing::ExitedWithCode(1), R"(^\[Tolvane Module\|Run-time error '3260':)");
 }
 
 // Load, Unload and Exit.
