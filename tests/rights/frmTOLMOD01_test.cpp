@@ -567,7 +567,7 @@ TEST_F(ModulesDeathTest, ATableThatAnotherHoldsEndsTheProgram) {
         readAloud();
         change("Other");
     };
-    EXPECT_EXIT(run(), testing::ExitedWithCode(1), R"(^\[Tolvane Module\|Run-time error '3260':)");
+    EXPECT_EXIT(run(), testing::ExitedWithCode(1), R"(^\[Tolvane Module\|Run-time error '3218':)");
 }
 
 // Load, Unload and Exit.
