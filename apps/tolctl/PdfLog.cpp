@@ -64,7 +64,7 @@ void writePdfLog(const std::string& file, ProgressLine& progress) {
     PdfView view(progress);
     update::printActivityLog(view, printer, log, printer.Orientation());
     stopIfInterrupted();
-    search_print::writePdf(printer.document(), file, printer.documentTitle());
+    search_print::writePdf(printer.document(), printer.document().pages, file, printer.documentTitle());
     progress.clear();
 }
 

@@ -7,9 +7,12 @@
 #include "search_print/document/VSPrinter.h"
 #include "shell/vdfunctions/MessageBox.h"
 
+#include <QDir>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <span>
@@ -46,17 +49,8 @@ std::span<const Page> chosenPages(const QPrinter& printer, const PageList& list)
     return first < last ? all.subspan(first, last - first) : std::span<const Page>();
 }
 
-void showPrinterProblem() {
-    shell::showBox("Printer Problem Detected", runtime::MsgIcon::Critical, "Printer Error");
-}
-
-} // namespace
-
-bool printOn(QPrinter& printer, const VSPrinter& document) {
-    const PageList& list = document.document();
-    const std::span<const Page> pages = chosenPages(printer, list);
-    if (pages.empty())
-        return true;
+/// On the printer's own paper, to which larger pages are shrunk. False when the printer takes no job.
+bool printOn(QPrinter& printer, const VSPrinter& document, std::span<const Page> pages) {
     printer.setFullPage(true);
     printer.setColorMode(document.colourMode() == colourModeMonochrome ? QPrinter::GrayScale
                                                                        : QPrinter::Color);
@@ -70,22 +64,51 @@ bool printOn(QPrinter& printer, const VSPrinter& document) {
             if (!printer.newPage())
                 return false;
         }
-        paintSheet(painter, printer, list, page);
+        paintSheet(painter, printer, document.document(), page);
     }
     return painter.end();
 }
+
+QString suggestedFile(const VSPrinter& document) {
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    const QString title = QString::fromStdString(document.documentTitle()).replace(u'/', u'-');
+    return (folder.exists() ? folder : QDir::home()).filePath(title + ".pdf");
+}
+
+void showProblem(const std::string& text) {
+    shell::showBox(text, runtime::MsgIcon::Critical, "Printer Error");
+}
+
+void printOrTell(QPrinter& printer, const VSPrinter& document) {
+    const std::span<const Page> pages = chosenPages(printer, document.document());
+    if (pages.empty())
+        return;
+    try {
+        if (printer.outputFormat() == QPrinter::PdfFormat)
+            writePdf(document.document(), pages, printer.outputFileName().toStdString(),
+                     document.documentTitle());
+        else if (!printOn(printer, document, pages))
+            showProblem("Printer Problem Detected");
+    } catch (const runtime::RuntimeError& error) {
+        showProblem(error.description());
+    }
+}
+
+} // namespace
 
 void printWithDialog(QWidget& owner, const VSPrinter& document) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(QString::fromStdString(document.documentTitle()));
     printer.setCreator("Tolvane Module");
     setSheet(printer, document.document().pages.front());
+    if (QPrinterInfo::availablePrinters().isEmpty())
+        printer.setOutputFileName(suggestedFile(document)); // makes it a PDF file
     QPrintDialog dialog(&printer, &owner);
     dialog.setObjectName("printDialog");
     dialog.setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintPageRange);
     dialog.setMinMax(1, document.PageCount());
-    if (dialog.exec() == QDialog::Accepted && !printOn(printer, document))
-        showPrinterProblem();
+    if (dialog.exec() == QDialog::Accepted)
+        printOrTell(printer, document);
 }
 
 } // namespace tol::search_print

@@ -7,7 +7,7 @@
 #include "search_print/PreviewWidget.h"
 #include "search_print/PrintJob.h"
 #include "search_print/vdPrintView.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdwindows/vdFormLoadError.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -73,11 +73,8 @@ void ReportWindow::runReport() {
 }
 
 void ReportWindow::showLoadError(const runtime::RuntimeError& error) {
-    shell::vdFormLoadErrorBox(objectName().toStdString(), std::to_string(error.number()),
-                              error.description());
-    for (QWidget* control : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
-        control->hide();
-    m_cmdExit->show();
+    shell::vdFormLoadError(*this, *m_cmdExit, objectName().toStdString(), std::to_string(error.number()),
+                           error.description());
 }
 
 void ReportWindow::onUnload() {

@@ -4,10 +4,45 @@
 #include "forms/LoadedForms.h"
 
 #include <fmt/format.h>
+#include <gtest/gtest.h>
 
+#include <QTest>
 #include <QTimer>
 
 namespace tol::test {
+namespace {
+
+search_print::ReportWindow* shownReport() {
+    for (int position = 0; position < forms::LoadedForms::Count(); ++position) {
+        auto* window = dynamic_cast<search_print::ReportWindow*>(&forms::LoadedForms::Item(position));
+        if (window != nullptr && window->isVisible())
+            return window;
+    }
+    return nullptr;
+}
+
+bool whileShown(const std::function<void(QWidget&)>& show,
+                const std::function<void(search_print::ReportWindow&)>& act) {
+    QWidget owner;
+    owner.resize(800, 600);
+    owner.show();
+    bool shown = false;
+    QTimer look;
+    look.callOnTimeout([&] {
+        auto* window = shownReport();
+        if (window == nullptr || shown)
+            return;
+        shown = true;
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+        act(*window);
+        window->unload();
+    });
+    look.start(5);
+    show(owner);
+    return shown;
+}
+
+} // namespace
 
 PrintedFolder::PrintedFolder() {
     data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
@@ -20,6 +55,10 @@ PrintedFolder::PrintedFolder() {
     data::Index index = table.CreateIndex("NAME");
     index.Fields().Append(index.CreateField("NAME"));
     table.Indexes().Append(index);
+    data::Index both = table.CreateIndex("NAMEPLACE");
+    both.Fields().Append(both.CreateField("NAME"));
+    both.Fields().Append(both.CreateField("PLACE"));
+    table.Indexes().Append(both);
     database.TableDefs().Append(table);
 }
 
@@ -62,22 +101,15 @@ search_print::PrintRequest namesAndPlaces() {
 
 bool withReport(const search_print::PrintRequest& request,
                 const std::function<void(search_print::ReportWindow&)>& act) {
-    QWidget owner;
-    owner.resize(800, 600);
-    owner.show();
-    bool shown = false;
-    QTimer look;
-    look.callOnTimeout([&] {
-        auto* window = dynamic_cast<search_print::ReportWindow*>(forms::LoadedForms::find("frmvdPrint"));
-        if (window == nullptr || !window->isVisible() || shown)
-            return;
-        shown = true;
-        act(*window);
-        window->unload();
-    });
-    look.start(5);
-    search_print::vdPrint(owner, request);
-    return shown;
+    return whileShown([&](QWidget& owner) { search_print::vdPrint(owner, request); }, act);
+}
+
+bool withWindow(search_print::ReportWindow& window, const std::function<void()>& act) {
+    const auto show = [&](QWidget& owner) {
+        window.showModal(&owner);
+        window.setParent(nullptr); // it is not the owner's to delete
+    };
+    return whileShown(show, [&](search_print::ReportWindow&) { act(); });
 }
 
 } // namespace tol::test

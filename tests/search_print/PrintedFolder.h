@@ -13,12 +13,13 @@
 namespace tol::test {
 
 struct ListRow {
-    std::string name, place = {};
+    std::string name, place = "NOWHERE";
     double amount = 0;
     bool done = false;
 };
 
-/// A current folder with LIST.MDB, whose table LIST (NAME, PLACE, AMOUNT, DONE; index NAME) is to be printed.
+/// A current folder with LIST.MDB, whose table LIST (NAME, PLACE, AMOUNT, DONE; index NAME, and NAMEPLACE on
+/// two fields) is to be printed.
 class PrintedFolder : public StartFolder {
   public:
     PrintedFolder();
@@ -28,11 +29,13 @@ class PrintedFolder : public StartFolder {
     void addRows(int count) const;
 };
 
-/// A report of names and places.
+/// A report of names and places, 57 rows to the page of A4 paper.
 search_print::PrintRequest namesAndPlaces();
 
-/// Opens the report and does something in its window once it is there; then the window is closed. False when
-/// no window came up.
+/// Shows the window modally in front of another, does something in it once it is there, and closes it. False
+/// when it did not come up.
+bool withWindow(search_print::ReportWindow& window, const std::function<void()>& act);
+/// The same with the window that the print routine opens.
 bool withReport(const search_print::PrintRequest& request,
                 const std::function<void(search_print::ReportWindow&)>& act);
 

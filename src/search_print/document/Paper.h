@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QLocale>
+
 namespace tol::search_print {
 
 /// Size of a sheet held upright, in twips.
@@ -12,7 +14,9 @@ struct Paper {
 inline constexpr Paper paperA4{11906, 16838};
 inline constexpr Paper paperLetter{12240, 15840};
 
-/// The usual paper of the country that the system is set up for; A4 where that is not told.
+/// The usual paper of a locale's country; A4 where it names none.
+Paper paperOf(const QLocale& locale);
+/// That of the country that the system is set up for.
 Paper defaultPaper();
 
 } // namespace tol::search_print

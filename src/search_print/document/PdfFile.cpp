@@ -27,11 +27,11 @@ QPageSize sizeOf(const Page& page) {
                      QPageSize::ExactMatch);
 }
 
-void paintPages(QPdfWriter& writer, const PageList& list) {
+void paintPages(QPdfWriter& writer, const PageList& list, std::span<const Page> pages) {
     QPainter painter;
-    for (const Page& page : list.pages) {
+    for (const Page& page : pages) {
         writer.setPageSize(sizeOf(page));
-        if (&page == &list.pages.front())
+        if (&page == &pages.front())
             painter.begin(&writer);
         else
             writer.newPage();
@@ -39,7 +39,7 @@ void paintPages(QPdfWriter& writer, const PageList& list) {
     }
 }
 
-QByteArray pdfOf(const PageList& list, const std::string& title) {
+QByteArray pdfOf(const PageList& list, std::span<const Page> pages, const std::string& title) {
     QBuffer bytes;
     bytes.open(QIODevice::WriteOnly);
     QPdfWriter writer(&bytes);
@@ -47,7 +47,7 @@ QByteArray pdfOf(const PageList& list, const std::string& title) {
     writer.setTitle(QString::fromStdString(title));
     writer.setCreator("Tolvane Module");
     writer.setPageMargins({});
-    paintPages(writer, list);
+    paintPages(writer, list, pages);
     return bytes.data();
 }
 
@@ -58,8 +58,9 @@ bool writeAll(QFileDevice& target, const QByteArray& bytes) {
 
 } // namespace
 
-void writePdf(const PageList& list, const std::filesystem::path& file, const std::string& title) {
-    const QByteArray bytes = pdfOf(list, title);
+void writePdf(const PageList& list, std::span<const Page> pages, const std::filesystem::path& file,
+              const std::string& title) {
+    const QByteArray bytes = pdfOf(list, pages, title);
     const QString name = QString::fromStdString(file.string());
     std::error_code noStatus;
     if (std::filesystem::is_regular_file(file, noStatus) || !std::filesystem::exists(file, noStatus)) {

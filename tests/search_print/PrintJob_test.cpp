@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "PrintedFolder.h"
+#include "support/Program.h"
+#include "support/TestHost.h"
+
+#include <gmock/gmock.h>
+
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTest>
+
+namespace tol::test {
+namespace {
+
+using namespace search_print;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+/// Printing by "P" through the platform's dialog. No printer is needed: the dialog offers a PDF file.
+class PrintJobTest : public testing::Test {
+  protected:
+    PrintJobTest() { folder.addRows(120); }
+
+    /// Presses P and does something in the dialog, then presses one of its buttons.
+    void print(const std::function<void(QPrintDialog&)>& choose, const char* button = "&Print") {
+        bool dialogUp = false;
+        EXPECT_TRUE(withReport(namesAndPlaces(), [&](ReportWindow& window) {
+            QTimer look;
+            look.callOnTimeout([&] {
+                auto* dialog = dynamic_cast<QPrintDialog*>(QApplication::activeModalWidget());
+                if (dialog == nullptr || dialogUp)
+                    return;
+                dialogUp = true;
+                choose(*dialog);
+                for (QPushButton* candidate : dialog->findChildren<QPushButton*>())
+                    if (candidate->text() == button)
+                        candidate->click();
+                if (dialog->isVisible())
+                    dialog->reject();
+            });
+            look.start(5);
+            QTest::keyClick(&window, Qt::Key_P);
+            EXPECT_TRUE(window.isVisible());
+        }));
+        EXPECT_TRUE(dialogUp);
+    }
+    static void printTo(QPrintDialog& dialog, const std::filesystem::path& file) {
+        auto& name = *dialog.findChild<QLineEdit*>("filename");
+        name.selectAll();
+        QTest::keyClicks(&name, QString::fromStdString(file.string()));
+    }
+    [[nodiscard]] std::string textOf(const char* file) const {
+        Program program("/usr/bin/pdftotext", {"-layout", file, "-"}, folder.path());
+        EXPECT_EQ(program.wait(), 0) << program.err();
+        return program.out();
+    }
+
+    PrintedFolder folder;
+    TestHost person;
+};
+
+TEST_F(PrintJobTest, OffersAPdfFileNamedAfterTheReport) {
+    print(
+        [&](QPrintDialog& dialog) {
+            EXPECT_THAT(dialog.findChild<QLineEdit*>("filename")->text().toStdString(),
+                        EndsWith("/List of Names.pdf"));
+        },
+        "Cancel");
+    EXPECT_THAT(person.boxes, IsEmpty());
+}
+
+TEST_F(PrintJobTest, PrintsAllPagesToTheFile) {
+    print([&](QPrintDialog& dialog) { printTo(dialog, folder / "out.pdf"); });
+    const std::string text = textOf("out.pdf");
+    EXPECT_THAT(text, HasSubstr("List of Names"));
+    EXPECT_THAT(text, HasSubstr("ROW 001"));
+    EXPECT_THAT(text, HasSubstr("ROW 120"));
+    EXPECT_THAT(text, HasSubstr("C:\\SITES\\120"));
+    EXPECT_EQ(std::ranges::count(text, '\f'), 3);
+    EXPECT_THAT(person.boxes, IsEmpty());
+}
+
+TEST_F(PrintJobTest, PrintsThePagesAskedFor) {
+    print([&](QPrintDialog& dialog) {
+        printTo(dialog, folder / "out.pdf");
+        dialog.findChild<QRadioButton*>("printRange")->setChecked(true);
+        dialog.findChild<QSpinBox*>("from")->setValue(2);
+        dialog.findChild<QSpinBox*>("to")->setValue(2);
+    });
+    const std::string text = textOf("out.pdf");
+    EXPECT_THAT(text, HasSubstr("ROW 058"));
+    EXPECT_THAT(text, Not(HasSubstr("ROW 057")));
+    EXPECT_EQ(std::ranges::count(text, '\f'), 1);
+}
+
+TEST_F(PrintJobTest, NothingIsWrittenWhenCancelled) {
+    print([&](QPrintDialog& dialog) { printTo(dialog, folder / "out.pdf"); }, "Cancel");
+    EXPECT_FALSE(std::filesystem::exists(folder / "out.pdf"));
+}
+
+TEST_F(PrintJobTest, TellsWhenTheFileCanNotBeWritten) {
+    QTimer agree; // to the dialog's question whether the file may be overwritten
+    agree.callOnTimeout([] {
+        if (auto* question = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget()))
+            question->button(QMessageBox::Yes)->click();
+    });
+    agree.start(5);
+    print([&](QPrintDialog& dialog) { printTo(dialog, "/dev/full"); });
+    EXPECT_THAT(person.texts(), ElementsAre("The file '/dev/full' can't be written."));
+    EXPECT_EQ(person.boxes[0].title, "Printer Error");
+}
+
+} // namespace
+} // namespace tol::test
