@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "forms/MessageBox.h"
 
+#include "forms/Twips.h"
+
 #include <QApplication>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <memory>
 #include <span>
 
 namespace tol::forms {
@@ -59,6 +64,17 @@ QMessageBox::Icon iconOf(MsgIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// Makes the box at least as wide as its title and the window's own buttons, since a title is cut otherwise.
+void widenForTitle(QMessageBox& box) {
+    constexpr int besideTitle = 2400; // twips
+    QFont font = box.font();
+    font.setBold(true);
+    const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + toPixels(besideTitle);
+    auto& grid = dynamic_cast<QGridLayout&>(*box.layout()); // the box sets its size by it alone
+    grid.addItem(std::make_unique<QSpacerItem>(width, 0).release(), grid.rowCount(), 0, 1,
+                 grid.columnCount());
+}
+
 } // namespace
 
 MsgResult showMessageBox(const std::string& text, runtime::MsgStyle style, const std::string& title) {
@@ -77,6 +93,7 @@ MsgResult showMessageBox(const std::string& text, runtime::MsgStyle style, const
         if (&row == &rows.front())
             box.setDefaultButton(button);
     }
+    widenForTitle(box);
     box.exec();
     for (const ButtonRow& row : rows)
         if (box.clickedButton() != nullptr && box.clickedButton()->objectName() == row.name)

@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QFontMetrics>
 #include <QTest>
 
 namespace tol::forms {
@@ -22,6 +24,18 @@ TEST(MessageBox, ShowsTitleAndTextAsTheyAre) {
     ASSERT_EQ(person.boxes.size(), 1U);
     EXPECT_EQ(person.boxes[0].title, "Startup Error");
     EXPECT_EQ(person.boxes[0].text, "Line 1\n<b>Line 2</b> & more");
+}
+
+TEST(MessageBox, IsWideEnoughForItsTitle) {
+    test::BoxAnswerer person;
+    int width = 0;
+    person.onBox = [&](QMessageBox& box) {
+        width = box.width();
+        box.close();
+    };
+    const QString title(40, 'M');
+    showMessageBox("x", {}, title.toStdString());
+    EXPECT_GT(width, QFontMetrics(QApplication::font()).horizontalAdvance(title) + 100);
 }
 
 TEST(MessageBox, TakesTextForPlainText) {
