@@ -71,6 +71,7 @@ QLabel& addImage(QWidget& parent, const QString& name, const QIcon& picture, con
 
 void setLabelOf(QLabel& label, QWidget& control) {
     label.setBuddy(&control);
+    control.setAccessibleName(label.text().remove('&')); // which Qt does not derive for lists
 }
 
 void setTextSize(QLabel& label, int percent, bool bold) {

@@ -4,6 +4,11 @@
 #include <QKeyEvent>
 
 namespace tol::forms {
+namespace {
+
+constexpr int iconTwips = 240;
+
+} // namespace
 
 ListBox& ListBox::add(QWidget& parent, const QString& name, Place where) {
     auto& box = *new ListBox(parent);
@@ -14,6 +19,7 @@ ListBox& ListBox::add(QWidget& parent, const QString& name, Place where) {
 
 ListBox::ListBox(QWidget& parent) : QListWidget(&parent) {
     setEditTriggers(NoEditTriggers);
+    setIconSize(QSize(toPixels(iconTwips), toPixels(iconTwips)));
     setTabKeyNavigation(false);
     connect(this, &QListWidget::itemSelectionChanged, this, [this] {
         if (!m_byProgram && m_click && ListIndex() >= 0)

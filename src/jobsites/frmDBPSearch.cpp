@@ -10,6 +10,7 @@
 #include "runtime/Host.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
+#include "screens/RowLabel.h"
 
 #include <QLabel>
 
@@ -51,7 +52,10 @@ void frmDBPSearch::makeLists() {
 void frmDBPSearch::makeLocation() {
     addLabel(*this, "lblHint", "Double Click on a File Folder to Select", {150, 3930, 7500, 270});
     forms::setTextSize(addLabel(*this, "lblHPATHNAME", "Location:", {150, 4350, 1050, 270}), 100, true);
-    m_lblPATHNAME = &addLabel(*this, "lblPATHNAME", {}, {1200, 4350, 6450, 270});
+    auto& location = *new screens::RowLabel(*this, "lblPATHNAME"); // a long one ends in an ellipsis
+    location.setTransparent();
+    forms::place(location, {1200 - screens::RowLabel::margin, 4350, 6510, 270});
+    m_lblPATHNAME = &location;
 }
 
 void frmDBPSearch::onLoad() {

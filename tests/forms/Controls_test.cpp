@@ -11,6 +11,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QScrollBar>
 #include <QTest>
 
@@ -88,6 +89,9 @@ TEST(Controls, ALabelNamesItsControl) {
     QLabel& label = addLabel(form, "lblTest", "&Location:", {0, 0, 900, 300});
     setLabelOf(label, box);
     EXPECT_EQ(toldName(box), "Location:");
+    QListWidget list(&form);
+    setLabelOf(label, list);
+    EXPECT_EQ(toldName(list), "Location:");
 }
 
 TEST(Controls, HidingAllControlsReachesIntoFramesAndSparesTimers) {

@@ -9,6 +9,7 @@
 #include "support/BoxAnswerer.h"
 #include "support/Environment.h"
 #include "support/TempFolder.h"
+#include "support/ToldNames.h"
 #include "support/WindowDriver.h"
 
 #include <gmock/gmock.h>
@@ -139,6 +140,8 @@ TEST_F(LocationPicker, SelectTakesTheLocationInCapitals) {
                   openFolder("North");
                   EXPECT_EQ(location(), "C:\\Jobs\\North");
                   EXPECT_THAT(files(), ElementsAre("Main.MDB"));
+                  desk->keepPicture("location");
+                  EXPECT_THAT(controlsWithoutName(*picker), IsEmpty());
                   desk->click("cmdSelect");
               }),
               "C:\\JOBS\\NORTH");
