@@ -56,18 +56,27 @@ bool writeAll(QFileDevice& target, const QByteArray& bytes) {
     return target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.flush();
 }
 
+/// Whether it is a file, or nothing yet. A device or a pipe is there to be written to, as is a name such as
+/// that of the standard output, which may lead to a file that has no name of its own.
+bool isReplaceable(const std::filesystem::path& file) {
+    std::error_code error;
+    if (!std::filesystem::exists(std::filesystem::symlink_status(file, error)))
+        return true;
+    const std::filesystem::path target = std::filesystem::canonical(file, error);
+    return !error && std::filesystem::is_regular_file(target, error);
+}
+
 } // namespace
 
 void writePdf(const PageList& list, std::span<const Page> pages, const std::filesystem::path& file,
               const std::string& title) {
     const QByteArray bytes = pdfOf(list, pages, title);
     const QString name = QString::fromStdString(file.string());
-    std::error_code noStatus;
-    if (std::filesystem::is_regular_file(file, noStatus) || !std::filesystem::exists(file, noStatus)) {
+    if (isReplaceable(file)) {
         QSaveFile target(name);
         if (!writeAll(target, bytes) || !target.commit())
             raiseNotWritten(file, target);
-    } else { // a device or a pipe can't be replaced
+    } else {
         QFile target(name);
         if (!writeAll(target, bytes))
             raiseNotWritten(file, target);
