@@ -38,7 +38,7 @@ TEST_F(Leaving, NothingLeavesARunningWindow) {
     addOutdatedSite(5);
     open();
     atYield(1, [&] {
-        click("cmdExit");
+        poke("cmdExit");
         press(Qt::Key_X);
         press(Qt::Key_X, Qt::AltModifier);
         QTest::qWait(150);
@@ -192,10 +192,10 @@ TEST_F(Leaving, TheLogIsPrintedInAWindowOfItsOwn) {
     QTimer::singleShot(0, &main, [&] {
         QWidget* modal = QApplication::activeModalWidget();
         ASSERT_NE(modal, nullptr);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return focused(*modal) == "cmdBegin"; }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Person(*modal).focus() == "cmdBegin"; }));
         seen = modal->objectName().toStdString();
-        test::press(*modal, Qt::Key_P);
-        seen += ", " + textOf(*modal, "lblProcess");
+        Person(*modal).press(Qt::Key_P);
+        seen += ", " + Person(*modal).text("lblProcess");
         modal->close();
     });
     click("cmdPrint");
@@ -228,10 +228,10 @@ TEST_F(Program, GivesTheWindowWhatItNeeds) {
     openFromMenu();
     EXPECT_EQ(window().ModuleCode, "N");
     EXPECT_EQ(window().NetLocation, "C:\\NET");
-    EXPECT_EQ(focused(window()), "hsbMAIN");
+    EXPECT_EQ(focus(), "hsbMAIN");
     const QWidget& frame = *window().parentWidget();
     EXPECT_TRUE(frame.parentWidget()->rect().contains(frame.geometry()));
-    keepPicture(program, "update-in-program");
+    person().keepPicture("update-in-program");
 }
 
 // Alt and a letter belong to the window that has the keyboard before they belong to the menu.

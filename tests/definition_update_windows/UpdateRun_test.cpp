@@ -46,7 +46,7 @@ class Run : public UpdateWindow {
         EXPECT_EQ(text("lblNPDBNAME"), " ");
         EXPECT_EQ(text("lblNP2"), " ");
         EXPECT_FALSE(visible("lblNP3"));
-        EXPECT_EQ(focused(window()), "hsbALMAIN");
+        EXPECT_EQ(focus(), "hsbALMAIN");
         EXPECT_EQ(highlighted("lblACTION"), 0);
         EXPECT_EQ(highlighted("lblPATHNAME"), -1);
     }
@@ -63,16 +63,16 @@ TEST_F(Run, GoesThroughItsStates) {
     addOutdatedSite();
     open();
     EXPECT_EQ(state(), ready);
-    keepPicture(main, "update-ready");
+    person().keepPicture("update-ready");
     atYield(1, [&] {
         EXPECT_EQ(state(), running);
-        EXPECT_EQ(focused(window()), "hsbALMAIN");
+        EXPECT_EQ(focus(), "hsbALMAIN");
         EXPECT_EQ(highlighted("lblPATHNAME"), -1);
     });
     click("cmdCancel");
     EXPECT_GE(world.host.yields, 1);
     expectFinished();
-    keepPicture(main, "update-finished");
+    person().keepPicture("update-finished");
     EXPECT_THAT(column("lblACTION"), ElementsAre("Added New Field", "Changed Field Type.  ",
                                                  "Created New Index.", "Added Field to Index Key.",
                                                  "Database Ok. No Changes Made.", "End of List", " ", " "));
@@ -97,7 +97,7 @@ TEST_F(Run, WorksByTheKeyboardAlone) {
 TEST_F(Run, BeginsByEnterOnTheButton) {
     addOutdatedSite();
     open();
-    while (focused(window()) != "cmdCancel")
+    while (focus() != "cmdCancel")
         press(Qt::Key_Tab);
     press(Qt::Key_Return);
     expectFinished();
@@ -115,7 +115,7 @@ TEST_F(Run, TheLogCanBeBrowsedAfterwards) {
     EXPECT_EQ(text("lblACTION(0)"), "Database Ok. No Changes Made.");
     EXPECT_EQ(state(), ended);
     for (const char* control : {"lblPATHNAME(0)", "cmdTAGEM", "cmdVDBHOME", "cmdVDBACTION"})
-        click(control);
+        poke(control);
     press(Qt::Key_T);
     press(Qt::Key_Home);
     EXPECT_EQ(highlighted("lblPATHNAME"), -1);
@@ -209,7 +209,7 @@ TEST_F(Run, TheRecordIsToldWhileRowsAreConverted) {
             seen.push_back(text("lblNP2") + "|" + text("lblNP3") + text("lblNP4") + text("lblNP5") +
                            text("lblNP6"));
         if (world.host.yields == 2)
-            keepPicture(main, "update-running");
+            person().keepPicture("update-running");
     };
     click("cmdCancel");
     ASSERT_GE(seen.size(), 3U);
@@ -247,7 +247,7 @@ TEST_F(Run, TheDataMustNotBeLost) {
     world.host.answers = {MsgResult::No};
     click("cmdCancel");
     expectStopped();
-    keepPicture(main, "update-stopped");
+    person().keepPicture("update-stopped");
     EXPECT_EQ(world.host.boxes.size(), 1U);
     EXPECT_THAT(values(), ElementsAre("1", "40000", "3", "4"));
 }
@@ -259,7 +259,7 @@ TEST_F(Run, ACancelTakesEffectAtTheNextYield) {
         EXPECT_TRUE(visible("lblNP3"));
         click("cmdCancel");
         EXPECT_EQ(state(), stopPressed);
-        EXPECT_EQ(focused(window()), "hsbALMAIN");
+        EXPECT_EQ(focus(), "hsbALMAIN");
     });
     click("cmdCancel");
     expectStopped();
@@ -309,8 +309,8 @@ TEST_F(Run, KeysAndClicksOnTheListsDoNothingMeanwhile) {
             click(list);
         for (const char* prefix : {"cmdALB", "cmdVDB"})
             for (const char* button : {"HOME", "END", "PGUP", "PGDN", "UPARROW", "DNARROW"})
-                click((std::string(prefix) + button).c_str());
-        click("cmdVDBACTION");
+                poke(QString(prefix) + button);
+        poke("cmdVDBACTION");
         for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_End, Qt::Key_PageUp,
                                   Qt::Key_PageDown, Qt::Key_T, Qt::Key_Return, Qt::Key_Delete})
             press(key);
@@ -329,7 +329,7 @@ TEST_F(Run, AWindowServesOneRun) {
     addOutdatedSite();
     open();
     click("cmdCancel");
-    click("cmdCancel");
+    poke("cmdCancel");
     press(Qt::Key_C, Qt::AltModifier);
     QTest::qWait(150);
     expectFinished();
@@ -425,8 +425,8 @@ class LoadFailure : public UpdateWindow {
         EXPECT_THAT(world.host.boxes[0].text,
                     StartsWith("Error Encountered In Form: frmDBUDDU\nError: " + description));
         EXPECT_EQ(state(), "&Begin off, choices off, refresh off, print off, exit on");
-        EXPECT_EQ(focused(window()), "cmdExit");
-        keepPicture(main, "update-load-error");
+        EXPECT_EQ(focus(), "cmdExit");
+        person().keepPicture("update-load-error");
         for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Home, Qt::Key_T, Qt::Key_Return})
             press(key);
         if (isOpen())

@@ -86,12 +86,10 @@ TEST_F(Tags, TheWindowSaysWhatItIsFor) {
     for (const Told& told : texts)
         EXPECT_EQ(text(told.control), told.text) << told.control;
     for (const Told& told : toolTips)
-        EXPECT_EQ(control<QWidget>(window(), told.control).toolTip().toStdString(), told.text)
-            << told.control;
+        EXPECT_EQ(person().control(told.control).toolTip().toStdString(), told.text) << told.control;
     for (const Told& frame :
          {Told{"fraInstructions", "Instructions"}, Told{"fraNOWPROCESSING", "Now Processing"}})
-        EXPECT_EQ(control<QWidget>(window(), frame.control).property("title").toString().toStdString(),
-                  frame.text);
+        EXPECT_EQ(person().control(frame.control).property("title").toString().toStdString(), frame.text);
     EXPECT_EQ(window().ModuleCode, "N");
 }
 
@@ -120,7 +118,7 @@ TEST_F(Tags, TheListsShowSitesAndTheLastLog) {
                                                  "End of List", " ", " ", " ", " ", " "));
     EXPECT_EQ(highlight(), 0);
     EXPECT_EQ(highlighted("lblACTION"), 0);
-    EXPECT_EQ(focused(window()), "hsbMAIN");
+    EXPECT_EQ(focus(), "hsbMAIN");
     EXPECT_THAT(marked(), IsEmpty());
 }
 
@@ -128,12 +126,12 @@ TEST_F(Tags, EmptyListsSaySoAndNothingCanBeTagged) {
     open();
     EXPECT_EQ(text("lblPATHTEXT(0)"), "List is Empty");
     EXPECT_EQ(text("lblACTION(0)"), "List is Empty");
-    keepPicture(main, "update-empty");
+    person().keepPicture("update-empty");
     press(Qt::Key_T);
     for (const char* button :
          {"cmdTAGEM", "cmdTAGALL", "cmdClearTags", "cmdVDBACTION", "cmdVDBHOME", "cmdVDBEND"}) {
         click(button);
-        EXPECT_EQ(focused(window()), "hsbMAIN") << button;
+        EXPECT_EQ(focus(), "hsbMAIN") << button;
     }
     for (const Qt::Key key :
          {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown,
@@ -155,8 +153,8 @@ TEST_F(Tags, TheKeyTagsAndGoesOn) {
     press(Qt::Key_T);
     EXPECT_THAT(marked(), ElementsAre(0, 2));
     EXPECT_EQ(highlight(), 3);
-    EXPECT_EQ(focused(window()), "hsbMAIN");
-    keepPicture(main, "update-tagged");
+    EXPECT_EQ(focus(), "hsbMAIN");
+    person().keepPicture("update-tagged");
     EXPECT_THAT(processed(), ElementsAre("SITE01", "SITE03"));
 }
 
@@ -165,9 +163,9 @@ TEST_F(Tags, TheButtonsTagAndGoOn) {
     open();
     click("lblPATHNAME(1)");
     click("cmdTAGEM");
-    EXPECT_EQ(focused(window()), "hsbMAIN");
+    EXPECT_EQ(focus(), "hsbMAIN");
     click("cmdVDBACTION");
-    EXPECT_EQ(focused(window()), "hsbMAIN");
+    EXPECT_EQ(focus(), "hsbMAIN");
     EXPECT_THAT(marked(), ElementsAre(1, 2));
     EXPECT_EQ(highlight(), 3);
     EXPECT_THAT(processed(), ElementsAre("SITE02", "SITE03"));
@@ -260,7 +258,7 @@ TEST_F(Tags, AllOfSixtyAreTheFirst51WithoutAWord) {
     press(Qt::Key_End);
     press(Qt::Key_T);
     click("cmdTAGALL");
-    EXPECT_EQ(focused(window()), "hsbMAIN");
+    EXPECT_EQ(focus(), "hsbMAIN");
     EXPECT_THAT(world.host.boxes, IsEmpty());
     EXPECT_THAT(marked(), IsEmpty()) << "the end of the list is on show";
     press(Qt::Key_Home);
@@ -282,7 +280,7 @@ TEST_F(Tags, AllTagsAreTakenOffAtOnce) {
     EXPECT_THAT(marked(), ElementsAre(0, 1, 2));
     click("cmdClearTags");
     EXPECT_THAT(marked(), IsEmpty());
-    EXPECT_EQ(focused(window()), "hsbMAIN");
+    EXPECT_EQ(focus(), "hsbMAIN");
     goDown(1);
     EXPECT_THAT(processed(), ElementsAre("SITE02")) << "the highlighted one";
 }
@@ -295,7 +293,7 @@ TEST_F(Tags, AClickOnTheHighlightedRowTagsNothing) {
     press(Qt::Key_Return);
     EXPECT_THAT(marked(), IsEmpty());
     EXPECT_EQ(highlight(), 0);
-    EXPECT_EQ(focused(window()), "hsbMAIN");
+    EXPECT_EQ(focus(), "hsbMAIN");
 }
 
 TEST_F(Tags, EachListHasItsKeys) {
@@ -306,7 +304,7 @@ TEST_F(Tags, EachListHasItsKeys) {
     EXPECT_EQ(highlight(), 1);
     EXPECT_EQ(highlighted("lblACTION"), 0);
     click("lblALPATHNAME(1)");
-    EXPECT_EQ(focused(window()), "hsbALMAIN");
+    EXPECT_EQ(focus(), "hsbALMAIN");
     press(Qt::Key_Down);
     EXPECT_EQ(highlighted("lblACTION"), 2);
     press(Qt::Key_T);
@@ -317,10 +315,10 @@ TEST_F(Tags, EachListHasItsKeys) {
     EXPECT_EQ(text("lblALPATHNAME(0)"), "C");
     EXPECT_EQ(highlight(), 1);
     click("cmdALBHOME");
-    EXPECT_EQ(focused(window()), "hsbALMAIN");
+    EXPECT_EQ(focus(), "hsbALMAIN");
     EXPECT_EQ(text("lblALPATHNAME(0)"), "A");
     click("cmdVDBUPARROW");
-    EXPECT_EQ(focused(window()), "hsbMAIN");
+    EXPECT_EQ(focus(), "hsbMAIN");
     EXPECT_EQ(highlight(), 0);
     EXPECT_FALSE(visible("cmdALBACTION"));
 }
@@ -329,11 +327,11 @@ TEST_F(Tags, ComingToTheFrontTheActiveListHasTheKeyboard) {
     addSites(2);
     open();
     click("lblALPATHNAME(0)");
-    control<QWidget>(window(), "cmdPrint").setFocus();
+    person().control("cmdPrint").setFocus();
     main.showChild(std::make_unique<forms::Form>("frmOther"));
-    EXPECT_NE(focused(window()), "hsbALMAIN");
+    EXPECT_NE(focus(), "hsbALMAIN");
     window().showModeless();
-    EXPECT_EQ(focused(window()), "hsbALMAIN");
+    EXPECT_EQ(focus(), "hsbALMAIN");
 }
 
 TEST_F(Tags, TheKeyXLeavesFromEitherList) {
@@ -385,7 +383,7 @@ TEST_F(Tags, TabGoesFromListToButtonsToList) {
     std::vector<std::string> stops;
     for (int i = 0; i < 9; ++i) {
         press(Qt::Key_Tab);
-        stops.push_back(focused(window()));
+        stops.push_back(focus());
     }
     EXPECT_THAT(stops, ElementsAre("cmdTAGEM", "cmdTAGALL", "cmdClearTags", "cmdCancel", "cmdRefresh",
                                    "cmdPrint", "cmdExit", "hsbALMAIN", "hsbMAIN"));
@@ -394,9 +392,9 @@ TEST_F(Tags, TabGoesFromListToButtonsToList) {
 TEST_F(Tags, EveryControlHasAnAccessibleName) {
     addSites(1);
     open();
-    const auto& sites = control<QWidget>(window(), "hsbMAIN");
+    const auto& sites = person().control("hsbMAIN");
     EXPECT_EQ(sites.accessibleName().toStdString(), "Job Sites");
-    EXPECT_EQ(control<QWidget>(window(), "hsbALMAIN").accessibleName().toStdString(), "Activity Log");
+    EXPECT_EQ(person().control("hsbALMAIN").accessibleName().toStdString(), "Activity Log");
     EXPECT_EQ(sites.accessibleDescription().toStdString(), "SITE01, C:\\Jobs\\Site01");
     press(Qt::Key_T);
     press(Qt::Key_Up);

@@ -61,13 +61,6 @@ update::frmDBUDDU& UpdateWindow::window() const {
     return dynamic_cast<update::frmDBUDDU&>(*forms::LoadedForms::find("frmDBUDDU"));
 }
 
-std::vector<std::string> UpdateWindow::column(const char* label) const {
-    std::vector<std::string> captions;
-    for (int row = 0; row < 8; ++row)
-        captions.push_back(textOf(window(), QString("%1(%2)").arg(label).arg(row)));
-    return captions;
-}
-
 std::vector<int> UpdateWindow::marked() const {
     std::vector<int> rows;
     const std::vector<std::string> marks = column("lblTAG");
@@ -77,16 +70,10 @@ std::vector<int> UpdateWindow::marked() const {
     return rows;
 }
 
-int UpdateWindow::highlighted(const char* label) const {
-    int found = -1;
-    for (int row = 0; row < 8; ++row) {
-        auto& cell = control<QLabel>(window(), QString("%1(%2)").arg(label).arg(row));
-        if (cell.grab().toImage().pixelColor(1, 1) != QColor(Qt::yellow))
-            continue;
-        EXPECT_EQ(found, -1) << "two rows are highlighted";
-        found = row;
-    }
-    return found;
+int UpdateWindow::highlighted(const QString& label) const {
+    const std::vector<int> rows = person().highlighted(label);
+    EXPECT_LE(rows.size(), 1U);
+    return rows.empty() ? -1 : rows.front();
 }
 
 std::string UpdateWindow::state() const {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Controls.h"
+#include "Person.h"
 #include "definition_update/windows/frmDBUDDU.h"
 #include "forms/MdiForm.h"
 #include "update_support/UpdateWorld.h"
@@ -34,17 +34,22 @@ class UpdateWindow : public testing::Test {
 
     [[nodiscard]] update::frmDBUDDU& window() const;
     [[nodiscard]] static bool isOpen();
-    /// Captions of a row of labels; and of a column.
-    [[nodiscard]] std::string text(const char* control) const { return textOf(window(), control); }
-    [[nodiscard]] std::vector<std::string> column(const char* label) const;
-    [[nodiscard]] bool enabled(const char* control) const { return isEnabled(window(), control); }
-    [[nodiscard]] bool visible(const char* control) const { return isVisible(window(), control); }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { test::press(window(), key, modifiers); }
-    void click(const char* control) { test::click(window(), control); }
+    [[nodiscard]] Person person() const { return Person(window()); }
+    [[nodiscard]] std::string text(const QString& control) const { return person().text(control); }
+    [[nodiscard]] bool enabled(const QString& control) const { return person().isEnabled(control); }
+    [[nodiscard]] bool visible(const QString& control) const { return person().isShown(control); }
+    [[nodiscard]] std::string focus() const { return person().focus(); }
+    void press(Qt::Key key, Qt::KeyboardModifiers held = {}) const { person().press(key, held); }
+    void click(const QString& control) const { person().click(control); }
+    void poke(const QString& control) const { person().poke(control); }
+    /// Captions of a column of labels.
+    [[nodiscard]] std::vector<std::string> column(const QString& label) const {
+        return person().rows({label});
+    }
     /// Rows of the site list that bear the mark.
     [[nodiscard]] std::vector<int> marked() const;
     /// The highlighted row of a column of labels, -1 for none; more than one is an error.
-    [[nodiscard]] int highlighted(const char* label) const;
+    [[nodiscard]] int highlighted(const QString& label) const;
     /// States of the controls as one line, to compare with.
     [[nodiscard]] std::string state() const;
 

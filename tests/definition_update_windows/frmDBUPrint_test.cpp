@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "definition_update/windows/frmDBUPrint.h"
 
-#include "Controls.h"
+#include "Person.h"
 #include "shell/vdfunctions/vdfunctions.h"
 #include "update_support/UpdateWorld.h"
 
@@ -41,54 +41,55 @@ class PrintWindow : public testing::Test {
 
     UpdateWorld world;
     update::frmDBUPrint window;
+    Person person{window};
 };
 
 TEST_F(PrintWindow, WaitsForTheWordToBegin) {
     addLog(3);
     show();
     EXPECT_EQ(window.windowTitle(), "Print Database Definition Update Activity Log");
-    EXPECT_EQ(textOf(window, "cmdBegin"), "&Begin");
-    EXPECT_EQ(textOf(window, "CmdExit"), "E&xit");
-    EXPECT_EQ(textOf(window, "lblProcess"), "");
+    EXPECT_EQ(person.text("cmdBegin"), "&Begin");
+    EXPECT_EQ(person.text("CmdExit"), "E&xit");
+    EXPECT_EQ(person.text("lblProcess"), "");
     EXPECT_EQ(window.printer().PageCount(), 0);
-    EXPECT_EQ(focused(window), "cmdBegin");
-    keepPicture(window, "print-ready");
+    EXPECT_EQ(person.focus(), "cmdBegin");
+    person.keepPicture("print-ready");
 }
 
 TEST_F(PrintWindow, TheKeyBegins) {
     addLog(3);
     show();
-    press(window, Qt::Key_P);
+    person.press(Qt::Key_P);
     EXPECT_EQ(window.printer().PageCount(), 1);
-    EXPECT_EQ(textOf(window, "lblProcess"), "Report Finished, Press 'P' to Print");
-    EXPECT_EQ(textOf(window, "cmdBegin"), "&Max View");
+    EXPECT_EQ(person.text("lblProcess"), "Report Finished, Press 'P' to Print");
+    EXPECT_EQ(person.text("cmdBegin"), "&Max View");
     EXPECT_THAT(texts(1), Contains("Database Definition Update Utility - Activity Log"));
     EXPECT_THAT(texts(1), Contains("Date: 01/31/2003"));
     EXPECT_THAT(texts(1), Contains("T3"));
-    keepPicture(window, "print-finished");
+    person.keepPicture("print-finished");
 }
 
 TEST_F(PrintWindow, OnceItIsDoneTheKeyPrints) {
     addLog(3);
     show();
-    click(window, "cmdBegin");
+    person.click("cmdBegin");
     int printed = 0;
     window.printer().onPrint = [&](bool dialog) {
         EXPECT_TRUE(dialog);
         ++printed;
     };
-    press(window, Qt::Key_P);
+    person.press(Qt::Key_P);
     EXPECT_EQ(printed, 1);
     EXPECT_EQ(window.printer().PageCount(), 1);
 }
 
 TEST_F(PrintWindow, AnEmptyLogIsOnePageThatSaysSo) {
     show();
-    click(window, "cmdBegin");
+    person.click("cmdBegin");
     EXPECT_EQ(window.printer().PageCount(), 1);
     EXPECT_THAT(texts(1), Contains("Activity Log is Empty."));
     EXPECT_THAT(texts(1), Contains("Job Site"));
-    EXPECT_EQ(textOf(window, "lblProcess"), "Report Finished, Press 'P' to Print");
+    EXPECT_EQ(person.text("lblProcess"), "Report Finished, Press 'P' to Print");
 }
 
 TEST_F(PrintWindow, TellsThePageInWork) {
@@ -96,14 +97,14 @@ TEST_F(PrintWindow, TellsThePageInWork) {
     show();
     std::set<std::string> seen;
     world.host.onYield = [&] {
-        seen.insert(textOf(window, "lblProcess"));
-        EXPECT_EQ(textOf(window, "cmdBegin"), "&Cancel");
+        seen.insert(person.text("lblProcess"));
+        EXPECT_EQ(person.text("cmdBegin"), "&Cancel");
     };
-    click(window, "cmdBegin");
+    person.click("cmdBegin");
     EXPECT_THAT(seen, testing::ElementsAre("Printing Page: 1", "Printing Page: 2", "Printing Page: 3"));
     EXPECT_EQ(window.printer().PageCount(), 3);
     EXPECT_THAT(texts(3), Contains("T120"));
-    press(window, Qt::Key_End);
+    person.press(Qt::Key_End);
     EXPECT_EQ(window.printer().PreviewPage(), 3);
 }
 
@@ -112,10 +113,10 @@ TEST_F(PrintWindow, CanBeStoppedInTheMiddle) {
     show();
     world.host.onYield = [&] {
         if (world.host.yields == 60)
-            click(window, "cmdBegin");
+            person.click("cmdBegin");
     };
-    click(window, "cmdBegin");
-    EXPECT_EQ(textOf(window, "lblProcess"), "Report STOPPED BY USER (INCOMPLETE)");
+    person.click("cmdBegin");
+    EXPECT_EQ(person.text("lblProcess"), "Report STOPPED BY USER (INCOMPLETE)");
     EXPECT_LT(window.printer().PageCount(), 3);
 }
 
@@ -124,9 +125,9 @@ TEST_F(PrintWindow, LeftInTheMiddleItGoesAtTheNextRow) {
     show();
     world.host.onYield = [&] {
         if (world.host.yields == 60)
-            click(window, "CmdExit");
+            person.click("CmdExit");
     };
-    click(window, "cmdBegin");
+    person.click("cmdBegin");
     EXPECT_EQ(world.host.yields, 60);
     EXPECT_FALSE(window.isLoaded());
     data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
@@ -137,7 +138,7 @@ TEST_F(PrintWindow, LeftInTheMiddleItGoesAtTheNextRow) {
 
 TEST_F(PrintWindow, LeftByEsc) {
     show();
-    press(window, Qt::Key_Escape);
+    person.press(Qt::Key_Escape);
     EXPECT_FALSE(window.isLoaded());
 }
 
@@ -148,9 +149,9 @@ TEST_F(PrintWindow, WithoutTheLogItCanOnlyBeLeft) {
     EXPECT_EQ(world.host.boxes[0].title, "Error During Processing");
     EXPECT_THAT(world.host.boxes[0].text,
                 StartsWith("Error Encountered In Form: frmDBUPrint\nError: 3343 Load\n"));
-    EXPECT_FALSE(isEnabled(window, "cmdBegin"));
-    press(window, Qt::Key_P);
-    click(window, "CmdExit");
+    EXPECT_FALSE(person.isEnabled("cmdBegin"));
+    person.press(Qt::Key_P);
+    person.click("CmdExit");
     EXPECT_FALSE(window.isLoaded());
     EXPECT_EQ(world.host.boxes.size(), 1U);
 }

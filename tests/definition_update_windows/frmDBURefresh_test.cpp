@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "definition_update/windows/frmDBURefresh.h"
 
-#include "Controls.h"
+#include "Person.h"
 #include "update_support/UpdateWorld.h"
 
 #include <gmock/gmock.h>
@@ -59,50 +59,51 @@ class RefreshWindow : public testing::Test {
     UpdateWorld world;
     std::string NetLocation = " ";
     update::frmDBURefresh window;
+    Person person{window};
 };
 
 TEST_F(RefreshWindow, IsReadyWhenItOpens) {
     show();
     EXPECT_EQ(window.windowTitle(), "Refresh Database Definitions");
-    EXPECT_EQ(textOf(window, "lblHDBNAME"), "Now Processing Database:");
-    EXPECT_EQ(textOf(window, "lblHDBDESC"), "Database Description:");
-    EXPECT_EQ(textOf(window, "lblHTNAME"), "Table:");
-    EXPECT_EQ(textOf(window, "lblHFNAME"), "Field:");
-    EXPECT_EQ(textOf(window, "lblHINAME"), "Index:");
-    EXPECT_EQ(textOf(window, "cmdCancel"), "&Begin");
-    EXPECT_EQ(textOf(window, "cmdExit"), "E&xit");
-    EXPECT_TRUE(isEnabled(window, "cmdCancel"));
-    EXPECT_TRUE(isEnabled(window, "cmdExit"));
-    keepPicture(window, "refresh-ready");
+    EXPECT_EQ(person.text("lblHDBNAME"), "Now Processing Database:");
+    EXPECT_EQ(person.text("lblHDBDESC"), "Database Description:");
+    EXPECT_EQ(person.text("lblHTNAME"), "Table:");
+    EXPECT_EQ(person.text("lblHFNAME"), "Field:");
+    EXPECT_EQ(person.text("lblHINAME"), "Index:");
+    EXPECT_EQ(person.text("cmdCancel"), "&Begin");
+    EXPECT_EQ(person.text("cmdExit"), "E&xit");
+    EXPECT_TRUE(person.isEnabled("cmdCancel"));
+    EXPECT_TRUE(person.isEnabled("cmdExit"));
+    person.keepPicture("refresh-ready");
 }
 
 TEST_F(RefreshWindow, FinishesByClicks) {
     show();
-    click(window, "cmdCancel");
-    EXPECT_EQ(textOf(window, "lblDBNAME"), "Finished");
-    EXPECT_EQ(textOf(window, "lblDBDESC"), "Database Definitions Have Been Refreshed.");
+    person.click("cmdCancel");
+    EXPECT_EQ(person.text("lblDBNAME"), "Finished");
+    EXPECT_EQ(person.text("lblDBDESC"), "Database Definitions Have Been Refreshed.");
     for (const char* label : {"lblTNAME", "lblFNAME", "lblINAME"})
-        EXPECT_EQ(textOf(window, label), " ");
-    EXPECT_FALSE(isEnabled(window, "cmdCancel"));
-    EXPECT_TRUE(isEnabled(window, "cmdExit"));
-    EXPECT_EQ(focused(window), "cmdExit");
-    keepPicture(window, "refresh-finished");
+        EXPECT_EQ(person.text(label), " ");
+    EXPECT_FALSE(person.isEnabled("cmdCancel"));
+    EXPECT_TRUE(person.isEnabled("cmdExit"));
+    EXPECT_EQ(person.focus(), "cmdExit");
+    person.keepPicture("refresh-finished");
     EXPECT_EQ(table("NEWDEF").size(), 3U);
     EXPECT_EQ(table("NEWINDEXES").size(), 3U);
     EXPECT_EQ(table("MODULES").size(), 1U);
     EXPECT_EQ(table("USERACCESSITEMS").size(), 1U);
     EXPECT_THAT(world.host.boxes, IsEmpty());
-    click(window, "cmdExit");
+    person.click("cmdExit");
     EXPECT_FALSE(window.isVisible());
     EXPECT_FALSE(window.isLoaded());
 }
 
 TEST_F(RefreshWindow, FinishesByKeys) {
     show();
-    press(window, Qt::Key_B, Qt::AltModifier);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return textOf(window, "lblDBNAME") == "Finished"; }));
+    person.press(Qt::Key_B, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return person.text("lblDBNAME") == "Finished"; }));
     EXPECT_EQ(table("NEWDEF").size(), 3U);
-    press(window, Qt::Key_X, Qt::AltModifier);
+    person.press(Qt::Key_X, Qt::AltModifier);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !window.isVisible(); }));
 }
 
@@ -110,15 +111,15 @@ TEST_F(RefreshWindow, ShowsTheDatabaseInWork) {
     show();
     std::vector<std::string> seen;
     world.host.onYield = [&] {
-        seen.push_back(textOf(window, "lblDBNAME") + "|" + textOf(window, "lblDBDESC") + "|" +
-                       textOf(window, "lblTNAME") + "|" + textOf(window, "lblFNAME") + "|" +
-                       textOf(window, "lblINAME"));
-        EXPECT_EQ(textOf(window, "cmdCancel"), "&Cancel");
-        EXPECT_TRUE(isEnabled(window, "cmdCancel"));
-        EXPECT_FALSE(isEnabled(window, "cmdExit"));
-        keepPicture(window, "refresh-running");
+        seen.push_back(person.text("lblDBNAME") + "|" + person.text("lblDBDESC") + "|" +
+                       person.text("lblTNAME") + "|" + person.text("lblFNAME") + "|" +
+                       person.text("lblINAME"));
+        EXPECT_EQ(person.text("cmdCancel"), "&Cancel");
+        EXPECT_TRUE(person.isEnabled("cmdCancel"));
+        EXPECT_FALSE(person.isEnabled("cmdExit"));
+        person.keepPicture("refresh-running");
     };
-    click(window, "cmdCancel");
+    person.click("cmdCancel");
     EXPECT_THAT(seen, ElementsAre("FIRST|Jobs of the FIRST kind|Jobs|Id|ById",
                                   "SECOND|Jobs of the SECOND kind|Jobs|Id|ById",
                                   "THIRD|Jobs of the THIRD kind|Jobs|Id|ById"));
@@ -127,38 +128,38 @@ TEST_F(RefreshWindow, ShowsTheDatabaseInWork) {
 TEST_F(RefreshWindow, CancelledBehindTheSecondDatabaseKeepsTwoAndStillCopiesTheLists) {
     show();
     atYield(2, [&] {
-        click(window, "cmdCancel");
-        EXPECT_FALSE(isEnabled(window, "cmdCancel"));
-        EXPECT_TRUE(isEnabled(window, "cmdExit"));
+        person.click("cmdCancel");
+        EXPECT_FALSE(person.isEnabled("cmdCancel"));
+        EXPECT_TRUE(person.isEnabled("cmdExit"));
     });
-    click(window, "cmdCancel");
-    EXPECT_EQ(textOf(window, "lblDBNAME"), "Process Canceled");
-    EXPECT_EQ(textOf(window, "lblDBDESC"), "Database Definitions ARE INCOMPLETE.");
-    keepPicture(window, "refresh-cancelled");
+    person.click("cmdCancel");
+    EXPECT_EQ(person.text("lblDBNAME"), "Process Canceled");
+    EXPECT_EQ(person.text("lblDBDESC"), "Database Definitions ARE INCOMPLETE.");
+    person.keepPicture("refresh-cancelled");
     EXPECT_EQ(table("NEWDEF").size(), 2U);
     EXPECT_EQ(table("MODULES").size(), 1U);
     EXPECT_EQ(table("USERACCESSITEMS").size(), 1U);
-    EXPECT_FALSE(isEnabled(window, "cmdCancel"));
-    EXPECT_TRUE(isEnabled(window, "cmdExit"));
+    EXPECT_FALSE(person.isEnabled("cmdCancel"));
+    EXPECT_TRUE(person.isEnabled("cmdExit"));
 }
 
 TEST_F(RefreshWindow, AMissingReferenceHasItsBoxAndTheWalkGoesOn) {
     list({"AWAY"});
     show();
-    click(window, "cmdCancel");
+    person.click("cmdCancel");
     ASSERT_EQ(world.host.boxes.size(), 1U);
     EXPECT_EQ(world.host.boxes[0].title, "Cannot Locate Target");
     EXPECT_EQ(world.host.boxes[0].text, "Cannot Locate Target Database: C:\\REF\\AWAY.MDB");
-    EXPECT_EQ(textOf(window, "lblDBNAME"), "Finished");
+    EXPECT_EQ(person.text("lblDBNAME"), "Finished");
     EXPECT_EQ(table("NEWDEF").size(), 3U);
 }
 
 TEST_F(RefreshWindow, CannotBeClosedWhileItRuns) {
     show();
     atYield(1, [&] { EXPECT_FALSE(window.close()); });
-    click(window, "cmdCancel");
+    person.click("cmdCancel");
     EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(textOf(window, "lblDBNAME"), "Finished");
+    EXPECT_EQ(person.text("lblDBNAME"), "Finished");
     EXPECT_EQ(table("NEWDEF").size(), 3U);
     EXPECT_TRUE(window.close());
     EXPECT_FALSE(window.isLoaded());
@@ -168,12 +169,12 @@ TEST_F(RefreshWindow, LeftAfterACancelGoesWhenTheRefreshHasReturned) {
     show();
     bool stillThere = false;
     atYield(1, [&] {
-        click(window, "cmdCancel");
-        click(window, "cmdExit");
+        person.click("cmdCancel");
+        person.click("cmdExit");
         window.close();
         stillThere = window.isVisible();
     });
-    click(window, "cmdCancel");
+    person.click("cmdCancel");
     EXPECT_TRUE(stillThere);
     EXPECT_FALSE(window.isVisible());
     EXPECT_FALSE(window.isLoaded());
@@ -185,26 +186,26 @@ TEST_F(RefreshWindow, LeftAfterACancelGoesWhenTheRefreshHasReturned) {
 TEST_F(RefreshWindow, TakesTheNetworksLocationFromItsOwner) {
     NetLocation = "C:\\ELSEWHERE";
     show();
-    click(window, "cmdCancel");
+    person.click("cmdCancel");
     EXPECT_THAT(world.host.texts(),
                 ElementsAre("Cannot Obtain Exclusive use of the Table: MODULES\nCannot Empty Table.",
                             "Cannot Refresh Network Modules List"));
-    EXPECT_EQ(textOf(window, "lblDBNAME"), "Finished");
-    EXPECT_TRUE(isEnabled(window, "cmdExit"));
+    EXPECT_EQ(person.text("lblDBNAME"), "Finished");
+    EXPECT_TRUE(person.isEnabled("cmdExit"));
 }
 
 TEST_F(RefreshWindow, AnErrorLeavesAWindowThatCanOnlyBeLeft) {
     world.folder.write("ZOVDEF.MDB", "not a database by a long way, whatever its name says");
     show();
-    click(window, "cmdCancel");
+    person.click("cmdCancel");
     ASSERT_EQ(world.host.boxes.size(), 1U);
     EXPECT_EQ(world.host.boxes[0].title, "Error During Processing");
     EXPECT_THAT(
         world.host.boxes[0].text,
         testing::StartsWith("Error Encountered In Form: frmDBURefresh\nError: 3343 RefreshDefinitions\n"));
-    EXPECT_FALSE(isEnabled(window, "cmdCancel"));
-    EXPECT_TRUE(isEnabled(window, "cmdExit"));
-    click(window, "cmdExit");
+    EXPECT_FALSE(person.isEnabled("cmdCancel"));
+    EXPECT_TRUE(person.isEnabled("cmdExit"));
+    person.click("cmdExit");
     EXPECT_FALSE(window.isVisible());
 }
 
