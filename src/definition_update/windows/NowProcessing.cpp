@@ -10,7 +10,7 @@
 namespace tol::update {
 namespace {
 
-constexpr int firstLine = 285;
+constexpr int firstLine = 330;
 constexpr int lineHeight = 285;
 constexpr int margin = 150;
 constexpr int headingWidth = 1050;

@@ -75,7 +75,7 @@ void frmDBUDDU::makeInstructions() {
                              "move to the item and re-tag."},
         {"Label2", "If you have only one site then just click on the Begin button."},
     };
-    int top = 285;
+    int top = 330;
     for (const Line& line : lines) {
         forms::addLabel(m_fraInstructions, line.name, line.text, {150, top, topFrame.width - 300, 285});
         top += 285;
