@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ListTest.h"
 
+#include <fmt/core.h>
 #include <gmock/gmock.h>
 
 namespace tol::test {
@@ -212,6 +213,24 @@ TEST_F(BrowseListTest, PageUpFromTheEndRowCountsFromTheLastRecord) {
     EXPECT_EQ(top(), "07");
     EXPECT_THAT(drawing(),
                 ElementsAre("07 N07", "08 N08", "09 N09", "10 N10", "11 N11", "12 N12", ">13 N13", "14 N14"));
+}
+
+TEST_F(BrowseListTest, HoldsMoreRecordsThanItsCountersCount) {
+    constexpr int records = 40'000;
+    std::vector<std::string> codes;
+    for (int number = 1; number <= records; ++number)
+        codes.push_back(fmt::format("{:05}", number));
+    add(codes);
+    load();
+    EXPECT_EQ(person.yields, records);
+    press(keyEnd);
+    EXPECT_EQ(current(), "40000");
+    press(keyPageUp);
+    EXPECT_EQ(current(), "39993");
+    list->BrowseReload();
+    EXPECT_EQ(current(), "39993");
+    press(keyHome);
+    EXPECT_EQ(current(), "00001");
 }
 
 TEST_F(BrowseListTest, AListOfOneRowScrollsAtEachStep) {
