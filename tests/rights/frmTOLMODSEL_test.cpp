@@ -54,6 +54,7 @@ class SelectModule : public testing::Test {
     [[nodiscard]] forms::ListBox& lines() const { return desk->control<forms::ListBox>("lstMODULEID"); }
     [[nodiscard]] std::vector<std::string> allLines() const {
         std::vector<std::string> all;
+        all.reserve(static_cast<std::size_t>(lines().ListCount()));
         for (int line = 0; line < lines().ListCount(); ++line)
             all.push_back(lines().List(line));
         return all;
