@@ -14,6 +14,7 @@
 #include "shell/vdfunctions/vdfunctions.h"
 
 #include <QFocusEvent>
+#include <QLabel>
 #include <QPushButton>
 
 #include <algorithm>
