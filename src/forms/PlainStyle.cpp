@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleFactory>
+#include <QStyleOption>
 #include <QWidget>
 
 #include <algorithm>
@@ -84,6 +85,17 @@ void PlainStyle::polish(QWidget* widget) {
     // The focus is to be seen wherever it is, not only after it was moved by a key.
     if (widget->isWindow())
         widget->setAttribute(Qt::WA_KeyboardFocusChange);
+}
+
+void PlainStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element != PE_Frame || !option->state.testFlag(State_HasFocus))
+        return;
+    painter->save();
+    painter->setPen(option->palette.color(QPalette::Highlight));
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
 }
 
 QIcon PlainStyle::standardIcon(StandardPixmap standard, const QStyleOption* option,

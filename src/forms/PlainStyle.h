@@ -14,6 +14,9 @@ class PlainStyle : public QProxyStyle {
     using QProxyStyle::polish;
     void polish(QWidget* widget) override;
 
+    /// Gives lists that have the focus a frame of another color.
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
     QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
                        const QWidget* widget) const override;
 };

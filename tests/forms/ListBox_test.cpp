@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QImage>
 #include <QPushButton>
 #include <QTest>
 
@@ -98,6 +99,14 @@ TEST_F(ListBoxTest, EnterIsTheWindowsUnlessTheListHasAUseForIt) {
     list.onEnter([&] { events.emplace_back("enter"); });
     QTest::keyClick(&list, Qt::Key_Enter);
     EXPECT_THAT(events, ElementsAre("button", "enter"));
+}
+
+TEST_F(ListBoxTest, TheFocusIsSeenThoughNoLineIsSelected) {
+    const QImage with = list.grab().toImage();
+    list.clearFocus();
+    const QImage without = list.grab().toImage();
+    EXPECT_NE(with.pixel(0, 50), without.pixel(0, 50));
+    EXPECT_EQ(with.pixelColor(0, 50), list.palette().color(QPalette::Highlight));
 }
 
 TEST_F(ListBoxTest, TabLeavesTheList) {

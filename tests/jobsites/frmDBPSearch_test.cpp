@@ -9,7 +9,6 @@
 #include "support/BoxAnswerer.h"
 #include "support/Environment.h"
 #include "support/TempFolder.h"
-#include "support/ToldNames.h"
 #include "support/WindowDriver.h"
 
 #include <gmock/gmock.h>
@@ -141,7 +140,6 @@ TEST_F(LocationPicker, SelectTakesTheLocationInCapitals) {
                   EXPECT_EQ(location(), "C:\\Jobs\\North");
                   EXPECT_THAT(files(), ElementsAre("Main.MDB"));
                   desk->keepPicture("location");
-                  EXPECT_THAT(controlsWithoutName(*picker), IsEmpty());
                   desk->click("cmdSelect");
               }),
               "C:\\JOBS\\NORTH");

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "StartedProgram.h"
+#include "support/KeepPicture.h"
+#include "support/ToldNames.h"
 
-#include <QDir>
+#include <gmock/gmock.h>
+
 #include <QMenu>
 #include <QPainter>
 #include <QTest>
@@ -9,23 +12,19 @@
 namespace tol::test {
 namespace {
 
-// Pictures for the documents are written to the folder that TOL_SCREENSHOTS names.
-void keep(const QPixmap& picture, const QString& name) {
-    const QString folder = qEnvironmentVariable("TOL_SCREENSHOTS");
-    EXPECT_TRUE(folder.isEmpty() || picture.save(QDir(folder).filePath(name + ".png")));
-}
-
 TEST_F(Start, PictureOfTheSplash) {
     shell::frmTOLMAIN main;
     main.load();
     const QPixmap picture = splash()->grab();
     EXPECT_EQ(picture.deviceIndependentSize().toSize(), QSize(480, 240));
-    keep(picture, "splash");
+    EXPECT_THAT(controlsWithoutName(*splash()), testing::IsEmpty());
+    keepPicture(picture, "splash");
 }
 
 TEST_F(Started, PictureOfTheMainWindowWithAMenuOpen) {
     QPixmap picture = main.grab();
     EXPECT_EQ(picture.deviceIndependentSize().toSize(), main.size());
+    EXPECT_THAT(controlsWithoutName(main), testing::IsEmpty());
     QTest::keyClick(&main, Qt::Key_U, Qt::AltModifier);
     QMenu& menu = *main.findChild<QMenu*>("mnuUtilities");
     ASSERT_TRUE(menu.isVisible());
@@ -33,7 +32,7 @@ TEST_F(Started, PictureOfTheMainWindowWithAMenuOpen) {
     painter.drawPixmap(main.mapFromGlobal(menu.pos()), menu.grab());
     painter.end();
     menu.close();
-    keep(picture, "main-window");
+    keepPicture(picture, "main-window");
 }
 
 } // namespace

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "support/WindowDriver.h"
 
+#include "support/KeepPicture.h"
+
 #include <QAbstractButton>
 #include <QCoreApplication>
-#include <QDir>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
@@ -94,9 +95,7 @@ std::vector<int> WindowDriver::highlighted(const QString& label) const {
 }
 
 void WindowDriver::keepPicture(const QString& name) const {
-    const QString folder = qEnvironmentVariable("TOL_SCREENSHOTS");
-    if (!folder.isEmpty() && !m_window.grab().save(QDir(folder).filePath(name + ".png")))
-        throw std::logic_error("no picture of " + m_window.objectName().toStdString() + " could be kept");
+    test::keepPicture(m_window, name);
 }
 
 } // namespace tol::test

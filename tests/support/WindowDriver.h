@@ -39,7 +39,7 @@ class WindowDriver {
     [[nodiscard]] std::vector<std::string> rows(const std::vector<QString>& labels) const;
     /// The rows whose labels of that array are yellow.
     [[nodiscard]] std::vector<int> highlighted(const QString& label) const;
-    /// Writes a picture of the window to the folder that TOL_SCREENSHOTS names, if any.
+    /// See KeepPicture.h.
     void keepPicture(const QString& name) const;
 
   private:
