@@ -132,6 +132,8 @@ void BrowseList::findLast() {
 }
 
 void BrowseList::BrowseReload() {
+    if (m_loading) // the window was activated at a yield of the load, which finds the same
+        return;
     try {
         reload();
     } catch (const RuntimeError&) {
