@@ -21,9 +21,4 @@ void vdSelectAll(forms::TextBox& box) {
     box.selectAllText();
 }
 
-void setEditInput(forms::TextBox& box) {
-    box.onKeyPress([](int key) { return vdEnterKey(key, false, false); });
-    box.onGotFocus([&box] { vdSelectAll(box); });
-}
-
 } // namespace tol::screens

@@ -14,7 +14,4 @@ int vdEnterKey(int key, bool upper, bool keepEnter);
 /// Marks the whole text of a box that is entered, so that typing replaces it.
 void vdSelectAll(forms::TextBox& box);
 
-/// Gives an edit box both, on KeyPress and on GotFocus.
-void setEditInput(forms::TextBox& box);
-
 } // namespace tol::screens

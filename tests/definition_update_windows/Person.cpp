@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Person.h"
 
-#include <gtest/gtest.h>
+#include "support/KeepPicture.h"
 
-#include <QDir>
 #include <QTest>
 
 namespace tol::test {
@@ -15,8 +14,7 @@ void Person::poke(const QString& name) const {
 }
 
 void Person::keepPicture(const QString& name) const {
-    const QString folder = qEnvironmentVariable("TOL_SCREENSHOTS");
-    EXPECT_TRUE(folder.isEmpty() || m_window.window()->grab().save(QDir(folder).filePath(name + ".png")));
+    test::keepPicture(*m_window.window(), name);
 }
 
 } // namespace tol::test

@@ -13,7 +13,7 @@ class Person : public WindowDriver {
     [[nodiscard]] bool isEnabled(const QString& name) const { return control(name).isEnabled(); }
     /// Clicks where the control lies, though it may be out of use.
     void poke(const QString& name) const;
-    /// Writes a picture of the window to the folder that TOL_SCREENSHOTS names, if any.
+    /// Of the whole program window that it lies in.
     void keepPicture(const QString& name) const;
 
   private:
