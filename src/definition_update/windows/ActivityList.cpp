@@ -11,12 +11,12 @@ constexpr int lastRow = rows - 1;
 
 screens::BrowseDescription description() {
     return {.index = "",
-            .columns = {{"lblALPATHNAME", "lblHALPATHNAME", "Job Site", 1560, "PATHNAME"},
-                        {"lblDBNAME", "lblHDBNAME", "Database", 1200, "DBNAME"},
-                        {"lblTABLENAME", "lblHTABLENAME", "Table", 1500, "TABLENAME"},
-                        {"lblINDEXNAME", "lblHINDEXNAME", "Index", 1350, "INDEXNAME"},
-                        {"lblFIELDNAME", "lblHFIELDNAME", "Field", 1350, "FIELDNAME"},
-                        {"lblACTION", "Label1", "Action", 3840, "Action"}},
+            .columns = {{"lblALPATHNAME", "lblHALPATHNAME", "Job Site", 1980, "PATHNAME"},
+                        {"lblDBNAME", "lblHDBNAME", "Database", 1140, "DBNAME"},
+                        {"lblTABLENAME", "lblHTABLENAME", "Table", 1230, "TABLENAME"},
+                        {"lblINDEXNAME", "lblHINDEXNAME", "Index", 1230, "INDEXNAME"},
+                        {"lblFIELDNAME", "lblHFIELDNAME", "Field", 1320, "FIELDNAME"},
+                        {"lblACTION", "Label1", "Action", 3900, "Action"}},
             .descriptionColumn = 5,
             .rows = rows,
             .endText = "End of List",

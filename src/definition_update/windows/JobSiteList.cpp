@@ -31,8 +31,8 @@ JobSiteList::JobSiteList(forms::Form& form, int left, int top, forms::EventProce
 
 screens::BrowseDescription JobSiteList::description() const {
     return {.index = "DBPATHS",
-            .columns = {{"lblPATHNAME", "lblHPATHNAME", "Job Site", 1800, "PATHNAME"},
-                        {"lblPATHTEXT", "lblHPATHTEXT", " Location of Database Files", 4650, "PathText"},
+            .columns = {{"lblPATHNAME", "lblHPATHNAME", "Job Site", 2100, "PATHNAME"},
+                        {"lblPATHTEXT", "lblHPATHTEXT", " Location of Database Files", 4350, "PathText"},
                         {"lblTAG", "lblHTAG", "Tag", 600, "",
                          [this](data::Recordset& site) { return markOf(site); }}},
             .descriptionColumn = 1,
