@@ -6,6 +6,7 @@
 #include "forms/LoadedForms.h"
 #include "platform/System.h"
 #include "runtime/Conversions.h"
+#include "runtime/RuntimeError.h"
 #include "search_print/PreviewWidget.h"
 #include "support/TestHost.h"
 
@@ -309,6 +310,21 @@ TEST_F(frmvdPrintTest, AWrongTableIndexOrFieldLeavesTheExitButton) {
     EXPECT_THAT(person.boxes[0].text, HasSubstr("Error Number: 3078"));
     EXPECT_THAT(person.boxes[1].text, HasSubstr("Error Number: 3015"));
     EXPECT_THAT(person.boxes[2].text, HasSubstr("Error Number: 3265"));
+}
+
+TEST_F(frmvdPrintTest, AWindowThatCanNotEvenTellItsErrorIsNotOpened) {
+    PrintRequest request = namesAndPlaces();
+    request.PrintDBName = "NONE.MDB";
+    person.onBox = [](const Box& box) {
+        if (box.title == "Error Displaying Form")
+            runtime::raise(runtime::errDiskFull);
+    };
+    EXPECT_FALSE(withReport(request, [](ReportWindow&) {}));
+    ASSERT_EQ(person.boxes.size(), 2U);
+    EXPECT_EQ(person.boxes[1].text, "Error Opening Window vdPrint");
+    EXPECT_EQ(person.boxes[1].title, "Error: vdPrint");
+    EXPECT_EQ(person.boxes[1].style.icon, runtime::MsgIcon::Critical);
+    EXPECT_EQ(forms::LoadedForms::Count(), 0);
 }
 
 TEST_F(frmvdPrintTest, FindsADatabaseInAFolder) {

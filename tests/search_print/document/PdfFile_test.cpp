@@ -15,7 +15,6 @@ namespace tol::test {
 namespace {
 
 using namespace search_print;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 
