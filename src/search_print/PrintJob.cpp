@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "search_print/PrintJob.h"
 
+#include "forms/Twips.h"
 #include "runtime/RuntimeError.h"
 #include "search_print/document/PagePainter.h"
 #include "search_print/document/PdfFile.h"
@@ -105,6 +106,7 @@ void printWithDialog(QWidget& owner, const VSPrinter& document) {
         printer.setOutputFileName(suggestedFile(document)); // makes it a PDF file
     QPrintDialog dialog(&printer, &owner);
     dialog.setObjectName("printDialog");
+    dialog.setMinimumWidth(forms::toPixels(7200)); // so that the file's name can be read
     dialog.setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintPageRange);
     dialog.setMinMax(1, document.PageCount());
     if (dialog.exec() == QDialog::Accepted)
