@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fmt/format.h>
 #include <utility>
 
 namespace tol::platform {
@@ -38,17 +39,21 @@ bool isShare(std::string_view path) {
            separators.find(path[2]) == std::string_view::npos;
 }
 
+std::string shareName(std::string_view server, std::string_view share) {
+    return fmt::format("\\\\{}\\{}", server, share);
+}
+
 /// Takes the drive off the front of a path.
 std::string takeDrive(std::string_view& path) {
     if (hasLetter(path)) {
-        const std::string drive = runtime::upperCase(path.substr(0, 2));
+        std::string drive = runtime::upperCase(path.substr(0, 2));
         path.remove_prefix(2);
         return drive;
     }
     if (!isShare(path))
         return std::string(hostTree);
     const std::string server(takeName(path));
-    return "\\\\" + server + "\\" + std::string(takeName(path));
+    return shareName(server, takeName(path));
 }
 
 bool startsAtDrive(std::string_view path) {
@@ -76,6 +81,7 @@ std::vector<std::string> namesIn(const fs::path& folder, Wanted wanted) {
                        {}, failure.message());
     std::ranges::sort(names);
     std::vector<std::string> result;
+    result.reserve(names.size());
     for (auto& [folded, name] : names)
         result.push_back(std::move(name));
     return result;
@@ -118,7 +124,7 @@ std::vector<std::string> drives() {
     const fs::path servers = drivesFolder() / "unc";
     for (const std::string& server : namesInAny(servers, any))
         for (const std::string& share : namesInAny(servers / server, any))
-            result.push_back("\\\\" + server + "\\" + share);
+            result.push_back(shareName(server, share));
     result.emplace_back(hostTree);
     return result;
 }
