@@ -12,6 +12,7 @@
 #include <gmock/gmock.h>
 
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 
 namespace tol::test {
@@ -341,6 +342,9 @@ TEST_F(JobSites, AMissingTableLeavesOnlyTheExitButton) {
                   runtime::describe(runtime::ErrorNumber{3078}, {"DBPATHS"}),
               QMessageBox::Critical, "Error Displaying Form");
     expectOnlyTheExitButton();
+    parent.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&parent));
+    EXPECT_TRUE(desk->control("cmdExit").hasFocus());
     desk->keepPicture("job-sites-failed");
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_A, Qt::Key_D, Qt::Key_E, Qt::Key_End})
         desk->press(key);
