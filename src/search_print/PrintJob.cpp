@@ -50,26 +50,6 @@ std::span<const Page> chosenPages(const QPrinter& printer, const PageList& list)
     return first < last ? all.subspan(first, last - first) : std::span<const Page>();
 }
 
-/// On the printer's own paper, to which larger pages are shrunk. False when the printer takes no job.
-bool printOn(QPrinter& printer, const VSPrinter& document, std::span<const Page> pages) {
-    printer.setFullPage(true);
-    printer.setColorMode(document.colourMode() == colourModeMonochrome ? QPrinter::GrayScale
-                                                                       : QPrinter::Color);
-    setSheet(printer, pages.front());
-    QPainter painter;
-    if (!painter.begin(&printer))
-        return false;
-    for (const Page& page : pages) {
-        if (&page != &pages.front()) {
-            setSheet(printer, page);
-            if (!printer.newPage())
-                return false;
-        }
-        paintSheet(painter, printer, document.document(), page);
-    }
-    return painter.end();
-}
-
 QString suggestedFile(const VSPrinter& document) {
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     const QString title = QString::fromStdString(document.documentTitle()).replace(u'/', u'-');
@@ -96,6 +76,25 @@ void printOrTell(QPrinter& printer, const VSPrinter& document) {
 }
 
 } // namespace
+
+bool printOn(QPrinter& printer, const VSPrinter& document, std::span<const Page> pages) {
+    printer.setFullPage(true);
+    printer.setColorMode(document.colourMode() == colourModeMonochrome ? QPrinter::GrayScale
+                                                                       : QPrinter::Color);
+    setSheet(printer, pages.front());
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return false;
+    for (const Page& page : pages) {
+        if (&page != &pages.front()) {
+            setSheet(printer, page);
+            if (!printer.newPage())
+                return false;
+        }
+        paintSheet(painter, printer, document.document(), page);
+    }
+    return painter.end();
+}
 
 void printWithDialog(QWidget& owner, const VSPrinter& document) {
     QPrinter printer(QPrinter::HighResolution);

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "search_print/PrintJob.h"
+
 #include "PrintedFolder.h"
 #include "support/Program.h"
 #include "support/TestHost.h"
@@ -8,6 +10,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -115,6 +118,60 @@ TEST_F(PrintJobTest, TellsWhenTheFileCanNotBeWritten) {
     print([&](QPrintDialog& dialog) { printTo(dialog, "/dev/full"); });
     EXPECT_THAT(person.texts(), ElementsAre("The file '/dev/full' can't be written."));
     EXPECT_EQ(person.boxes[0].title, "Printer Error");
+}
+
+/// A document of an upright and a wide page on Letter paper, painted as on a printer.
+class PaintedOnPrinter : public testing::Test {
+  protected:
+    PaintedOnPrinter() {
+        document.StartDoc();
+        document.FontName("Courier New");
+        document.FontSize(8);
+        document.CurrentX(1440);
+        document.CurrentY(1440);
+        document.Text("upright");
+        document.Orientation(orientationLandscape);
+        document.NewPage();
+        document.CurrentX(1440);
+        document.Text("wide");
+        document.EndDoc();
+    }
+
+    /// Word boxes and page sizes of what came out of the printer.
+    std::string printedOn(QPageSize::PageSizeId paper) {
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName("paper.pdf");
+        printer.setPageSize(QPageSize(paper));
+        EXPECT_TRUE(printOn(printer, document, document.document().pages));
+        Program program("/usr/bin/pdftotext", {"-bbox", "paper.pdf", "-"}, folder.path());
+        EXPECT_EQ(program.wait(), 0) << program.err();
+        return program.out();
+    }
+
+    TempFolder folder;
+    VSPrinter document{paperLetter};
+};
+
+TEST_F(PaintedOnPrinter, KeepsPlacesAndTurnsThePaper) {
+    const std::string words = printedOn(QPageSize::Letter);
+    EXPECT_THAT(words, HasSubstr("<page width=\"612.000000\" height=\"792.000000\">"));
+    EXPECT_THAT(words, HasSubstr("<page width=\"792.000000\" height=\"612.000000\">"));
+    EXPECT_THAT(words, testing::ContainsRegex("xMin=\"7[12][.][0-9]+\" yMin=\"7[0-9][.][^>]*>upright<"));
+    EXPECT_THAT(words, testing::ContainsRegex("xMin=\"7[12][.][0-9]+\" yMin=\"7[0-9][.][^>]*>wide<"));
+}
+
+TEST_F(PaintedOnPrinter, ShrinksPagesToSmallerPaper) {
+    const std::string words = printedOn(QPageSize::A6); // less than half as wide
+    EXPECT_THAT(words, HasSubstr("<page width=\"297."));
+    EXPECT_THAT(words, testing::ContainsRegex("xMin=\"3[45][.][0-9]+\" yMin=\"3[0-9][.][^>]*>upright<"));
+}
+
+TEST_F(PaintedOnPrinter, TellsWhenThePrinterTakesNoJob) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName("missing/paper.pdf");
+    EXPECT_FALSE(printOn(printer, document, document.document().pages));
 }
 
 } // namespace
