@@ -62,6 +62,10 @@ void VirtualDisplay::press(const std::vector<std::string>& keys) const {
         static_cast<void>(told(fmt::format("xdotool key --clearmodifiers {}", key)));
 }
 
+void VirtualDisplay::type(const std::string& text) const {
+    static_cast<void>(told(fmt::format("xdotool type --clearmodifiers '{}'", text)));
+}
+
 void VirtualDisplay::takePicture(const std::filesystem::path& file) const {
     static_cast<void>(told(fmt::format("import -window root '{}'", file.string())));
 }

@@ -32,6 +32,8 @@ class VirtualDisplay {
     [[nodiscard]] bool waitForWindow(const std::string& title) const;
     /// Presses keys one after the other, such as "alt+f" and "Return".
     void press(const std::vector<std::string>& keys) const;
+    /// Types a text into whatever has the keyboard.
+    void type(const std::string& text) const;
     /// Takes a picture of the whole display.
     void takePicture(const std::filesystem::path& file) const;
 
