@@ -6,9 +6,12 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <span>
 
@@ -48,20 +51,26 @@ std::span<const ButtonRow> rowsOf(MsgButtons buttons) {
     return okButtons;
 }
 
-QMessageBox::Icon iconOf(MsgIcon icon) {
-    switch (icon) {
-    case MsgIcon::Critical:
-        return QMessageBox::Critical;
-    case MsgIcon::Question:
-        return QMessageBox::Question;
-    case MsgIcon::Exclamation:
-        return QMessageBox::Warning;
-    case MsgIcon::Information:
-        return QMessageBox::Information;
-    case MsgIcon::None:
-        break;
-    }
-    return QMessageBox::NoIcon;
+struct IconRow {
+    MsgIcon icon;
+    QMessageBox::Icon shown;
+    const char* name; ///< for those who can't see it
+};
+
+constexpr IconRow iconRows[] = {
+    {MsgIcon::Critical, QMessageBox::Critical, "Error"},
+    {MsgIcon::Question, QMessageBox::Question, "Question"},
+    {MsgIcon::Exclamation, QMessageBox::Warning, "Warning"},
+    {MsgIcon::Information, QMessageBox::Information, "Information"},
+};
+
+void setIcon(QMessageBox& box, MsgIcon icon) {
+    const auto row = std::ranges::find(iconRows, icon, &IconRow::icon);
+    if (row == std::end(iconRows))
+        return;
+    box.setIcon(row->shown);
+    if (auto* label = box.findChild<QLabel*>("qt_msgboxex_icon_label"))
+        label->setAccessibleName(row->name);
 }
 
 /// Makes the box at least as wide as its title and the window's own buttons, since a title is cut otherwise.
@@ -85,7 +94,7 @@ MsgResult showMessageBox(const std::string& text, runtime::MsgStyle style, const
     box.setWindowTitle(QString::fromStdString(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(text));
-    box.setIcon(iconOf(style.icon));
+    setIcon(box, style.icon);
     const auto rows = rowsOf(style.buttons);
     for (const ButtonRow& row : rows) {
         QPushButton* button = box.addButton(row.caption, row.role);

@@ -7,6 +7,7 @@
 #include "jobsites/frmDBPSearch.h"
 #include "runtime/Text.h"
 #include "search_print/ReportWindow.h"
+#include "support/KeepPicture.h"
 #include "support/ListWindowTest.h"
 
 #include <gmock/gmock.h>
@@ -234,10 +235,15 @@ TEST_F(JobSites, AFailedNumberIsTakenForZero) {
 
 TEST_F(JobSites, ADeleteAsksFirst) {
     openWith({site(1, " NORTH ", "C:\\NORTH"), site(2, "SOUTH", "C:\\SOUTH")});
+    person.onBox = [](QMessageBox& box) {
+        keepPicture(box, "question");
+        box.findChild<QAbstractButton*>("cmdOK")->click();
+    };
     desk->press(Qt::Key_Delete);
     expectBox("OK to Delete Job Site: NORTH  ?", QMessageBox::Question, "Confirm Delete");
     EXPECT_THAT(table.rows(), ElementsAre("2|SOUTH|C:\\SOUTH"));
     EXPECT_THAT(page(), ElementsAre("SOUTH|C:\\SOUTH", " |End of List"));
+    desk->keepPicture("job-sites-one");
 }
 
 // Exit.
@@ -245,6 +251,7 @@ TEST_F(JobSites, ADeleteAsksFirst) {
 TEST_F(JobSites, AnEditThatChangesNothingRaisesTheReminder) {
     openWith({site(1, "NORTH", "C:\\NORTH")});
     desk->press(Qt::Key_E);
+    desk->keepPicture("job-sites-edit");
     desk->press(Qt::Key_U, Qt::AltModifier);
     EXPECT_THAT(person.boxes, IsEmpty());
     desk->press(Qt::Key_X);

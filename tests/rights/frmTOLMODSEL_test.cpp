@@ -86,6 +86,7 @@ TEST_F(SelectModule, ListsTheModulesInOrderOfTheirCodes) {
         EXPECT_EQ(desk->text("cmdCancel"), "&Cancel");
         EXPECT_THAT(allLines(), ElementsAre("ACC   Accounts", "JOB   Job Costs", "PAY   Payroll"));
         EXPECT_EQ(desk->focus(), "lstMODULEID");
+        desk->keepPicture("select-module");
         cancel();
     });
 }

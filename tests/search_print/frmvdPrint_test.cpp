@@ -8,6 +8,7 @@
 #include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"
 #include "search_print/PreviewWidget.h"
+#include "support/KeepPicture.h"
 #include "support/TestHost.h"
 
 #include <fmt/format.h>
@@ -63,6 +64,7 @@ TEST_F(frmvdPrintTest, DrawsTheReportBeforeItIsSeen) {
         EXPECT_EQ(window.CmdExit().text(), "E&xit");
         EXPECT_TRUE(window.cmdBegin().isVisible());
         EXPECT_TRUE(window.preview().isVisible());
+        keepPicture(window, "list-report");
     }));
     EXPECT_EQ(person.yields, 120);
     EXPECT_THAT(person.boxes, IsEmpty());
