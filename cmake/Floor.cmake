@@ -26,14 +26,22 @@ function(tol_include_root target folder source)
 endfunction()
 
 # tol_test(<name> LABEL unit|gui|e2e SOURCES <files...> LINKS <libraries...> [MAIN <library with main()>]
-#          [ENVIRONMENT <name=value...>])
+#          [ENVIRONMENT <name=value>] [IN_MEMORY])
+# IN_MEMORY is for tests that make many small databases: they do so in memory, where the system has such
+# a folder.
 function(tol_test name)
-  cmake_parse_arguments(ARG "" "LABEL;MAIN" "SOURCES;LINKS;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(ARG "IN_MEMORY" "LABEL;MAIN;ENVIRONMENT" "SOURCES;LINKS" ${ARGN})
+  set(properties LABELS "${ARG_LABEL}" TIMEOUT 600)
+  if(ARG_ENVIRONMENT)
+    list(APPEND properties ENVIRONMENT "${ARG_ENVIRONMENT}")
+  endif()
+  if(ARG_IN_MEMORY AND IS_DIRECTORY /dev/shm)
+    list(APPEND properties ENVIRONMENT_MODIFICATION TMPDIR=set:/dev/shm)
+  endif()
   if(NOT ARG_MAIN)
     set(ARG_MAIN GTest::gtest_main)
   endif()
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} tol_test_support tol_warnings GTest::gmock ${ARG_MAIN})
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
-    PROPERTIES LABELS "${ARG_LABEL}" TIMEOUT 600 ENVIRONMENT "${ARG_ENVIRONMENT}")
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ${properties})
 endfunction()
