@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
+#include <QPushButton>
 #include <QTest>
 
 #include <cctype>

@@ -9,7 +9,7 @@
 #include "forms/Pictures.h"
 #include "forms/TextBox.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <QLabel>
 #include <QPushButton>
@@ -17,9 +17,6 @@
 
 namespace tol::forms {
 namespace {
-
-using testing::IsEmpty;
-using testing::SizeIs;
 
 /// Puts one control on a window; tells how many have no name.
 std::size_t nameless(const std::function<void(Form&)>& make) {

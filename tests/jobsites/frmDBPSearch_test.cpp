@@ -55,9 +55,9 @@ class LocationPicker : public testing::Test {
     [[nodiscard]] forms::FolderList& folders() const { return desk->control<forms::FolderList>("Dir1"); }
 
     [[nodiscard]] static std::vector<std::string> lines(const forms::ListBox& list) {
-        std::vector<std::string> result;
+        std::vector<std::string> result(static_cast<std::size_t>(list.ListCount()));
         for (int i = 0; i < list.ListCount(); ++i)
-            result.push_back(list.List(i));
+            result[static_cast<std::size_t>(i)] = list.List(i);
         return result;
     }
     [[nodiscard]] std::vector<std::string> files() const {
