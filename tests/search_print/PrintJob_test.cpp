@@ -15,6 +15,9 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QTest>
+#include <QTimer>
+
+#include <algorithm>
 
 namespace tol::test {
 namespace {

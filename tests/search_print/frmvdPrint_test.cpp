@@ -18,6 +18,8 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <algorithm>
+
 namespace tol::test {
 namespace {
 

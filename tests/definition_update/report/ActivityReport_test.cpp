@@ -11,6 +11,8 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace tol::test {
 namespace {
 
