@@ -8,6 +8,7 @@
 
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QTest>
 #include <QTimer>
 
 #include <iostream>
@@ -59,6 +60,23 @@ TEST(WindowHost, DoEventsGivesWayAtMostSixtyTimesASecond) {
     EXPECT_GE(turns, 2); // however busy the machine is
     EXPECT_LE(turns, clock.elapsed() / 16 + 1);
     EXPECT_GT(calls, turns);
+}
+
+TEST(WindowHost, DoEventsGivesWayLessOftenWhenATurnTakesLong) {
+    const WindowHost windows;
+    int turns = 0;
+    QTimer everyTurn;
+    everyTurn.callOnTimeout([&] {
+        ++turns;
+        QTest::qSleep(3);
+    });
+    everyTurn.start(0);
+    QElapsedTimer clock;
+    clock.start();
+    while (!clock.hasExpired(400))
+        host().doEvents();
+    EXPECT_GE(turns, 2);
+    EXPECT_LE(turns, clock.elapsed() / 50 + 1);
 }
 
 // Counts how often waiting work was asked to be settled; a settler stays for the life of the process.
