@@ -18,7 +18,6 @@ namespace tol::test {
 namespace {
 
 using namespace search_print;
-using testing::IsEmpty;
 
 /// A report that is begun by its button: one page for each step, with a yield after each.
 class Begun : public ReportWindow {
