@@ -12,6 +12,8 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -59,6 +61,26 @@ class JobSites : public ListWindowTest {
 TestTable::Row site(std::int32_t tag, const char* name, const char* path) {
     return {tag, name, path};
 }
+
+/// Pays one visit to a window that comes up over the list and waits to be closed. It may be drawing for a
+/// while before it is shown.
+template <typename Window>
+class Visit {
+  public:
+    explicit Visit(std::function<void(Window&)> act) {
+        m_look.callOnTimeout([this, act = std::move(act)] {
+            auto* shown = dynamic_cast<Window*>(QApplication::activeModalWidget());
+            if (shown == nullptr || !shown->isVisible())
+                return;
+            m_look.stop();
+            act(*shown);
+        });
+        m_look.start(5);
+    }
+
+  private:
+    QTimer m_look;
+};
 
 std::vector<TestTable::Row> eightSites() {
     std::vector<TestTable::Row> rows;
@@ -278,12 +300,9 @@ class PickingALocation : public JobSites {
     void pickAndPress(Qt::Key key, Qt::KeyboardModifiers held = {}) {
         openWith({site(1, "NORTH", "C:\\NORTH")});
         desk->press(Qt::Key_E);
-        QTimer::singleShot(0, window, [=, this] {
-            auto* picker = dynamic_cast<jobsites::frmDBPSearch*>(QApplication::activeModalWidget());
-            ASSERT_NE(picker, nullptr);
-            const WindowDriver atPicker(*picker);
-            EXPECT_LE((picker->geometry().center() - parent.frameGeometry().center()).manhattanLength(), 4);
-            atPicker.press(key, held);
+        const Visit<jobsites::frmDBPSearch> visit([=, this](jobsites::frmDBPSearch& picker) {
+            EXPECT_LE((picker.geometry().center() - parent.frameGeometry().center()).manhattanLength(), 4);
+            WindowDriver(picker).press(key, held);
         });
         desk->click("cmdSelectPath");
     }
@@ -311,15 +330,13 @@ TEST_F(PickingALocation, CancelBlanksTheBoxSoThatUpdateRefusesIt) {
 TEST_F(JobSites, PrintsTheList) {
     openWith({site(1, "NORTH", "C:\\NORTH"), site(2, "SOUTH", "C:\\SOUTH")});
     std::vector<std::string> texts;
-    QTimer::singleShot(0, window, [&] {
-        auto* report = dynamic_cast<search_print::ReportWindow*>(QApplication::activeModalWidget());
-        ASSERT_NE(report, nullptr);
-        EXPECT_EQ(report->windowTitle(), "Print the List of Job Sites");
-        for (const search_print::Page& page : report->printer().document().pages)
+    const Visit<search_print::ReportWindow> visit([&](search_print::ReportWindow& report) {
+        EXPECT_EQ(report.windowTitle(), "Print the List of Job Sites");
+        for (const search_print::Page& page : report.printer().document().pages)
             for (const search_print::Primitive& primitive : page.primitives)
                 if (const auto* text = std::get_if<search_print::Text>(&primitive))
                     texts.push_back(text->text.trimmed().toStdString());
-        report->close();
+        report.close();
     });
     desk->press(Qt::Key_P, Qt::AltModifier);
     for (const char* expected : {"List of Job Sites", "Job Site", "Location of Database Files", "NORTH",
