@@ -72,7 +72,7 @@ std::string runInWindow(forms::MdiForm& main) {
     main.showChild(std::move(made));
     press(window, "cmdTAGALL");
     press(window, "cmdCancel");
-    const std::string outcome = window.findChild<QLabel*>("lblNPPATHNAME")->text().toStdString();
+    std::string outcome = window.findChild<QLabel*>("lblNPPATHNAME")->text().toStdString();
     press(window, "cmdExit");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return outcome;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
+#include <string>
+
 namespace tol::ctl {
 
 /// Ctrl+C, the end of the terminal and the polite end signal ask a command to stop at its next yield, where
@@ -8,6 +11,10 @@ namespace tol::ctl {
 /// ignored.
 void watchInterrupts();
 [[nodiscard]] bool interrupted();
+
+/// A line of standard input without its end; nothing when that has ended, or when a stop is asked for
+/// before the line is there. A person's input only: it is read byte by byte.
+[[nodiscard]] std::optional<std::string> readLine();
 
 /// Raises Stopped when a stop was asked for.
 void stopIfInterrupted();

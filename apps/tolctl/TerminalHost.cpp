@@ -63,11 +63,12 @@ MsgResult TerminalHost::answerQuestion(const std::string& text, const std::strin
 }
 
 MsgResult TerminalHost::askPerson() {
-    for (std::string line; !interrupted();) {
+    while (!interrupted()) {
         std::cerr << "  Yes or No? " << std::flush;
-        if (!std::getline(std::cin, line))
+        const auto line = readLine();
+        if (!line)
             break;
-        const std::string word = runtime::lowerCase(runtime::trim(line));
+        const std::string word = runtime::lowerCase(runtime::trim(*line));
         if (word == "y" || word == "yes")
             return MsgResult::Yes;
         if (word == "n" || word == "no")
