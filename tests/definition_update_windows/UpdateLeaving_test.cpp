@@ -10,6 +10,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QLabel>
 #include <QMdiSubWindow>

@@ -13,7 +13,6 @@
 namespace tol::test {
 namespace {
 
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -15,7 +15,6 @@ namespace tol::test {
 namespace {
 
 using testing::Contains;
-using testing::IsEmpty;
 using testing::StartsWith;
 
 class PrintWindow : public testing::Test {
