@@ -396,13 +396,7 @@ TEST_F(Run, TheNetworkFolderIsGone) {
 TEST_F(Run, AnErrorBreaksItOffAndLeavesTheFrameAsItIs) {
     addSites(2);
     open();
-    {
-        data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
-        data::Database database = workspace.OpenDatabase("DBPATHS.MDB");
-        data::Recordset rows = database.OpenRecordset("DBPATHS");
-        rows.Index("DBPATHS");
-        rows.Delete();
-    }
+    deleteFirstSite();
     click("cmdCancel");
     ASSERT_EQ(world.host.boxes.size(), 1U);
     EXPECT_EQ(world.host.boxes[0].title, "Error During Processing");

@@ -361,11 +361,7 @@ TEST_F(Tags, LeavingLetsGoOfTheDatabases) {
 TEST_F(Tags, ASiteThatSomebodyDeletedIsNotTagged) {
     addSites(3);
     open();
-    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
-    data::Database database = workspace.OpenDatabase("DBPATHS.MDB");
-    data::Recordset rows = database.OpenRecordset("DBPATHS");
-    rows.Index("DBPATHS");
-    rows.Delete();
+    deleteFirstSite();
     press(Qt::Key_T);
     EXPECT_THAT(marked(), IsEmpty());
     EXPECT_EQ(text("lblPATHNAME(0)"), "SITE02");

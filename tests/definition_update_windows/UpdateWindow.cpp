@@ -25,6 +25,14 @@ void UpdateWindow::addSites(int count) {
     UpdateWorld::addSites(sites);
 }
 
+void UpdateWindow::deleteFirstSite() {
+    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
+    data::Database database = workspace.OpenDatabase("DBPATHS.MDB");
+    data::Recordset rows = database.OpenRecordset("DBPATHS");
+    rows.Index("DBPATHS");
+    rows.Delete();
+}
+
 void UpdateWindow::addOutdatedSite(int rows, bool convertible) {
     UpdateWorld::addRowsOf("DATABASES", Json::parse(R"([["JOBS", "DBPATHS", "N", false]])"));
     UpdateWorld::addDefinitions(Json::parse(

@@ -22,6 +22,8 @@ class UpdateWindow : public testing::Test {
 
     /// Job Sites SITE01, SITE02, ... on drive C, with nothing in their folders.
     static void addSites(int count);
+    /// What another user does.
+    static void deleteFirstSite();
     /// One Job Site NORTH, whose database JOBS lacks the field NOTE and the index ORDERS. Its field NUMBER is
     /// a text, and 2 of its rows is too large a number unless `convertible`.
     void addOutdatedSite(int rows = 3, bool convertible = true);
