@@ -35,7 +35,9 @@ class Page : public screens::BrowsePage {
     [[nodiscard]] bool isShown() const override { return true; }
 
   private:
-    std::string& at(int row, int column) { return m_captions.at(static_cast<std::size_t>(row) * columns + column); }
+    std::string& at(int row, int column) {
+        return m_captions.at(static_cast<std::size_t>(row) * columns + column);
+    }
 
     std::array<std::string, rowsOfPage * columns> m_captions;
     std::array<std::uint32_t, rowsOfPage> m_colors{};
