@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "runtime/Text.h"
+
 #include <string_view>
 
 namespace tol::data {
@@ -9,7 +11,9 @@ namespace tol::data {
 inline constexpr std::size_t maxNameLength = 64;
 
 /// Whether two names mean the same table, field or index: case does not matter for any letter.
-bool sameName(std::string_view left, std::string_view right);
+inline bool sameName(std::string_view left, std::string_view right) {
+    return runtime::sameText(left, right);
+}
 
 /// Raises 3125 for a name that nothing new may have: an empty or too long one, one that begins with a
 /// blank, or that holds a control character or one of . ! ` [ ]. What a database has already is

@@ -73,7 +73,7 @@ std::vector<std::string> namesIn(const fs::path& folder, Wanted wanted) {
          entry.increment(failure)) {
         std::string name = entry->path().filename().string();
         if (isShown(name) && wanted(*entry, name))
-            names.emplace_back(runtime::upperCase(name), std::move(name));
+            names.emplace_back(runtime::foldCase(name), std::move(name));
     }
     if (failure)
         runtime::raise(failure == std::errc::no_such_file_or_directory ? runtime::errPathNotFound
@@ -99,7 +99,7 @@ std::vector<std::string> namesInAny(const fs::path& folder, Wanted wanted) {
     return fs::is_directory(folder, ignored) ? namesIn(folder, wanted) : std::vector<std::string>();
 }
 
-/// Both are in capitals.
+/// Both are folded.
 bool fits(std::string_view name, std::string_view pattern) {
     if (pattern.empty())
         return name.empty();
@@ -166,9 +166,9 @@ std::vector<std::string> foldersIn(std::string_view folder) {
 }
 
 std::vector<std::string> filesIn(std::string_view folder, std::string_view pattern) {
-    const std::string wanted = runtime::upperCase(pattern);
+    const std::string wanted = runtime::foldCase(pattern);
     return namesIn(hostPath(folder), [&](const fs::directory_entry& entry, const std::string& name) {
-        return !isFolder(entry) && fits(runtime::upperCase(name), wanted);
+        return !isFolder(entry) && fits(runtime::foldCase(name), wanted);
     });
 }
 

@@ -101,12 +101,11 @@ bool exists(fs::file_type type) {
 
 /// The folder's only entry that is the name but for the case of its letters.
 std::optional<fs::path> findIgnoringCase(const fs::path& folder, std::string_view name) {
-    const std::string wanted = runtime::upperCase(name);
     std::optional<fs::path> found;
     std::error_code failure;
     for (fs::directory_iterator entry(folder, failure); !failure && entry != fs::directory_iterator();
          entry.increment(failure)) {
-        if (runtime::upperCase(entry->path().filename().native()) != wanted)
+        if (!runtime::sameText(entry->path().filename().native(), name))
             continue;
         if (found)
             throw RuntimeError(runtime::errPathAccess,

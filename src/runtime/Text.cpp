@@ -6,13 +6,13 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <fmt/format.h>
 #include <memory>
 #include <stdexcept>
-#include <unicode/bytestream.h>
-#include <unicode/casemap.h>
 #include <unicode/coll.h>
 #include <unicode/locid.h>
 #include <unicode/stringpiece.h>
+#include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
 namespace tol::runtime {
@@ -29,35 +29,76 @@ void check(UErrorCode status) {
         throw std::runtime_error(u_errorName(status));
 }
 
-using ByteMapping = void (*)(const char*, std::uint32_t, icu::StringPiece, icu::ByteSink&, icu::Edits*,
-                             UErrorCode&);
+bool isAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
 
-template <ByteMapping map>
-std::string mapCase(std::string_view text) {
-    std::string result;
-    icu::StringByteSink<std::string> sink(&result, static_cast<std::int32_t>(text.size()));
-    UErrorCode status = U_ZERO_ERROR;
-    map("", 0, piece(text), sink, nullptr, status);
-    check(status);
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wconversion" // inside of ICU's macros
+/// Takes the character that starts at `at`; negative for a byte that is no UTF-8, which is one of its own.
+UChar32 takeCharacter(std::string_view text, std::size_t& at) {
+    std::size_t end = at;
+    UChar32 character = 0;
+    U8_NEXT(text.data(), end, text.size(), character);
+    at = character < 0 ? at + 1 : end;
+    return character;
+}
+
+void appendCharacter(std::string& text, UChar32 character) {
+    std::array<char, U8_MAX_LENGTH> bytes{};
+    std::size_t length = 0;
+    U8_APPEND_UNSAFE(bytes.data(), length, character);
+    text.append(bytes.data(), length);
+}
+#pragma GCC diagnostic pop
+
+std::size_t endOfCharacter(std::string_view text, std::size_t at) {
+    takeCharacter(text, at);
+    return at;
+}
+
+UChar32 foldLetter(UChar32 letter) {
+    return u_foldCase(letter, U_FOLD_CASE_DEFAULT);
+}
+
+/// Another case of a letter, or the letter itself where that would make it another one: the upper case of
+/// a dotless i is the upper case of i, the lower case of a dotted I is the lower case of I.
+template <UChar32 (*otherCase)(UChar32)>
+UChar32 mapLetter(UChar32 letter) {
+    const UChar32 mapped = otherCase(letter);
+    return foldLetter(mapped) == foldLetter(letter) ? mapped : letter;
+}
+
+template <char from, char to>
+char mapAscii(char c) {
+    return c >= from && c <= from + 25 ? static_cast<char>(c - from + to) : c;
+}
+
+/// Maps each letter by itself, those of ASCII (from A or a on) without a look into the tables.
+template <UChar32 (*map)(UChar32), char from, char to>
+std::string mapLetters(std::string_view text) {
+    std::string result(text);
+    result.resize(static_cast<std::size_t>(std::ranges::find_if_not(text, isAscii) - text.begin()));
+    std::ranges::transform(result, result.begin(), mapAscii<from, to>);
+    for (std::size_t at = result.size(); at < text.size();) {
+        if (isAscii(text[at])) {
+            result += mapAscii<from, to>(text[at++]);
+            continue;
+        }
+        const std::size_t start = at;
+        const UChar32 letter = takeCharacter(text, at);
+        const UChar32 mapped = letter < 0 ? letter : map(letter);
+        if (mapped == letter)
+            result.append(text, start, at - start);
+        else
+            appendCharacter(result, mapped);
+    }
     return result;
 }
 
-/// Maps the text by a rule for ASCII letters; false at the first character beyond ASCII.
-template <char from, char to>
-bool mapAscii(std::string_view text, std::string& result) {
-    result.resize(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        if (static_cast<unsigned char>(c) > 0x7F)
-            return false;
-        result[i] = c >= from && c <= from + 25 ? static_cast<char>(c - from + to) : c;
-    }
-    return true;
-}
-
 /// The collator, and beside it the rank of every printable ASCII character in its order. The root
-/// order has no contractions among these and gives each pair a difference of the first level or none,
-/// so texts of such characters compare character by character through the ranks.
+/// order has no contractions among these and gives each pair that differs in more than case a difference
+/// of the first level, so texts of such characters compare character by character through the ranks.
 class Order {
   public:
     Order() {
@@ -83,13 +124,10 @@ class Order {
         return left.size() == right.size() ? 0 : left.size() < right.size() ? -1 : 1;
     }
 
-    [[nodiscard]] int version() const {
+    [[nodiscard]] std::string version() const {
         UVersionInfo version = {};
         m_collator->getVersion(version);
-        std::uint32_t packed = 0;
-        for (const std::uint8_t part : version)
-            packed = packed << 8U | part;
-        return static_cast<int>(packed & 0x7FFFFFFFU);
+        return fmt::format("{}", fmt::join(version, "."));
     }
 
   private:
@@ -102,7 +140,17 @@ class Order {
         return true;
     }
 
+    /// The collator passes over some characters and takes others for alike; what it does not tell apart
+    /// follows the order of the folded texts.
     [[nodiscard]] int compareWhole(std::string_view left, std::string_view right) const {
+        if (left == right)
+            return 0;
+        const std::string a = foldCase(left), b = foldCase(right);
+        const int order = collate(a, b);
+        return order != 0 ? order : a.compare(b);
+    }
+
+    [[nodiscard]] int collate(std::string_view left, std::string_view right) const {
         UErrorCode status = U_ZERO_ERROR;
         const UCollationResult result = m_collator->compareUTF8(piece(left), piece(right), status);
         check(status);
@@ -129,19 +177,6 @@ const Order& order() {
     return instance;
 }
 
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wconversion" // inside of ICU's macro
-/// Where the character that starts at `at` ends. A byte that is no UTF-8 is a character of its own.
-std::size_t endOfCharacter(std::string_view text, std::size_t at) {
-    if (static_cast<unsigned char>(text[at]) < 0x80)
-        return at + 1;
-    std::size_t end = at;
-    UChar32 character = 0;
-    U8_NEXT(text.data(), end, text.size(), character);
-    return character < 0 ? at + 1 : end;
-}
-#pragma GCC diagnostic pop
-
 } // namespace
 
 std::string_view trim(std::string_view text) {
@@ -152,13 +187,15 @@ std::string_view trim(std::string_view text) {
 }
 
 std::string upperCase(std::string_view text) {
-    std::string result;
-    return mapAscii<'a', 'A'>(text, result) ? result : mapCase<&icu::CaseMap::utf8ToUpper>(text);
+    return mapLetters<mapLetter<u_toupper>, 'a', 'A'>(text);
 }
 
 std::string lowerCase(std::string_view text) {
-    std::string result;
-    return mapAscii<'A', 'a'>(text, result) ? result : mapCase<&icu::CaseMap::utf8ToLower>(text);
+    return mapLetters<mapLetter<u_tolower>, 'A', 'a'>(text);
+}
+
+std::string foldCase(std::string_view text) {
+    return mapLetters<foldLetter, 'A', 'a'>(text);
 }
 
 std::size_t length(std::string_view text) {
@@ -187,8 +224,23 @@ int compareText(std::string_view left, std::string_view right) {
     return order().compare(left, right);
 }
 
-int collationVersion() {
-    return order().version();
+bool sameText(std::string_view left, std::string_view right) {
+    if (left == right)
+        return true;
+    const auto same = [](char a, char b) {
+        return isAscii(a) && mapAscii<'A', 'a'>(a) == mapAscii<'A', 'a'>(b);
+    };
+    const auto [a, b] = std::mismatch(left.begin(), left.end(), right.begin(), right.end(), same);
+    if (a == left.end() || b == right.end())
+        return a == left.end() && b == right.end(); // folding keeps the number of characters
+    if (isAscii(*a) && isAscii(*b))
+        return false;
+    return foldCase({a, left.end()}) == foldCase({b, right.end()});
+}
+
+std::string collationVersion() {
+    constexpr int rule = 2; // of what this file adds to the collator: 1 had nothing behind it
+    return fmt::format("{}/{}/{}", rule, order().version(), U_UNICODE_VERSION);
 }
 
 } // namespace tol::runtime

@@ -43,4 +43,7 @@ TEST(Names, AreTheSameForAllLetters) {
     EXPECT_FALSE(sameName("A[", "A{")); // these differ by the bit that tells the case of letters
     EXPECT_TRUE(sameName("ñ", "Ñ"));
     EXPECT_FALSE(sameName("n", "Ñ"));
+    EXPECT_TRUE(sameName("Straße", "STRAßE"));
+    EXPECT_FALSE(sameName("Straße", "STRASSE"));
+    EXPECT_FALSE(sameName("M2", "M²"));
 }

@@ -93,6 +93,26 @@ TEST_F(Refresh, fillsTheWantedDefinitionInUpperCase) {
     EXPECT_THAT(world.host.boxes, IsEmpty());
 }
 
+TEST_F(Refresh, leavesASiteThatEqualsTheReferenceAsItIs) {
+    Json fields = Json::array();
+    for (const char* letter : {"ß", "ŉ", "ǰ", "ΐ", "ı", "İ", "ſ", "ﬁ", "µ", "ς", "ᾳ", "ǅ", "\u212A", "SS"})
+        fields.push_back(Json::array({std::string("F") + letter, 4}));
+    Json row = Json::array();
+    for (std::size_t value = 0; value < fields.size(); ++value)
+        row.push_back(value);
+    const Json tables{{"Größe", {{"fields", fields}, {"rows", Json::array({row})}}}};
+    for (const char* file : {"drives/c/REF/GROSS.MDB", "drives/c/NORTH/GROSS.MDB"})
+        world.addFile(file, tables);
+    list(Json::parse(R"([["GROSS", "DBPATHS", "N", false, "C:\\REF", " ", " "]])"));
+    EXPECT_TRUE(refresh());
+    UpdateWorld::addSites(Json::array({Json::array({"NORTH", "C:\\NORTH"})}));
+    UpdateRun update;
+    update(world);
+    EXPECT_EQ(readDatabase("C:\\NORTH\\GROSS.MDB"), completed(tables));
+    for (const Json& logged : UpdateWorld::activityLog())
+        EXPECT_EQ(logged.at(5), "Database Ok. No Changes Made.");
+}
+
 TEST_F(Refresh, copiesTheNetworksLists) {
     listJobsAndNet();
     UpdateWorld::addRowsOf("MODULES", Json::parse(R"([["OLD", "Old"]])"));

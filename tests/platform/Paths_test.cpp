@@ -77,6 +77,18 @@ TEST_F(Paths, HostPathsInAnyCaseAndWithEitherSeparator) {
     EXPECT_EQ(hostPath("/\\X-THAT-IS-NOT-THERE.MDB"), "/X-THAT-IS-NOT-THERE.MDB") << "no share name";
 }
 
+TEST_F(Paths, AFileIsFoundByItsNameInUpperCase) {
+    for (const char* name : {"Straße", "ıi", "İ", "ſ", "µm", "ǆ", "\u212A", "ᾳ"}) {
+        folder.write(std::string(name) + ".mdb", "x");
+        EXPECT_EQ(dir(here(runtime::upperCase(name) + ".MDB")), std::string(name) + ".mdb");
+        fs::remove(folder / (std::string(name) + ".mdb"));
+    }
+    folder.write("Strasse.mdb", "x");
+    EXPECT_EQ(dir(here("STRAßE.MDB")), "");
+    folder.write("a\u212A.mdb", "x");
+    EXPECT_EQ(dir(here("Ak.MDB")), "a\u212A.mdb") << "in whichever case the name was written down";
+}
+
 TEST_F(Paths, BareNamesLieInTheCurrentFolder) {
     folder.write("netpath.MDB", "x");
     EXPECT_EQ(hostPath("NETPATH.MDB"), folder / "netpath.MDB");
@@ -93,7 +105,7 @@ TEST_F(Paths, MissingNamesKeepTheirSpelling) {
 
 TEST_F(Paths, FindsLettersBeyondAscii) {
     folder.write("drives/c/straße/Größe.mdb", "x");
-    EXPECT_EQ(dir("C:\\STRASSE\\GRÖSSE.MDB"), "Größe.mdb");
+    EXPECT_EQ(dir("C:\\STRAßE\\GRÖßE.MDB"), "Größe.mdb");
     EXPECT_EQ(dir("C:\\STRASE\\GRÖSSE.MDB"), "");
     EXPECT_EQ(dir("C:\\STRASSE\\GROSSE.MDB"), "");
 }

@@ -9,6 +9,7 @@
 #include "data/sqlite/TableRebuild.h"
 #include "data/sqlite/TextCollation.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
 
 #include <algorithm>
 
@@ -202,7 +203,7 @@ void SchemaSteps::createIndex(const PhysicalTable& table, const IndexDef& index)
     }
     m_catalogue.putIndex({table.sqlName, index.name, name, index.primary, unique});
     if (!m_catalogue.info(collatorEntry))
-        m_catalogue.setInfo(collatorEntry, collatorVersion());
+        m_catalogue.setInfo(collatorEntry, runtime::collationVersion());
 }
 
 std::string SchemaSteps::freeIndexName(const std::string& table, const std::string& index) {

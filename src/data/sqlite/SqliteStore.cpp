@@ -70,14 +70,14 @@ const std::filesystem::path& SqliteStore::path() const {
 void SqliteStore::checkCollator() {
     CatalogueTables tables(m_session->connection());
     const auto stored = tables.info(collatorEntry);
-    if (!stored || *stored == collatorVersion())
+    if (!stored || *stored == runtime::collationVersion())
         return;
     m_outdatedCollation = m_session->connection().isReadOnly();
     if (m_outdatedCollation)
         return;
     m_session->writes().writeStep([&] {
         m_session->connection().execute(std::string("REINDEX ") + textCollation);
-        tables.setInfo(collatorEntry, collatorVersion());
+        tables.setInfo(collatorEntry, runtime::collationVersion());
     });
 }
 

@@ -9,7 +9,7 @@ namespace tol::data::sqlite {
 /// 64-bit FNV-1a. Two names with the same 62 bits would only be in each other's way.
 std::int64_t TableLocks::byteOf(const std::string& table) {
     std::uint64_t hash = 14695981039346656037U;
-    for (const char c : runtime::upperCase(table))
+    for (const char c : runtime::foldCase(table))
         hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
     return static_cast<std::int64_t>(hash) & LockFile::lastByte;
 }

@@ -23,8 +23,4 @@ void registerTextCollation(sqlite3* connection) {
         throw std::bad_alloc(); // the only way in which the call can fail
 }
 
-std::string collatorVersion() {
-    return std::to_string(runtime::collationVersion());
-}
-
 } // namespace tol::data::sqlite

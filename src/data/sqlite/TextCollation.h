@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-
 struct sqlite3;
 
 namespace tol::data::sqlite {
@@ -13,9 +11,8 @@ inline constexpr const char* textCollation = "TOLTEXT";
 
 void registerTextCollation(sqlite3* connection);
 
-/// The entry of MSysInfo that tells by which version of the collator the file's text indexes are
-/// sorted, and the version at work.
+/// The entry of MSysInfo that tells by which runtime::collationVersion() the file's text indexes are
+/// sorted.
 inline constexpr const char* collatorEntry = "CollatorVersion";
-std::string collatorVersion();
 
 } // namespace tol::data::sqlite

@@ -65,10 +65,9 @@ void TableReconciliation::AddNewTable() {
 }
 
 bool TableReconciliation::isLive(const std::string& table) const {
-    const std::string wanted = runtime::upperCase(runtime::trim(table));
     bool found = false;
     eachTable(m_s.target, [&](const data::TableDef& /*live*/, const std::string& name) {
-        found = found || runtime::upperCase(name) == wanted;
+        found = found || runtime::sameText(name, runtime::trim(table));
     });
     return found;
 }

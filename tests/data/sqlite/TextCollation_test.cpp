@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "EngineTest.h"
 #include "data/sqlite/CatalogueTables.h"
+#include "runtime/Text.h"
 
 namespace tol::test {
 namespace {
@@ -42,6 +43,27 @@ class TextCollationTest : public EngineTest {
 
 TEST_F(TextCollationTest, SortsWithoutRegardToCase) {
     EXPECT_EQ(texts(column(*store, "T", 1, "ByName")), sorted);
+}
+
+TEST_F(TextCollationTest, KeysOfAUniqueIndexAreEqualByCaseAlone) {
+    store->createTable(definitionOf("U", {{"KEY", dbText, 20}}, {{"KEY", {"KEY"}, true, true}}));
+    const auto cursor = store->openCursor("U");
+    const auto insert = [&](const char* key) {
+        const Assignment row[] = {{0, key}};
+        cursor->insert(row);
+    };
+    const std::vector<const char*> keys = {"M2", "M²",     "ª",      "A",      "a\u00ADb",
+                                           "AB", "a\x01b", "Straße", "STRASSE"};
+    for (const char* key : keys)
+        insert(key);
+    for (const char* same : {"m2", "m²", "a", "A\u00ADB", "ab", "STRAßE", "strasse"})
+        EXPECT_EQ(errorOf([&] { insert(same); }).number(), 3022) << same;
+    cursor->setIndex("KEY");
+    for (const char* key : keys) {
+        const Value sought[] = {runtime::upperCase(key)};
+        ASSERT_TRUE(cursor->seek(SeekOperator::Equal, sought)) << key;
+        EXPECT_EQ(cursor->value(0), Value(key));
+    }
 }
 
 TEST_F(TextCollationTest, StandsOnTheIndexAlone) {
