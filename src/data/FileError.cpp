@@ -11,4 +11,8 @@ runtime::RuntimeError fileError(runtime::ErrorNumber number, const std::filesyst
     return {number, std::move(text), std::move(engineText)};
 }
 
+runtime::RuntimeError withRemark(const runtime::RuntimeError& error, std::string_view sentence) {
+    return {error.number(), error.description() + " " + std::string(sentence), error.engineText()};
+}
+
 } // namespace tol::data

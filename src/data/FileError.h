@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace tol::data {
 
@@ -12,5 +13,7 @@ namespace tol::data {
 /// place for one: an error about a file always names it.
 runtime::RuntimeError fileError(runtime::ErrorNumber number, const std::filesystem::path& file,
                                 std::string engineText = {});
+/// The same error with a sentence more.
+runtime::RuntimeError withRemark(const runtime::RuntimeError& error, std::string_view sentence);
 
 } // namespace tol::data

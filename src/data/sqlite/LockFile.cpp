@@ -9,21 +9,28 @@
 
 #include <cerrno>
 #include <cstring>
+#include <system_error>
 
 namespace tol::data::sqlite {
 namespace {
 
-// Behind the tables' bytes: shared by everyone who has the file open, and by those who wait.
+// Behind the tables' bytes: shared by everyone who has the database open, by everyone who has this file
+// open, and by those who wait.
+constexpr std::int64_t entryByte = LockFile::lastByte + 1;
 constexpr std::int64_t presenceByte = LockFile::lastByte + 2;
 constexpr std::int64_t waitingByte = LockFile::lastByte + 3;
 
-struct flock oneByte(short type, std::int64_t byte) {
+struct flock bytes(short type, std::int64_t first, std::int64_t count) {
     struct flock lock = {};
     lock.l_type = type;
     lock.l_whence = SEEK_SET;
-    lock.l_start = byte;
-    lock.l_len = 1;
+    lock.l_start = first;
+    lock.l_len = count;
     return lock;
+}
+
+struct flock oneByte(short type, std::int64_t byte) {
+    return bytes(type, byte, 1);
 }
 
 bool sameFile(int file, const std::filesystem::path& path) {
@@ -43,13 +50,34 @@ void copyPermissions(int file, const std::filesystem::path& database) {
     [[maybe_unused]] const int mode = ::fchmod(file, of.st_mode & 0666);
 }
 
+bool isRegular(int file) {
+    struct stat status = {};
+    return ::fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+constexpr const char* noFile = "What has this name is no file, so that table use can't be marked on it.";
+
+std::filesystem::path withoutLinks(const std::filesystem::path& database) {
+    std::error_code error;
+    auto real = std::filesystem::weakly_canonical(database, error);
+    return error ? database : real;
+}
+
+/// Neither waits for the other end of a pipe nor follows anybody elsewhere. A file of another user may be
+/// readable only, which is enough to share a table.
+int openExisting(const std::filesystem::path& path) {
+    constexpr int flags = O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW;
+    const int file = ::open(path.c_str(), O_RDWR | flags);
+    return file >= 0 || errno != EACCES ? file : ::open(path.c_str(), O_RDONLY | flags);
+}
+
 } // namespace
 
 LockFile::LockFile(const std::filesystem::path& database)
-    : m_database(database), m_path(database.native() + ".lock") {}
+    : m_database(withoutLinks(database)), m_path(m_database.native() + ".lock") {}
 
 LockFile::~LockFile() {
-    close();
+    leave();
 }
 
 bool LockFile::open() {
@@ -71,42 +99,67 @@ bool LockFile::openOnce(bool& retry) {
     if (m_file >= 0) {
         copyPermissions(m_file, m_database);
     } else if (errno == EEXIST) {
-        m_file = openExisting();
+        m_file = openExisting(m_path);
         retry = m_file < 0 && errno == ENOENT; // just removed
+        if (m_file >= 0 ? !isRegular(m_file) : errno == EISDIR || errno == ELOOP) {
+            drop();
+            throw withRemark(fileError(runtime::errNoPermission, m_path), noFile);
+        }
     } else {
         m_impossible = errno == EACCES || errno == EROFS || errno == EPERM;
     }
     if (m_file < 0) {
         if (!retry && !m_impossible)
-            throw fileError(runtime::errDiskOrNetwork, m_path, std::strerror(errno));
+            throw fileError(errno == EACCES ? runtime::errNoPermission : runtime::errDiskOrNetwork, m_path,
+                            std::strerror(errno));
         return false;
     }
     retry = true;
     if (lock(F_RDLCK, presenceByte) && sameFile(m_file, m_path))
         return true;
-    ::close(m_file);
-    m_file = -1;
+    drop();
     return false;
 }
 
-/// A file of another user may be readable only, which is enough to share a table.
-int LockFile::openExisting() const {
-    const int file = ::open(m_path.c_str(), O_RDWR | O_CLOEXEC);
-    return file >= 0 || errno != EACCES ? file : ::open(m_path.c_str(), O_RDONLY | O_CLOEXEC);
-}
-
-void LockFile::close() {
+/// Two who leave at the same time must not keep each other from being the last: the own presence ends
+/// before it is asked whether there is another's.
+void LockFile::leave() noexcept {
+    if (m_file < 0)
+        m_file = openExisting(m_path);
     if (m_file < 0)
         return;
-    struct flock all = oneByte(F_WRLCK, presenceByte);
-    if (::fcntl(m_file, F_OFD_SETLK, &all) == 0 && sameFile(m_file, m_path))
+    struct flock absent = oneByte(F_UNLCK, presenceByte);
+    ::fcntl(m_file, F_OFD_SETLK, &absent);
+    struct flock alone = oneByte(F_WRLCK, presenceByte);
+    if (isOurs() && ::fcntl(m_file, F_OFD_SETLK, &alone) == 0 && sameFile(m_file, m_path))
         ::unlink(m_path.c_str());
-    ::close(m_file);
+    drop();
+}
+
+void LockFile::drop() noexcept {
+    if (m_file >= 0)
+        ::close(m_file);
     m_file = -1;
 }
 
+bool LockFile::isOurs() const {
+    struct stat status = {};
+    return ::fstat(m_file, &status) == 0 && S_ISREG(status.st_mode) && status.st_size == 0;
+}
+
+bool LockFile::enter() {
+    return share(entryByte);
+}
+
+bool LockFile::takeAll() {
+    return !open() || lock(bytes(F_WRLCK, 0, entryByte + 1));
+}
+
 bool LockFile::lock(short type, std::int64_t byte) {
-    struct flock wanted = oneByte(type, byte);
+    return lock(oneByte(type, byte));
+}
+
+bool LockFile::lock(struct flock wanted) {
     if (::fcntl(m_file, F_OFD_SETLK, &wanted) == 0)
         return true;
     if (errno == EAGAIN || errno == EACCES)

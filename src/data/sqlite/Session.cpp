@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite/Session.h"
 
+#include "data/FileError.h"
 #include "data/sqlite/FileCheck.h"
 #include "data/sqlite/WriteClock.h"
 
@@ -20,6 +21,8 @@ Session::Session(std::filesystem::path file, Connection::Mode mode)
       m_writes(m_connection),
       m_updates(m_connection),
       m_dataVersion(m_connection, "PRAGMA data_version") {
+    if (!m_connection.isReadOnly() && !m_lockFile.enter())
+        throw fileError(runtime::errFileInUse, m_connection.file());
     checkFile(m_connection);
     listen();
     look();

@@ -5,6 +5,7 @@
 #include "data/sqlite/TableLocks.h"
 #include "support/SecondProcess.h"
 
+#include <functional>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -127,6 +128,68 @@ TEST_F(LockFileTest, SharesAFileThatMayOnlyBeRead) {
             throw std::runtime_error("no permission was needed");
     });
     EXPECT_EQ(process.finish(), 0);
+}
+
+TEST_F(LockFileTest, ShowsWhoHasTheDatabaseOpen) {
+    LockFile one(database);
+    LockFile two(database);
+    EXPECT_TRUE(one.enter());
+    EXPECT_TRUE(two.enter());
+    EXPECT_TRUE(lockFileExists());
+    EXPECT_FALSE(two.takeAll());
+    EXPECT_TRUE(two.take(1));
+    two.release(1);
+    {
+        LockFile alone(folder / "B.MDB");
+        EXPECT_TRUE(alone.takeAll());
+        LockFile late(folder / "B.MDB");
+        EXPECT_FALSE(late.takeAll());
+        EXPECT_FALSE(late.enter());
+        EXPECT_FALSE(late.share(1));
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder / "B.MDB.lock"));
+}
+
+TEST_F(LockFileTest, IsOneForAllLinksToTheDatabase) {
+    std::filesystem::create_symlink(database, folder / "LINK.MDB");
+    LockFile one(database);
+    LockFile two(folder / "LINK.MDB");
+    ASSERT_TRUE(one.share(1));
+    EXPECT_FALSE(two.take(1));
+}
+
+TEST_F(LockFileTest, NeverRemovesWhatSomebodyHasPutThere) {
+    folder.write("A.MDB.lock", "my own notes");
+    {
+        LockFile one(database);
+        LockFile two(database);
+        ASSERT_TRUE(one.share(1));
+        EXPECT_FALSE(two.take(1)); // it serves all the same
+    }
+    EXPECT_EQ(folder.read("A.MDB.lock"), "my own notes");
+}
+
+TEST_F(LockFileTest, RefusesWhatIsNoFile) {
+    const std::filesystem::path name = folder / "A.MDB.lock";
+    const std::function<void()> ways[] = {
+        [&] { std::filesystem::create_directory(name); },
+        [&] { ASSERT_EQ(::mkfifo(name.c_str(), 0666), 0); },
+        [&] { std::filesystem::create_symlink(folder / "nowhere", name); },
+    };
+    for (const auto& make : ways) {
+        make();
+        {
+            LockFile file(database);
+            const auto error = errorOf([&] { static_cast<void>(file.enter()); });
+            EXPECT_EQ(error.number(), 3051);
+            EXPECT_EQ(error.description(),
+                      "Cannot open or write to the file '" + name.string() +
+                          "': no permission, or opened exclusively by another user. What has this name is "
+                          "no file, so that table use can't be marked on it.");
+        }
+        EXPECT_TRUE(std::filesystem::exists(std::filesystem::symlink_status(name)));
+        std::filesystem::remove(name);
+    }
 }
 
 TEST_F(LockFileTest, TablesAreKnownInAnyCase) {
