@@ -3,7 +3,10 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <iterator>
+#include <optional>
 
 namespace tol::data::sqlite {
 namespace {
@@ -16,8 +19,12 @@ struct Meaning {
     ErrorNumber number;
 };
 
-/// Primary result codes of conditions that concern the file as a whole.
+/// Result codes of conditions that concern the file as a whole; an extended one counts before its primary.
 constexpr Meaning fileConditions[] = {
+    {SQLITE_READONLY_ROLLBACK, runtime::errNoPermission}, // it has to be recovered before it can be read
+    {SQLITE_READONLY_RECOVERY, runtime::errNoPermission},
+    {SQLITE_READONLY_CANTINIT, runtime::errNoPermission},
+    {SQLITE_READONLY_DBMOVED, runtime::errObjectInvalid}, // another file has its name now
     {SQLITE_BUSY, runtime::errRowLocked},
     {SQLITE_LOCKED, runtime::errRowLocked},
     {SQLITE_PROTOCOL, runtime::errRowLocked},
@@ -32,6 +39,12 @@ constexpr Meaning fileConditions[] = {
     {SQLITE_FORMAT, runtime::errUnrecognisedFormat},
 };
 
+/// "UNIQUE constraint failed: table.column, table.column" names what was broken behind the colon.
+std::string_view subjectOf(std::string_view engineText) {
+    const auto colon = engineText.find(": ");
+    return colon == std::string_view::npos ? engineText : engineText.substr(colon + 2);
+}
+
 /// "NOT NULL constraint failed: table.column" names the column behind the last full stop.
 std::string_view columnOf(std::string_view engineText) {
     return engineText.substr(engineText.rfind('.') + 1);
@@ -45,7 +58,7 @@ RuntimeError constraintError(int extendedCode, std::string_view engineText) {
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_ROWID:
-        return make(runtime::errDuplicateKey, {});
+        return make(runtime::errDuplicateKey, {subjectOf(engineText)});
     case SQLITE_CONSTRAINT_NOTNULL:
         return make(runtime::errValueRequired, {columnOf(engineText)});
     default:
@@ -58,21 +71,32 @@ bool meansNoSpace(int systemError) {
     return systemError == ENOSPC || systemError == EFBIG || systemError == EDQUOT;
 }
 
+bool meansNoPermission(int systemError) {
+    return systemError == EACCES || systemError == EPERM || systemError == EROFS;
+}
+
+std::optional<ErrorNumber> fileCondition(int resultCode, int systemError) {
+    const int primary = resultCode & 0xff;
+    if (primary == SQLITE_IOERR && meansNoSpace(systemError))
+        return runtime::errNoDiskSpace;
+    if (resultCode == SQLITE_IOERR_DELETE && meansNoPermission(systemError))
+        return runtime::errNoPermission;
+    for (const int code : {resultCode, primary}) {
+        const auto* found = std::ranges::find(fileConditions, code, &Meaning::resultCode);
+        if (found != std::end(fileConditions))
+            return found->number;
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 RuntimeError engineError(int resultCode, std::string_view engineText, const std::filesystem::path& file,
                          int systemError) {
-    const int primary = resultCode & 0xff;
-    if (primary == SQLITE_CONSTRAINT)
+    if ((resultCode & 0xff) == SQLITE_CONSTRAINT)
         return constraintError(resultCode, engineText);
-    if (primary == SQLITE_IOERR && meansNoSpace(systemError))
-        return fileError(runtime::errNoDiskSpace, file, std::string(engineText));
-    for (const auto& [code, number] : fileConditions) {
-        if (code == primary)
-            return fileError(number, file, std::string(engineText));
-    }
-    return {runtime::errInvalidOperation, runtime::describe(runtime::errInvalidOperation),
-            std::string(engineText)};
+    const auto number = fileCondition(resultCode, systemError).value_or(runtime::errInvalidOperation);
+    return fileError(number, file, std::string(engineText));
 }
 
 } // namespace tol::data::sqlite

@@ -13,7 +13,7 @@ struct sqlite3;
 namespace tol::data::sqlite {
 
 /// What SQLite reports, as the run-time error that administrators know, with SQLite's own words kept
-/// for logs. Errors that concern the file (full, read-only, damaged, locked, unreachable) name it.
+/// for logs. All but those of a rule that a row breaks name the file.
 runtime::RuntimeError engineError(int resultCode, std::string_view engineText,
                                   const std::filesystem::path& file, int systemError = 0);
 
