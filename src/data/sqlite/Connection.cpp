@@ -18,20 +18,20 @@ constexpr std::size_t cacheLimit = 256;
 
 } // namespace
 
-Connection::Connection(std::filesystem::path file, Mode mode) : m_file(std::move(file)) {
+Connection::Connection(std::filesystem::path file, Mode mode) : m_file(std::move(file)), m_mode(mode) {
     try {
-        open(mode);
+        open();
     } catch (...) {
         sqlite3_close_v2(m_handle);
         throw;
     }
 }
 
-void Connection::open(Mode mode) {
+void Connection::open() {
     tellLimitsAsFullDisk();
-    const int access = mode == Mode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-    const int code = sqlite3_open_v2(m_file.c_str(), &m_handle,
-                                     access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    // A handle that may not write can't recover the file, and leaves a write-ahead log behind.
+    constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    const int code = sqlite3_open_v2(m_file.c_str(), &m_handle, flags, nullptr);
     if (code != SQLITE_OK)
         fail(code);
     sqlite3_busy_handler(m_handle, &Connection::waitForLock, this);
@@ -39,6 +39,8 @@ void Connection::open(Mode mode) {
     // Of files that come from elsewhere: run no function or module that their schema names.
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_ENABLE_FKEY, 0, nullptr);
+    if (m_mode == Mode::ReadOnly)
+        execute("PRAGMA query_only = ON");
 }
 
 Connection::~Connection() {
@@ -47,7 +49,7 @@ Connection::~Connection() {
 }
 
 bool Connection::isReadOnly() const {
-    return sqlite3_db_readonly(m_handle, "main") == 1;
+    return m_mode == Mode::ReadOnly || sqlite3_db_readonly(m_handle, "main") == 1;
 }
 
 void Connection::execute(const std::string& sql) {

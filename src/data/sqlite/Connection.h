@@ -19,6 +19,8 @@ namespace tol::data::sqlite {
 /// in this process by other means: closing it again would give up SQLite's locks.
 class Connection {
   public:
+    /// ReadOnly takes no change of the caller's. What a killed program left half done is undone all the
+    /// same where the file can be written to: without that it can't be read.
     enum class Mode { ReadWrite, ReadOnly };
 
     Connection(std::filesystem::path file, Mode mode);
@@ -27,6 +29,7 @@ class Connection {
     ~Connection();
 
     [[nodiscard]] const std::filesystem::path& file() const { return m_file; }
+    /// Whether changes are refused: because they are not wanted, or because the file can't be written to.
     [[nodiscard]] bool isReadOnly() const;
     [[nodiscard]] sqlite3* handle() const { return m_handle; }
 
@@ -76,9 +79,10 @@ class Connection {
 
   private:
     static int waitForLock(void* self, int turn);
-    void open(Mode mode);
+    void open();
 
     std::filesystem::path m_file;
+    Mode m_mode;
     sqlite3* m_handle = nullptr;
     std::chrono::milliseconds m_busyWait{5000};
     std::chrono::steady_clock::time_point m_waitUntil;

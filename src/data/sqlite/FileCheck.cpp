@@ -10,7 +10,10 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
+#include <string>
 #include <string_view>
+#include <system_error>
 
 namespace tol::data::sqlite {
 
@@ -56,6 +59,7 @@ struct Header {
             number(changeCounterAt, 4) == number(pageCountHoldsAt, 4) && number(readVersionAt, 1) == 1;
         return holds && fileSize < number(pageCountAt, 4) * pageSize();
     }
+    [[nodiscard]] bool keepsLog() const { return number(readVersionAt, 1) == 2; }
     [[nodiscard]] bool isOfLaterFormat() const {
         return number(applicationIdAt, 4) == applicationId && number(userVersionAt, 4) > formatVersion;
     }
@@ -77,16 +81,58 @@ Header readHeader(Connection& connection) {
     return header;
 }
 
+std::string journalOf(Connection& connection) {
+    return sqlite3_filename_journal(sqlite3_db_filename(connection.handle(), "main"));
+}
+
+bool hasJournal(Connection& connection) {
+    std::error_code ignored;
+    return std::filesystem::exists(journalOf(connection), ignored);
+}
+
+/// What stands in the way of a reader who has to write first: the file is recovered from the journal of a
+/// killed program, or can't be read without a log beside it.
+std::string obstacle(Connection& connection, const Header& header) {
+    if (hasJournal(connection))
+        return "A killed program has left a change half done; to undo it, the file, '" +
+               journalOf(connection) + "' and their folder must be writable.";
+    if (header.keepsLog())
+        return "It keeps a write-ahead log; to read it, '" + connection.file().native() +
+               "-wal', its '-shm' and their folder must be writable.";
+    return {};
+}
+
 /// While another process commits, a file may be shorter than its header says; what a killed one left
 /// half done is put right with the first read. So the second look is taken as a reader.
-bool isCutOff(Connection& connection, const Header& header) {
-    if (!header.isCutOff())
-        return false;
+bool isCutOff(Connection& connection) {
     connection.execute("BEGIN");
     connection.number("SELECT count(*) FROM sqlite_schema");
     const bool cutOff = readHeader(connection).isCutOff();
     connection.execute("COMMIT");
     return cutOff;
+}
+
+/// Reads for the first time, which puts right what a killed program left.
+void readFirst(Connection& connection, const Header& header) {
+    try {
+        if (isCutOff(connection))
+            throw fileError(runtime::errCannotOpen, connection.file());
+    } catch (const runtime::RuntimeError& error) {
+        const bool mayNotWrite =
+            error.number() == runtime::errNoPermission || error.number() == runtime::errReadOnly;
+        const std::string sentence = mayNotWrite ? obstacle(connection, header) : "";
+        if (sentence.empty())
+            throw;
+        throw withRemark(fileError(runtime::errNoPermission, connection.file(), error.engineText()),
+                         sentence);
+    }
+}
+
+/// A journal in which nothing had come to stand when its program was killed is passed over by readers, and
+/// would lie there until the next change. With a write lock it is nobody's; else it is left alone.
+void clearJournal(Connection& connection, const Header& header) {
+    if (!header.keepsLog() && hasJournal(connection))
+        connection.execute("PRAGMA journal_mode = PERSIST; PRAGMA journal_mode = DELETE");
 }
 
 } // namespace
@@ -95,13 +141,13 @@ void checkFile(Connection& connection) {
     const Header header = readHeader(connection);
     if (!header.hasSignature())
         throw fileError(runtime::errUnrecognisedFormat, connection.file());
-    if (!header.isWhole() || isCutOff(connection, header))
+    if (!header.isWhole())
         throw fileError(runtime::errCannotOpen, connection.file());
-    if (header.isOfLaterFormat()) {
-        const runtime::RuntimeError error = fileError(runtime::errUnrecognisedFormat, connection.file());
-        throw runtime::RuntimeError(error.number(),
-                                    error.description() + " It was made by a later version of this program.");
-    }
+    readFirst(connection, header);
+    clearJournal(connection, header);
+    if (header.isOfLaterFormat())
+        throw withRemark(fileError(runtime::errUnrecognisedFormat, connection.file()),
+                         "It was made by a later version of this program.");
 }
 
 } // namespace tol::data::sqlite
