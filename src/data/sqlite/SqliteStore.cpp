@@ -76,9 +76,26 @@ void SqliteStore::checkCollator() {
     if (m_outdatedCollation)
         return;
     m_session->writes().writeStep([&] {
-        m_session->connection().execute(std::string("REINDEX ") + textCollation);
+        sortTextIndexes();
         tables.setInfo(collatorEntry, runtime::collationVersion());
     });
+}
+
+/// A unique index may hold keys that were told apart when they came in and are equal now. Who opens the
+/// file has to hear which ones and where; for reading only it opens all the same.
+void SqliteStore::sortTextIndexes() {
+    try {
+        m_session->connection().execute(std::string("REINDEX ") + textCollation);
+    } catch (const runtime::RuntimeError& error) {
+        if (error.number() != runtime::errDuplicateKey)
+            throw;
+        const std::string& told =
+            error.engineText(); // "UNIQUE constraint failed: table.column, table.column"
+        const std::string keys = told.substr(told.find(": ") + 2);
+        throw runtime::RuntimeError(
+            runtime::errDuplicateKey,
+            runtime::describe(runtime::errDuplicateKey, {keys}) + " (" + path().native() + ")", told);
+    }
 }
 
 void SqliteStore::enter() {

@@ -55,6 +55,7 @@ class SqliteStore : public Store, public std::enable_shared_from_this<SqliteStor
     using Tables = std::map<std::string, std::shared_ptr<TableState>, ByName>;
 
     void checkCollator();
+    void sortTextIndexes();
     void enter();
     [[nodiscard]] std::string definitionsMark();
     void readTables();

@@ -81,6 +81,22 @@ TEST_F(TextCollationTest, SortsIndexesAnewForAnotherVersionOfTheCollator) {
     EXPECT_NE(PlainSqlite(file()).text("SELECT Value FROM MSysInfo WHERE Name = 'CollatorVersion'"), "other");
 }
 
+TEST_F(TextCollationTest, TellsWhichKeysHaveBecomeEqual) {
+    store->createTable(definitionOf("U", {{"KEY", dbText, 20}}, {{"KEY", {"KEY"}, true, true}}));
+    spoilIndex();
+    PlainSqlite plain(file());
+    plain.useBinaryTextOrder();
+    plain.execute("INSERT INTO U (KEY) VALUES ('s'), ('\u017F')");
+    const auto error = errorOf([&] { engine.open(file(), false); });
+    EXPECT_EQ(error.number(), 3022);
+    EXPECT_EQ(error.description(),
+              "The change was not made: it would create duplicate values in the index or primary key "
+              "'U.KEY'. (" +
+                  file().string() + ")");
+    store = engine.open(file(), true);
+    EXPECT_EQ(column(*store, "U", 0, "KEY").size(), 2U);
+}
+
 TEST_F(TextCollationTest, WalksNoOutdatedIndexWhereItCannotBeSortedAnew) {
     spoilIndex();
     store = engine.open(file(), true);
