@@ -81,8 +81,11 @@ void checkTexts(const std::string& text) {
     require(left(text, static_cast<long>(length(text))) == text);
     const std::string half(left(text, static_cast<long>(length(text) / 2)));
     require((compareText(half, text) > 0) == (compareText(text, half) < 0));
-    require(upperCase(upperCase(text)) == upperCase(text));
-    lowerCase(text);
+    require((compareText(half, text) == 0) == sameText(half, text));
+    for (const std::string& other : {upperCase(text), lowerCase(text), foldCase(text)}) {
+        require(sameText(text, other) && compareText(text, other) == 0);
+        require(length(other) == length(text));
+    }
     expectAtMost({}, [&] {
         format(12345.678, text);
         format(text, "#,##0.00;(0);none");
