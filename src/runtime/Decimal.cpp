@@ -20,7 +20,7 @@ bool isExponentLetter(char c) {
     return c == 'e' || c == 'E' || c == 'd' || c == 'D';
 }
 
-/// Reads through a text character by character, passing over blanks and line ends if told so.
+/// Reads through a text character by character, passing over blanks and tabs if told so.
 class Scanner {
   public:
     Scanner(std::string_view text, bool passBlanks) : m_text(text), m_passBlanks(passBlanks) { skip(); }
@@ -42,7 +42,7 @@ class Scanner {
 
   private:
     void skip() {
-        constexpr std::string_view passed = " \t\r\n";
+        constexpr std::string_view passed = " \t";
         while (m_passBlanks && !m_text.empty() && passed.find(m_text.front()) != std::string_view::npos)
             m_text.remove_prefix(1);
     }

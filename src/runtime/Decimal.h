@@ -52,11 +52,10 @@ class Decimal {
     bool m_negative = false;
 };
 
-/// Reads a whole text as a number: blanks around it, a sign, a dollar sign, thousands commas, a point,
-/// an exponent with "E" or "D". False when the text is none.
+/// Reads a whole text as a number, as Conversions.h tells. False when the text is none.
 bool readNumber(std::string_view text, Decimal& number);
 
-/// Reads the number at the front of a text, passing over blanks, tabs and line ends; zero when there is none.
+/// Reads the number at the front of a text, as Conversions.h tells; zero when there is none.
 Decimal readLeadingNumber(std::string_view text);
 
 } // namespace tol::runtime

@@ -227,24 +227,6 @@ TEST(Conversions, TextOfNumbers) {
         EXPECT_EQ(toText(c.from), c.to);
 }
 
-TEST(Conversions, LeadingNumber) {
-    struct Case {
-        const char* text;
-        double number;
-    };
-    const Case cases[] = {
-        {"12abc", 12},      {"abc", 0},      {" 1 2.5e1x", 125}, {"", 0},       {"-5", -5},
-        {"- 5", -5},        {"+7.25", 7.25}, {".5", 0.5},        {"-.5", -0.5}, {"5.", 5},
-        {"1.2.3", 1.2},     {"1,234", 1},    {"1e", 1},          {"1e+", 1},    {"1e5", 100000},
-        {"1d2", 100},       {"1 e 2", 100},  {"\t1\n2\r3", 123}, {"--1", 0},    {"-", 0},
-        {".", 0},           {"1e-400", 0},   {"$5", 0},          {"007", 7},    {"0.0e9", 0},
-        {"32767 m", 32767},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(leadingNumber(c.text), c.number) << c.text;
-    EXPECT_EQ(errorOf([] { leadingNumber("1e400x"); }), 6);
-}
-
 TEST(Conversions, EqualityOfValues) {
     EXPECT_TRUE(valuesEqual(std::int16_t{5}, std::int32_t{5}));
     EXPECT_TRUE(valuesEqual(std::int32_t{5}, 5.0));
