@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/MessageBox.h"
 
+#include "forms/LineBreaks.h"
 #include "forms/Twips.h"
 
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 
 #include <algorithm>
 #include <iterator>
@@ -73,6 +75,46 @@ void setIcon(QMessageBox& box, MsgIcon icon) {
         label->setAccessibleName(row->name);
 }
 
+/// A message box as large as its text, whose lines it leaves as they are.
+class WholeTextBox : public QMessageBox {
+  public:
+    using QMessageBox::QMessageBox;
+
+    /// Breaks the text where it may be broken. Those who can't see the box are told it as it was.
+    void setWholeText(const std::string& text) {
+        const QString told = QString::fromStdString(text);
+        const int room = screen()->availableSize().width() - toPixels(besideText);
+        auto& label = *findChild<QLabel*>("qt_msgbox_label");
+        setTextFormat(Qt::PlainText);
+        setText(inLines(told, label.fontMetrics(), std::min(toPixels(usualWidth), room), room));
+        label.setAccessibleName(told);
+    }
+
+  protected:
+    bool event(QEvent* event) override {
+        const bool handled = QMessageBox::event(event);
+        if (event->type() == QEvent::LayoutRequest)
+            fit();
+        return handled;
+    }
+
+    void showEvent(QShowEvent* event) override {
+        QMessageBox::showEvent(event);
+        fit();
+    }
+
+  private:
+    static constexpr int usualWidth = 10500; // twips, of a text
+    static constexpr int besideText = 2400;  // twips: icon and edges
+
+    // The base class would give no text more than a part of the screen, and break it anywhere.
+    void fit() {
+        findChild<QLabel*>("qt_msgbox_label")->setWordWrap(false);
+        layout()->activate();
+        setFixedSize(layout()->totalMinimumSize());
+    }
+};
+
 /// Makes the box at least as wide as its title and the window's own buttons, since a title is cut otherwise.
 void widenForTitle(QMessageBox& box) {
     constexpr int besideTitle = 2400; // twips
@@ -87,13 +129,12 @@ void widenForTitle(QMessageBox& box) {
 } // namespace
 
 MsgResult showMessageBox(const std::string& text, runtime::MsgStyle style, const std::string& title) {
-    QMessageBox box(QApplication::activeWindow());
+    WholeTextBox box(QApplication::activeWindow());
     box.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                        Qt::WindowCloseButtonHint);
     box.setObjectName("msgBox");
     box.setWindowTitle(QString::fromStdString(title));
-    box.setTextFormat(Qt::PlainText);
-    box.setText(QString::fromStdString(text));
+    box.setWholeText(text);
     setIcon(box, style.icon);
     const auto rows = rowsOf(style.buttons);
     for (const ButtonRow& row : rows) {

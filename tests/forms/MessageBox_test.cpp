@@ -8,6 +8,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFontMetrics>
+#include <QLabel>
+#include <QScreen>
 #include <QTest>
 
 namespace tol::forms {
@@ -36,6 +38,48 @@ TEST(MessageBox, IsWideEnoughForItsTitle) {
     const QString title(40, 'M');
     showMessageBox("x", {}, title.toStdString());
     EXPECT_GT(width, QFontMetrics(QApplication::font()).horizontalAdvance(title) + 100);
+}
+
+/// Lines of the text as they stand in the box, each checked to be shown whole.
+QStringList shownLines(const std::string& text) {
+    test::BoxAnswerer person;
+    QStringList lines;
+    person.onBox = [&](QMessageBox& box) {
+        const auto& label = *box.findChild<QLabel*>("qt_msgbox_label");
+        lines = label.text().split('\n');
+        EXPECT_FALSE(label.wordWrap());
+        EXPECT_TRUE(box.rect().contains(label.geometry()));
+        for (const QString& line : lines)
+            EXPECT_GE(label.width(), label.fontMetrics().horizontalAdvance(line)) << line.toStdString();
+        EXPECT_EQ(box.frameGeometry().size().boundedTo(box.screen()->availableSize()),
+                  box.frameGeometry().size());
+        box.close();
+    };
+    showMessageBox(text, {MsgIcon::Critical, MsgButtons::Ok}, "T");
+    EXPECT_EQ(person.boxes.at(0).text, text) << "as it is read out";
+    return lines;
+}
+
+TEST(MessageBox, BreaksALongTextButNoPath) {
+    const std::string folder = "C:\\JOB SITES\\NORTH-YARD\\" + std::string(30, 'X') + "\\ZOVNET.MDB";
+    const QStringList lines = shownLines("A sentence of quite a number of words that tells of the file " +
+                                         folder + " and then goes on to tell a little more.");
+    EXPECT_GE(lines.size(), 2);
+    EXPECT_EQ(lines.filter(QString::fromStdString(folder)).size(), 1);
+}
+
+TEST(MessageBox, GivesALongPathALineOfItsOwn) {
+    const QString path = "/srv/" + QString(80, 'x') + "/a b/ZOVNET.MDB";
+    const QStringList lines = shownLines("The file " + path.toStdString() + " is missing.");
+    const int width = QFontMetrics(QApplication::font()).horizontalAdvance(path);
+    if (width < QGuiApplication::primaryScreen()->availableSize().width() - 160) {
+        EXPECT_EQ(lines, QStringList({"The file", path, "is missing."}));
+    }
+    EXPECT_EQ(lines.front(), "The file");
+}
+
+TEST(MessageBox, AShortTextHasNoLineEndsButItsOwn) {
+    EXPECT_EQ(shownLines("Line 1\n\nThe database C:\\ZOVUSER\\ZOVUSER.MDB  ?").size(), 3);
 }
 
 TEST(MessageBox, TakesTextForPlainText) {

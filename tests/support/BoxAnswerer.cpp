@@ -2,6 +2,7 @@
 #include "support/BoxAnswerer.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QPushButton>
 
 #include <algorithm>
@@ -10,7 +11,9 @@ namespace tol::test {
 namespace {
 
 SeenBox seen(const QMessageBox& box) {
-    SeenBox result{box.windowTitle().toStdString(), box.text().toStdString(), box.icon(), {}, {}};
+    // Read out, a text has no line ends but its own.
+    const QString text = box.findChild<QLabel*>("qt_msgbox_label")->accessibleName();
+    SeenBox result{box.windowTitle().toStdString(), text.toStdString(), box.icon(), {}, {}};
     QList<QAbstractButton*> buttons = box.buttons();
     std::ranges::sort(buttons, {}, &QAbstractButton::x);
     for (const QAbstractButton* button : buttons)
