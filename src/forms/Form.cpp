@@ -69,7 +69,7 @@ void Form::showModal(QWidget* owner) {
     const Hold hold(this);
     load(); // which may set the size
     if (owner != nullptr)
-        centreOn(*owner->window());
+        fitBefore(*owner->window());
     if (m_loaded)
         showModeless();
     if (m_loaded)
@@ -182,12 +182,21 @@ QWidget& Form::outer() {
     return m_frame != nullptr ? static_cast<QWidget&>(*m_frame) : *this;
 }
 
-void Form::centreOn(const QWidget& owner) {
+// The frame will be as wide as that of the owner, which has its own already.
+void Form::fitBefore(const QWidget& owner) {
     const QRect screenArea = owner.screen()->availableGeometry();
-    const QPoint wanted = owner.frameGeometry().center() - rect().center();
-    const QPoint last = screenArea.bottomRight() - rect().bottomRight();
-    move(std::max(screenArea.left(), std::min(wanted.x(), last.x())),
-         std::max(screenArea.top(), std::min(wanted.y(), last.y())));
+    const QMargins frame =
+        owner.windowHandle() != nullptr ? owner.windowHandle()->frameMargins() : QMargins();
+    const QSize room = screenArea.size().shrunkBy(frame);
+    if (m_sizable) {
+        setMinimumSize(minimumSize().boundedTo(room));
+        resize(size().boundedTo(room));
+    }
+    QRect whole(QPoint(), size().grownBy(frame));
+    whole.moveCenter(owner.frameGeometry().center());
+    const QPoint last = screenArea.bottomRight() - whole.bottomRight() + whole.topLeft();
+    move(std::max(screenArea.left(), std::min(whole.left(), last.x())),
+         std::max(screenArea.top(), std::min(whole.top(), last.y())));
 }
 
 void Form::discardIfDone() {

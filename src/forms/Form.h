@@ -32,6 +32,7 @@ class Form : public QWidget {
     /// Loads and shows the form, in front and no longer minimised, and returns at once.
     void showModeless();
     /// Loads the form, shows it in front of the middle of its owner and returns when it has been unloaded.
+    /// A sizable one is no larger than the screen.
     void showModal(QWidget* owner);
     /// Runs Unload and takes the form off the screen, unless it is not loaded; as soon as it is no longer
     /// busy.
@@ -109,7 +110,7 @@ class Form : public QWidget {
 
     /// The window that moves, hides and closes: the frame in the MDI area, or the form itself.
     [[nodiscard]] QWidget& outer();
-    void centreOn(const QWidget& owner);
+    void fitBefore(const QWidget& owner);
     void discardIfDone();
     static Form* typedOn(QWidget& receiver);
     static bool pressButton(QAbstractButton* button);

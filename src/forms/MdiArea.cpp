@@ -23,6 +23,11 @@ MdiArea::MdiArea(QWidget& parent, EventProcedure onEmptyClick) : QMdiArea(&paren
     onClick(*viewport(), std::move(onEmptyClick));
 }
 
+QSize MdiArea::frameSize() const {
+    const int border = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, this);
+    return {2 * border, style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this) + border};
+}
+
 void MdiArea::arrange(Arrangement style) {
     const QList<QMdiSubWindow*> children = arrangeable();
     if (children.empty())

@@ -19,6 +19,8 @@ class MdiArea : public QMdiArea {
     /// maximised one is restored first. Horizontally tiled windows lie one below the other, vertically
     /// tiled ones side by side. A window of fixed size is moved only.
     void arrange(Arrangement style);
+    /// What the frame of a child adds to the size of its inside.
+    [[nodiscard]] QSize frameSize() const;
 
   private:
     [[nodiscard]] QList<QMdiSubWindow*> arrangeable() const;

@@ -4,17 +4,42 @@
 #include "forms/Form.h"
 #include "forms/LoadedForms.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMdiSubWindow>
 #include <QScreen>
+#include <QScrollArea>
+#include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace tol::forms {
 namespace {
 
+/// The view of a form for which the area has no room. It follows the focus.
+class ScrolledForm : public QScrollArea {
+  public:
+    explicit ScrolledForm(Form& form) {
+        setFrameShape(NoFrame);
+        setFocusPolicy(Qt::NoFocus); // its keys are the form's
+        setWindowTitle(form.windowTitle());
+        setWidget(&form);
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+            if (now != nullptr && isAncestorOf(now))
+                ensureWidgetVisible(now);
+        });
+    }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override { event->setAccepted(widget()->close()); }
+};
+
 Form* formIn(const QMdiSubWindow* frame) {
-    return frame == nullptr ? nullptr : Form::of(frame->widget());
+    if (frame == nullptr)
+        return nullptr;
+    const auto* view = qobject_cast<QScrollArea*>(frame->widget());
+    return Form::of(view != nullptr ? view->widget() : frame->widget());
 }
 
 Qt::WindowFlags frameFlags(bool sizable) {
@@ -75,23 +100,50 @@ void MdiForm::unloadChildren() {
 void MdiForm::showChild(std::unique_ptr<Form> child) {
     Form& form = *child;
     const Form::Hold hold(&form);
-    QMdiSubWindow* frame = m_area.addSubWindow(child.release(), frameFlags(form.isSizable()));
+    const QSize area = m_area.viewport()->size();
+    const QSize whole = form.sizeHint() + m_area.frameSize();
+    const bool fits = whole == whole.boundedTo(area);
+    QWidget* content = fits ? static_cast<QWidget*>(child.release()) : new ScrolledForm(*child.release());
+    QMdiSubWindow* frame = m_area.addSubWindow(content, frameFlags(form.isSizable() || !fits));
     frame->setAttribute(Qt::WA_DeleteOnClose, false); // the form says when it is done
     frame->setObjectName(form.objectName() + "Frame");
     form.m_frame = frame;
     form.load();
     if (!form.isLoaded())
         return;
-    frame->adjustSize();
+    frame->resize(whole.boundedTo(area));
     if (!form.isSizable())
-        frame->setFixedSize(frame->sizeHint());
-    frame->move((m_area.viewport()->width() - frame->width()) / 2,
-                (m_area.viewport()->height() - frame->height()) / 2);
+        frame->setMaximumSize(whole);
+    if (!form.isSizable() && fits)
+        frame->setMinimumSize(whole);
+    frame->move((area.width() - frame->width()) / 2, (area.height() - frame->height()) / 2);
     form.showModeless();
 }
 
 void MdiForm::setSize(int width, int height) {
-    resize(QSize(toPixels(width), toPixels(height)).boundedTo(screen()->availableSize()));
+    m_wholeSize = QSize(toPixels(width), toPixels(height));
+    takeSize();
+}
+
+void MdiForm::takeSize() {
+    const QMargins frame = windowHandle() != nullptr ? windowHandle()->frameMargins() : QMargins();
+    resize(m_wholeSize.boundedTo(screen()->availableSize()).shrunkBy(frame));
+}
+
+void MdiForm::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (!std::exchange(m_shownBefore, true))
+        windowHandle()->installEventFilter(this);
+}
+
+// The frame is there, and its size known, only when the window comes to the screen for the first time.
+bool MdiForm::eventFilter(QObject* receiver, QEvent* event) {
+    if (receiver == windowHandle() && event->type() == QEvent::Expose && windowHandle()->isExposed()) {
+        receiver->removeEventFilter(this);
+        if (m_wholeSize.isValid() && !isMaximized())
+            takeSize();
+    }
+    return QMainWindow::eventFilter(receiver, event);
 }
 
 int MdiForm::scaleWidth() const {

@@ -25,11 +25,12 @@ class MdiForm : public QMainWindow {
     [[nodiscard]] bool isLoaded() const { return m_loaded; }
     void unload();
 
-    /// Loads the form, puts it in the middle of the area and shows it.
+    /// Loads the form, puts it in the middle of the area and shows it. What the area has no room for can be
+    /// scrolled to.
     void showChild(std::unique_ptr<Form> child);
     void arrange(Arrangement style) { m_area.arrange(style); }
 
-    /// Size of the window in twips, as far as the screen has room for it.
+    /// Size of the window with its frame in twips, as far as the screen has room for it.
     void setSize(int width, int height);
     /// Size of the area that children lie in, in twips.
     [[nodiscard]] int scaleWidth() const;
@@ -42,13 +43,18 @@ class MdiForm : public QMainWindow {
     virtual void onClick() {}
 
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
 
   private:
     [[nodiscard]] bool childrenMayClose() const;
     void unloadChildren();
+    void takeSize();
 
-    MdiArea& m_area; // the window's central widget
+    MdiArea& m_area;   // the window's central widget
+    QSize m_wholeSize; // with the frame, in pixels
     bool m_loaded = false;
+    bool m_shownBefore = false;
 };
 
 } // namespace tol::forms

@@ -12,6 +12,8 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QTest>
 
 namespace tol::forms {
@@ -89,7 +91,61 @@ TEST_F(Mdi, AFixedChildCannotBeSizedOrMaximised) {
 TEST_F(Mdi, ScaleSizeIsThatOfTheArea) {
     EXPECT_EQ(parent.scaleWidth(), area().width() * 15);
     EXPECT_EQ(parent.scaleHeight(), area().height() * 15);
-    EXPECT_EQ(parent.size(), QSize(750, 600));
+}
+
+TEST_F(Mdi, TheSizeOfTheWindowIsThatWithItsFrame) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&parent));
+    EXPECT_NE(parent.frameGeometry().size(), parent.size()) << "the platform has frames";
+    EXPECT_EQ(parent.frameGeometry().size(), QSize(750, 600));
+    parent.setSize(9000, 7500);
+    EXPECT_EQ(parent.frameGeometry().size(), QSize(600, 500));
+    parent.hide();
+    parent.setSize(1500000, 1500000);
+    parent.show();
+    EXPECT_EQ(parent.frameGeometry().size(), parent.screen()->availableSize());
+}
+
+TEST_F(Mdi, AChildTooLargeForTheAreaCanBeScrolled) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&parent));
+    auto made = std::make_unique<Child>(parent, "frmLarge");
+    Child& large = *made;
+    large.setScaleSize(15000, 15000);
+    QPushButton& first = addButton(large, "cmdFirst", "First", {0, 0, 1500, 375}, [] {});
+    QPushButton& last = addButton(large, "cmdLast", "Last", {13500, 14600, 1500, 375}, [] {});
+    large.setWindowTitle("Large");
+    parent.showChild(std::move(made));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&parent));
+    auto& view = dynamic_cast<QScrollArea&>(*large.parentWidget()->parentWidget());
+    QPointer<QMdiSubWindow> frame = dynamic_cast<QMdiSubWindow*>(view.parentWidget());
+    EXPECT_EQ(frame->geometry(), QRect(QPoint(), area()));
+    EXPECT_EQ(frame->windowTitle(), "Large");
+    EXPECT_EQ(large.size(), QSize(1000, 1000));
+    const auto isInSight = [&](const QWidget& control) {
+        return view.viewport()->rect().contains(
+            QRect(control.mapTo(view.viewport(), QPoint()), control.size()));
+    };
+    last.setFocus();
+    EXPECT_TRUE(isInSight(last));
+    first.setFocus();
+    EXPECT_TRUE(isInSight(first) && !isInSight(last));
+    EXPECT_THAT(parent.events, ElementsAre("Load", "Activate frmLarge"));
+    frame->close();
+    EXPECT_EQ(parent.events.back(), "Unload frmLarge");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frame.isNull(); }));
+}
+
+TEST_F(Mdi, AChildTooLargeForTheAreaIsNotClosedWhileItMayNotBe) {
+    auto made = std::make_unique<Child>(parent, "frmLarge");
+    Child& large = *made;
+    large.setScaleSize(15000, 15000);
+    large.mayBeClosed = false;
+    parent.showChild(std::move(made));
+    EXPECT_FALSE(parent.close());
+    EXPECT_FALSE(large.parentWidget()->parentWidget()->parentWidget()->close());
+    EXPECT_TRUE(large.isLoaded() && large.isVisible());
+    large.mayBeClosed = true;
+    EXPECT_TRUE(parent.close());
+    EXPECT_FALSE(large.isLoaded());
 }
 
 TEST_F(Mdi, TiledHorizontallyTheyLieOneBelowTheOther) {

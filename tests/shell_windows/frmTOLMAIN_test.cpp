@@ -20,7 +20,7 @@ using testing::ElementsAre;
 
 TEST_F(Started, HasItsCaptionSizeAndIcon) {
     EXPECT_EQ(main.windowTitle(), "Zovarin Series - Tolvane Module");
-    EXPECT_EQ(main.size(), QSize(799, 606));
+    EXPECT_EQ(main.frameGeometry().size(), QSize(799, 606));
     EXPECT_FALSE(main.windowIcon().isNull());
     EXPECT_EQ(main.windowIcon().actualSize({32, 32}), QSize(32, 32));
     EXPECT_EQ(main.sVersion, "Version 1.1.1");
