@@ -4,7 +4,6 @@
 #include "forms/Twips.h"
 #include "runtime/RuntimeError.h"
 #include "search_print/document/PagePainter.h"
-#include "search_print/document/PdfFile.h"
 #include "search_print/document/VSPrinter.h"
 #include "shell/vdfunctions/MessageBox.h"
 
@@ -60,15 +59,15 @@ void showProblem(const std::string& text) {
     shell::showBox(text, runtime::MsgIcon::Critical, "Printer Error");
 }
 
-void printOrTell(QPrinter& printer, const VSPrinter& document) {
+void printOrTell(QPrinter& printer, const VSPrinter& document, const PageProgress& progress) {
     const std::span<const Page> pages = chosenPages(printer, document.document());
     if (pages.empty())
         return;
     try {
         if (printer.outputFormat() == QPrinter::PdfFormat)
             writePdf(document.document(), pages, printer.outputFileName().toStdString(),
-                     document.documentTitle());
-        else if (!printOn(printer, document, pages))
+                     document.documentTitle(), progress);
+        else if (!printOn(printer, document, pages, progress))
             showProblem("Printer Problem Detected");
     } catch (const runtime::RuntimeError& error) {
         showProblem(error.description());
@@ -77,7 +76,8 @@ void printOrTell(QPrinter& printer, const VSPrinter& document) {
 
 } // namespace
 
-bool printOn(QPrinter& printer, const VSPrinter& document, std::span<const Page> pages) {
+bool printOn(QPrinter& printer, const VSPrinter& document, std::span<const Page> pages,
+             const PageProgress& progress) {
     printer.setFullPage(true);
     printer.setColorMode(document.colourMode() == colourModeMonochrome ? QPrinter::GrayScale
                                                                        : QPrinter::Color);
@@ -85,7 +85,10 @@ bool printOn(QPrinter& printer, const VSPrinter& document, std::span<const Page>
     QPainter painter;
     if (!painter.begin(&printer))
         return false;
+    int number = 0;
     for (const Page& page : pages) {
+        if (progress && !progress(++number, static_cast<int>(pages.size())))
+            return printer.abort();
         if (&page != &pages.front()) {
             setSheet(printer, page);
             if (!printer.newPage())
@@ -96,7 +99,7 @@ bool printOn(QPrinter& printer, const VSPrinter& document, std::span<const Page>
     return painter.end();
 }
 
-void printWithDialog(QWidget& owner, const VSPrinter& document) {
+void printWithDialog(QWidget& owner, const VSPrinter& document, const PageProgress& progress) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(QString::fromStdString(document.documentTitle()));
     printer.setCreator("Tolvane Module");
@@ -109,7 +112,7 @@ void printWithDialog(QWidget& owner, const VSPrinter& document) {
     dialog.setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintPageRange);
     dialog.setMinMax(1, document.PageCount());
     if (dialog.exec() == QDialog::Accepted)
-        printOrTell(printer, document);
+        printOrTell(printer, document, progress);
 }
 
 } // namespace tol::search_print

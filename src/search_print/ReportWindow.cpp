@@ -13,14 +13,17 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 
+#include <fmt/format.h>
+
 namespace tol::search_print {
 namespace {
 
 constexpr int keyP = 'P';
 constexpr int withCtrlOrAlt = 2 | 4;
-constexpr int windowWidth = 10500, windowHeight = 9900;
-constexpr int buttonTop = windowHeight - 1100;
-constexpr forms::Place previewPlace{150, 150, windowWidth - 300, buttonTop - 300};
+constexpr int windowWidth = 10500, windowHeight = 9495;
+constexpr int leastWidth = 7800, leastHeight = 4500; // for the line at the bottom, and a page to be made out
+constexpr int buttonHeight = 480;
+constexpr forms::Place previewPlace{150, 150, windowWidth - 300, 8500};
 
 } // namespace
 
@@ -28,16 +31,17 @@ ReportWindow::ReportWindow(const QString& name)
     : Form(name), m_savedPlace(previewPlace), m_savedOrientation(m_printer.Orientation()) {
     setSizable(true);
     setScaleSize(windowWidth, windowHeight);
-    setMinimumSize(size());
+    setMinimumSize(forms::toPixels(leastWidth), forms::toPixels(leastHeight));
     setKeyPreview(true);
     m_preview = new PreviewWidget(*this, m_printer, previewPlace);
-    m_lblProcess = &forms::addLabel(*this, "lblProcess", {}, {300, buttonTop, 6000, 480});
-    m_cmdBegin = &forms::addButton(*this, "cmdBegin", "&Begin", {windowWidth - 3160, buttonTop, 1380, 480},
+    m_lblProcess = &forms::addLabel(*this, "lblProcess", {}, {300, 0, 0, buttonHeight});
+    m_cmdBegin = &forms::addButton(*this, "cmdBegin", "&Begin", {0, 0, 1380, buttonHeight},
                                    [this] { beginClicked(); });
-    m_cmdExit = &forms::addButton(*this, "CmdExit", "E&xit", {windowWidth - 1680, buttonTop, 1380, 480},
-                                  [this] { unload(); });
+    m_cmdExit =
+        &forms::addButton(*this, "CmdExit", "E&xit", {0, 0, 1380, buttonHeight}, [this] { unload(); });
+    placeControls(*this, false, m_savedPlace);
     setCancelButton(m_cmdExit);
-    m_printer.onPrint = [this](bool) { printWithDialog(*this, m_printer); };
+    m_printer.onPrint = [this](bool) { print(); };
 }
 
 ReportWindow::~ReportWindow() = default;
@@ -72,6 +76,22 @@ void ReportWindow::runReport() {
         setBeginCaption("&Begin");
 }
 
+// Page by page, like a run: the button stops it, and what is shown is the report as before.
+void ReportWindow::print() {
+    const Busy busy(*this);
+    const QScopedValueRollback running(m_running, true);
+    m_stopped = false;
+    const std::string caption = m_cmdBegin->text().toStdString(),
+                      process = m_lblProcess->text().toStdString();
+    printWithDialog(*this, m_printer, [this](int page, int pages) {
+        setBeginCaption("&Cancel");
+        setProcess(fmt::format("Printing Page: {} of {}", page, pages));
+        return keepPrinting();
+    });
+    setBeginCaption(caption);
+    setProcess(m_stopped ? "Printing STOPPED BY USER (INCOMPLETE)" : process);
+}
+
 void ReportWindow::showLoadError(const runtime::RuntimeError& error) {
     shell::vdFormLoadError(*this, *m_cmdExit, objectName().toStdString(), std::to_string(error.number()),
                            error.description());
@@ -97,8 +117,10 @@ void ReportWindow::onKeyDown(forms::KeyPress& key) {
 
 void ReportWindow::resizeEvent(QResizeEvent* event) {
     Form::resizeEvent(event);
-    if (m_printDone)
+    if (m_printDone && !m_running)
         layOut();
+    else
+        placeControls(*this, isMaximized(), m_savedPlace);
 }
 
 void ReportWindow::beginClicked() {

@@ -19,8 +19,8 @@ class PreviewWidget;
 /// A window in which a report is drawn, previewed and printed. A derived window draws in onRun(); the run
 /// starts with runReport(), from its Load or by cmdBegin. While it runs cmdBegin stops it; afterwards
 /// cmdBegin enlarges the preview and brings it back, PgDn, PgUp, Home and End turn the pages, Up and Down
-/// scroll, and "P" prints. Closed during the run, the window goes when the run has come to its next
-/// keepPrinting() and ended.
+/// scroll, and "P" prints, which cmdBegin stops as well. On a small screen the preview shrinks. Closed during
+/// the run, the window goes when the run has come to its next keepPrinting() and ended.
 class ReportWindow : public forms::Form, public ReportView {
   public:
     explicit ReportWindow(const QString& name);
@@ -55,6 +55,7 @@ class ReportWindow : public forms::Form, public ReportView {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void print();
     void beginClicked();
     void switchView();
     void layOut();

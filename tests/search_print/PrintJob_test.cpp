@@ -34,12 +34,16 @@ class PrintJobTest : public testing::Test {
   protected:
     PrintJobTest() { folder.addRows(120); }
 
-    /// Presses P and does something in the dialog, then presses one of its buttons.
-    void print(const std::function<void(QPrintDialog&)>& choose, const char* button = "&Print") {
+    /// Presses P and does something in the dialog, then presses one of its buttons, and looks at the window.
+    void print(
+        const std::function<void(QPrintDialog&)>& choose, const char* button = "&Print",
+        const std::function<void(ReportWindow&)>& look = [](ReportWindow& window) {
+            EXPECT_TRUE(window.isVisible());
+        }) {
         bool dialogUp = false;
         EXPECT_TRUE(withReport(namesAndPlaces(), [&](ReportWindow& window) {
-            QTimer look;
-            look.callOnTimeout([&] {
+            QTimer wait;
+            wait.callOnTimeout([&] {
                 auto* dialog = dynamic_cast<QPrintDialog*>(QApplication::activeModalWidget());
                 if (dialog == nullptr || dialogUp)
                     return;
@@ -51,9 +55,9 @@ class PrintJobTest : public testing::Test {
                 if (dialog->isVisible())
                     dialog->reject();
             });
-            look.start(5);
+            wait.start(5);
             QTest::keyClick(&window, Qt::Key_P);
-            EXPECT_TRUE(window.isVisible());
+            look(window);
         }));
         EXPECT_TRUE(dialogUp);
     }
@@ -104,6 +108,65 @@ TEST_F(PrintJobTest, PrintsThePagesAskedFor) {
     EXPECT_THAT(text, HasSubstr("ROW 058"));
     EXPECT_THAT(text, Not(HasSubstr("ROW 057")));
     EXPECT_EQ(std::ranges::count(text, '\f'), 1);
+}
+
+TEST_F(PrintJobTest, TellsHowFarItHasCome) {
+    QStringList told;
+    person.onYield = [&] {
+        if (auto* window = dynamic_cast<ReportWindow*>(QApplication::activeModalWidget()))
+            if (const QString line = window->lblProcess().text() + " " + window->cmdBegin().text();
+                told.isEmpty() || told.back() != line)
+                told.push_back(line);
+    };
+    QString caption, process;
+    print(
+        [&](QPrintDialog& dialog) {
+            auto& window = dynamic_cast<ReportWindow&>(*dialog.parentWidget());
+            caption = window.cmdBegin().text();
+            process = window.lblProcess().text();
+            printTo(dialog, folder / "out.pdf");
+        },
+        "&Print",
+        [&](ReportWindow& window) {
+            EXPECT_EQ(window.cmdBegin().text(), caption);
+            EXPECT_EQ(window.lblProcess().text(), process);
+        });
+    EXPECT_EQ(told, QStringList({"Printing Page: 1 of 3 &Cancel", "Printing Page: 2 of 3 &Cancel",
+                                 "Printing Page: 3 of 3 &Cancel"}));
+}
+
+TEST_F(PrintJobTest, StoppedByItsButtonItLeavesTheFileAsItWas) {
+    folder.write("out.pdf", "what was there");
+    QTimer agree; // to the dialog's question whether the file may be overwritten
+    agree.callOnTimeout([] {
+        if (auto* question = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget()))
+            question->button(QMessageBox::Yes)->click();
+    });
+    agree.start(5);
+    person.onYield = [&] {
+        auto* window = dynamic_cast<ReportWindow*>(QApplication::activeModalWidget());
+        if (window != nullptr && window->lblProcess().text() == "Printing Page: 2 of 3")
+            QTest::mouseClick(&window->cmdBegin(), Qt::LeftButton);
+    };
+    print([&](QPrintDialog& dialog) { printTo(dialog, folder / "out.pdf"); }, "&Print",
+          [](ReportWindow& window) {
+              EXPECT_EQ(window.lblProcess().text(), "Printing STOPPED BY USER (INCOMPLETE)");
+              EXPECT_EQ(window.cmdBegin().text(), "&Max View");
+              EXPECT_EQ(window.printer().PageCount(), 3);
+          });
+    EXPECT_EQ(folder.read("out.pdf"), "what was there");
+    EXPECT_THAT(person.boxes, IsEmpty());
+}
+
+TEST_F(PrintJobTest, LeftWhileItPrintsTheWindowGoesWhenThatHasStopped) {
+    person.onYield = [&] {
+        auto* window = dynamic_cast<ReportWindow*>(QApplication::activeModalWidget());
+        if (window != nullptr && window->lblProcess().text() == "Printing Page: 2 of 3")
+            QTest::mouseClick(&window->CmdExit(), Qt::LeftButton);
+    };
+    print([&](QPrintDialog& dialog) { printTo(dialog, folder / "out.pdf"); }, "&Print",
+          [](ReportWindow& window) { EXPECT_FALSE(window.isLoaded()); });
+    EXPECT_FALSE(std::filesystem::exists(folder / "out.pdf"));
 }
 
 TEST_F(PrintJobTest, NothingIsWrittenWhenCancelled) {
@@ -168,6 +231,20 @@ TEST_F(PaintedOnPrinter, ShrinksPagesToSmallerPaper) {
     const std::string words = printedOn(QPageSize::A6); // less than half as wide
     EXPECT_THAT(words, HasSubstr("<page width=\"297."));
     EXPECT_THAT(words, testing::ContainsRegex("xMin=\"3[45][.][0-9]+\" yMin=\"3[0-9][.][^>]*>upright<"));
+}
+
+TEST_F(PaintedOnPrinter, CallsTheJobOffWhenItIsToStop) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName("paper.pdf");
+    std::vector<std::string> told;
+    const auto stopAtTheSecond = [&](int page, int pages) {
+        told.push_back(std::to_string(page) + "/" + std::to_string(pages));
+        return page < 2;
+    };
+    printOn(printer, document, document.document().pages, stopAtTheSecond);
+    EXPECT_THAT(told, ElementsAre("1/2", "2/2"));
+    EXPECT_NE(printer.printerState(), QPrinter::Active);
 }
 
 TEST_F(PaintedOnPrinter, TellsWhenThePrinterTakesNoJob) {

@@ -5,6 +5,7 @@
 #include "forms/Twips.h"
 #include "search_print/PreviewWidget.h"
 #include "search_print/document/vdPrintRun.h"
+#include "search_print/vdPrintView.h"
 #include "support/TestHost.h"
 
 #include <gmock/gmock.h>
@@ -12,6 +13,7 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 namespace tol::test {
@@ -44,7 +46,8 @@ class Begun : public ReportWindow {
     [[nodiscard]] std::string viewOrientation() const override { return orientation; }
 };
 
-constexpr int pixel = 15; // twips
+constexpr int pixel = 15;  // twips
+constexpr int frame = 405; // twips that a window's frame adds to its height
 
 class ReportWindowTest : public testing::Test {
   protected:
@@ -212,7 +215,7 @@ TEST_F(ReportWindowTest, FillsTheScreenAndComesBack) {
         EXPECT_EQ(window.cmdBegin().text(), "&Restore");
         EXPECT_EQ(QApplication::focusWidget(), &window.cmdBegin());
         const int width = forms::toTwips(window.width());
-        const int height = forms::toTwips(window.height());
+        const int height = forms::toTwips(window.height()) + frame;
         const auto twips = [](int pixels) { return forms::toTwips(pixels); };
         EXPECT_NEAR(top(window.CmdExit()), height - 540 - twips(window.CmdExit().height()), pixel);
         EXPECT_NEAR(left(window.CmdExit()), width - 250 - twips(window.CmdExit().width()), pixel);
@@ -232,13 +235,128 @@ TEST_F(ReportWindowTest, FillsTheScreenAndComesBack) {
         expectMaximised(false);
         EXPECT_EQ(window.cmdBegin().text(), "&Max View");
         EXPECT_EQ(window.preview().geometry(), before);
-        EXPECT_NEAR(top(window.CmdExit()), twips(window.height()) - 1100, pixel);
+        EXPECT_NEAR(top(window.CmdExit()), twips(window.height()) + frame - 1100, pixel);
         EXPECT_EQ(top(window.cmdBegin()), top(window.CmdExit()));
         EXPECT_NEAR(left(window.CmdExit()), twips(window.width()) - 300 - twips(window.CmdExit().width()),
                     pixel);
         EXPECT_NEAR(left(window.cmdBegin()), left(window.CmdExit()) - twips(window.cmdBegin().width()) - 100,
                     15);
     }));
+}
+
+/// The two buttons lie at the lower edge, beside each other and the text, and the preview above them.
+void expectAllInSight(ReportWindow& window) {
+    const QRect inside = window.rect();
+    for (const QWidget* control :
+         {static_cast<const QWidget*>(&window.cmdBegin()), static_cast<const QWidget*>(&window.CmdExit()),
+          static_cast<const QWidget*>(&window.lblProcess())}) {
+        EXPECT_TRUE(inside.contains(control->geometry())) << control->objectName().toStdString();
+        EXPECT_LT(inside.bottom() - control->geometry().bottom(), 20) << "no empty strip";
+        EXPECT_LT(window.preview().geometry().bottom(), control->y());
+    }
+    EXPECT_TRUE(inside.contains(window.preview().geometry()));
+    EXPECT_GT(window.preview().height(), 100);
+    EXPECT_LT(window.lblProcess().geometry().right(), window.cmdBegin().x());
+    EXPECT_LT(window.cmdBegin().geometry().right(), window.CmdExit().x());
+    EXPECT_GE(window.lblProcess().width(),
+              window.fontMetrics().horizontalAdvance("Report STOPPED BY USER (INCOMPLETE)"));
+}
+
+TEST_F(ReportWindowTest, HasItsButtonsAtTheLowerEdge) {
+    EXPECT_TRUE(withWindow(window, [&] {
+        expectAllInSight(window);
+        begin();
+        expectAllInSight(window);
+        EXPECT_EQ(window.preview().geometry().topLeft(), QPoint(10, 10));
+    }));
+}
+
+// As on a screen of 1,080 lines at 200 %, and on one of 768 lines.
+TEST_F(ReportWindowTest, OnASmallScreenThePreviewShrinks) {
+    for (const QSize room : {QSize(958, 490), QSize(520, 300)}) {
+        Begun small;
+        EXPECT_TRUE(withWindow(small, [&] {
+            QTest::mouseClick(&small.cmdBegin(), Qt::LeftButton);
+            small.resize(room);
+            EXPECT_EQ(small.size(), room);
+            expectAllInSight(small);
+        }));
+    }
+}
+
+TEST_F(ReportWindowTest, IsNoLargerThanTheScreen) {
+    window.setScaleSize(60000, 60000);
+    EXPECT_TRUE(withWindow(window, [&] {
+        EXPECT_TRUE(window.screen()->availableGeometry().contains(window.frameGeometry()));
+        expectAllInSight(window);
+    }));
+}
+
+TEST_F(ReportWindowTest, KeepsItsButtonsInPlaceWhenItIsSizedWhileItRuns) {
+    person.onYield = [&] {
+        window.resize(600, 400 + person.yields);
+        EXPECT_EQ(window.cmdBegin().text(), "&Cancel");
+        expectAllInSight(window);
+    };
+    EXPECT_TRUE(withWindow(window, [&] { begin(); }));
+    EXPECT_GE(person.yields, 3);
+}
+
+/// What the routine does with a window of that size, in twips.
+class ViewLimits : public ReportWindowTest {
+  protected:
+    ViewLimits() {
+        window.setMinimumSize(0, 0);
+        window.cmdBegin().setText("&Max View");
+        window.showModeless();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    void maximise(int width, int height) {
+        window.resize(forms::toPixels(width), forms::toPixels(height));
+        window.preview().show();
+        vdPrintView(window, true, {150, 150, 3000, 3000});
+    }
+};
+
+TEST_F(ViewLimits, AWindowOfLessThan400By100IsLeftAsItIs) {
+    maximise(9000, 385);
+    EXPECT_EQ(window.cmdBegin().text(), "&Max View");
+    maximise(9000, 405);
+    EXPECT_EQ(window.cmdBegin().text(), "&Restore");
+    window.setBeginCaption("&Max View");
+    maximise(90, 9000);
+    EXPECT_EQ(window.cmdBegin().text(), "&Max View");
+    maximise(105, 9000);
+    EXPECT_EQ(window.cmdBegin().text(), "&Restore");
+}
+
+TEST_F(ViewLimits, OneOfLessThan3000IsTooNarrowForThePreview) {
+    window.printer().ZoomMode(zoomPageWidth);
+    maximise(2985, 6000);
+    EXPECT_EQ(window.cmdBegin().text(), "&Restore");
+    EXPECT_FALSE(window.preview().isVisible());
+    EXPECT_EQ(window.printer().ZoomMode(), zoomPageWidth);
+    maximise(3000, 6000);
+    EXPECT_TRUE(window.preview().isVisible());
+    EXPECT_EQ(window.printer().ZoomMode(), zoomWholePage);
+    EXPECT_NEAR(forms::toTwips(window.preview().width()), 2900, pixel);
+}
+
+TEST_F(ViewLimits, TheLastFlagLeavesMoreSpaceBelow) {
+    maximise(9000, 9000);
+    const int buttons = top(window.CmdExit()), preview = window.preview().height();
+    vdPrintView(window, true, {150, 150, 3000, 3000}, "P", true);
+    EXPECT_NEAR(top(window.CmdExit()), buttons - 360, pixel);
+    EXPECT_NEAR(forms::toTwips(preview - window.preview().height()), 400, pixel);
+}
+
+TEST_F(ViewLimits, TheFocusIsLeftWhereItIsInAWindowThatIsMaximisedAlready) {
+    window.CmdExit().setFocus();
+    maximise(9000, 9000);
+    EXPECT_TRUE(window.cmdBegin().hasFocus());
+    window.CmdExit().setFocus();
+    maximise(9000, 9000);
+    EXPECT_TRUE(window.CmdExit().hasFocus());
 }
 
 TEST_F(ReportWindowTest, FitsAWidePageByItsWidthWhenMaximised) {

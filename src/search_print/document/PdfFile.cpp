@@ -27,9 +27,14 @@ QPageSize sizeOf(const Page& page) {
                      QPageSize::ExactMatch);
 }
 
-void paintPages(QPdfWriter& writer, const PageList& list, std::span<const Page> pages) {
+/// Whether all were painted.
+bool paintPages(QPdfWriter& writer, const PageList& list, std::span<const Page> pages,
+                const PageProgress& progress) {
     QPainter painter;
+    int number = 0;
     for (const Page& page : pages) {
+        if (progress && !progress(++number, static_cast<int>(pages.size())))
+            return false;
         writer.setPageSize(sizeOf(page));
         if (&page == &pages.front())
             painter.begin(&writer);
@@ -37,9 +42,12 @@ void paintPages(QPdfWriter& writer, const PageList& list, std::span<const Page> 
             writer.newPage();
         paintPage(painter, list, page);
     }
+    return true;
 }
 
-QByteArray pdfOf(const PageList& list, std::span<const Page> pages, const std::string& title) {
+/// The file's bytes, none when it was stopped.
+QByteArray pdfOf(const PageList& list, std::span<const Page> pages, const std::string& title,
+                 const PageProgress& progress) {
     QBuffer bytes;
     bytes.open(QIODevice::WriteOnly);
     QPdfWriter writer(&bytes);
@@ -47,8 +55,7 @@ QByteArray pdfOf(const PageList& list, std::span<const Page> pages, const std::s
     writer.setTitle(QString::fromStdString(title));
     writer.setCreator("Tolvane Module");
     writer.setPageMargins({});
-    paintPages(writer, list, pages);
-    return bytes.data();
+    return paintPages(writer, list, pages, progress) ? bytes.data() : QByteArray();
 }
 
 /// In one piece, since a writer of PDF files does not look whether its device took what it was given.
@@ -69,8 +76,10 @@ bool isReplaceable(const std::filesystem::path& file) {
 } // namespace
 
 void writePdf(const PageList& list, std::span<const Page> pages, const std::filesystem::path& file,
-              const std::string& title) {
-    const QByteArray bytes = pdfOf(list, pages, title);
+              const std::string& title, const PageProgress& progress) {
+    const QByteArray bytes = pdfOf(list, pages, title, progress);
+    if (bytes.isEmpty())
+        return;
     const QString name = QString::fromStdString(file.string());
     if (isReplaceable(file)) {
         QSaveFile target(name);

@@ -51,6 +51,22 @@ TEST_F(PdfFile, HoldsTextsThatCanBeSearched) {
     EXPECT_THAT(text, HasSubstr("Zeile 3 für office"));
 }
 
+TEST_F(PdfFile, StoppedItWritesNothing) {
+    std::vector<int> told;
+    const auto upToTheSecond = [&](int page, int pages) {
+        EXPECT_EQ(pages, 3);
+        told.push_back(page);
+        return page < 2;
+    };
+    writePdf(printer.document(), printer.document().pages, folder / "a.pdf", "", upToTheSecond);
+    EXPECT_THAT(told, testing::ElementsAre(1, 2));
+    EXPECT_FALSE(std::filesystem::exists(folder / "a.pdf"));
+    writePdf(printer.document(), printer.document().pages, folder / "a.pdf", "",
+             [&](int page, int) { return told.push_back(page), true; });
+    EXPECT_THAT(told, testing::ElementsAre(1, 2, 1, 2, 3));
+    EXPECT_TRUE(std::filesystem::exists(folder / "a.pdf"));
+}
+
 TEST_F(PdfFile, HasThePagesWithTheirSizes) {
     printer.Orientation(orientationLandscape);
     printer.NewPage();
