@@ -52,7 +52,7 @@ void frmDBPSearch::makeLists() {
 void frmDBPSearch::makeLocation() {
     addLabel(*this, "lblHint", "Double Click on a File Folder to Select", {150, 3930, 7500, 270});
     forms::setTextSize(addLabel(*this, "lblHPATHNAME", "Location:", {150, 4350, 1050, 270}), 100, true);
-    auto& location = *new screens::RowLabel(*this, "lblPATHNAME"); // a long one ends in an ellipsis
+    auto& location = *new screens::RowLabel(*this, "lblPATHNAME", screens::TextCut::Middle);
     location.setTransparent();
     forms::place(location, {1200 - screens::RowLabel::margin, 4350, 6510, 270});
     m_lblPATHNAME = &location;

@@ -10,6 +10,9 @@
 
 namespace tol::screens {
 
+/// Where a text that is wider than its column is cut: names and paths differ at both ends.
+enum class TextCut { End, Middle };
+
 /// A column of a list: an array of labels, one for each row, below a heading.
 struct BrowseColumn {
     std::string label;             ///< name of the label array, such as "lblMODULEID"
@@ -19,6 +22,7 @@ struct BrowseColumn {
     /// The field that is shown, Null as its type's blank value; or, if set, the text for the current record.
     std::string field = {};
     std::function<std::string(data::Recordset&)> text = nullptr;
+    TextCut cut = TextCut::End;
 };
 
 /// The children of one parent record, as a list shows them.

@@ -20,7 +20,7 @@
 namespace tol::screens {
 namespace {
 
-constexpr int headingHeight = 300;
+constexpr int headingHeight = 270;
 constexpr int border = 30;
 constexpr int focusHolderSize = 30;
 constexpr int gap = 120; // between rows and buttons
@@ -105,15 +105,24 @@ void ListPanel::makeRows(const BrowseDescription& description) {
     forms::place(frame, {m_left, m_top + headingHeight, left + border - m_left, rowsHeight()});
 }
 
-void ListPanel::makeColumn(const BrowseColumn& column, int left) {
-    QLabel& heading = forms::addLabel(
-        m_form, QString::fromStdString(column.headingLabel), QString::fromStdString(column.heading),
-        {left + RowLabel::margin, m_top, column.width - RowLabel::margin, headingHeight});
+/// A heading's text begins where those of the rows do; blanks before it lie to the left.
+void ListPanel::makeHeading(const BrowseColumn& column, int left) {
+    const QString text = QString::fromStdString(column.heading);
+    QLabel& heading = forms::addLabel(m_form, QString::fromStdString(column.headingLabel), text, {});
     forms::setTextSize(heading, 100, true);
+    const auto letter = std::ranges::find_if(text, [](QChar c) { return c != u' '; });
+    const QString blanks = text.first(letter - text.begin());
+    const int before = forms::toTwips(heading.fontMetrics().horizontalAdvance(blanks));
+    forms::place(heading, {left - before, m_top, column.width + before, headingHeight});
+    heading.setIndent(forms::toPixels(RowLabel::margin));
     heading.setVisible(column.width > 0);
+}
+
+void ListPanel::makeColumn(const BrowseColumn& column, int left) {
+    makeHeading(column, left);
     for (int row = 0; row < m_rowCount; ++row) {
-        auto& label =
-            *new RowLabel(m_form, QString("%1(%2)").arg(QString::fromStdString(column.label)).arg(row));
+        auto& label = *new RowLabel(
+            m_form, QString("%1(%2)").arg(QString::fromStdString(column.label)).arg(row), column.cut);
         forms::place(label, {left, rowTop(row), column.width, rowHeight});
         label.setVisible(column.width > 0);
         forms::onClick(label,
@@ -138,16 +147,19 @@ void ListPanel::makeButtons(const QString& prefix) {
             {left, where, buttonWidth, height},
             [this, key = button.key] { key == forms::keyNone ? clickAction() : clickMove(key); }));
     }
+    enableButtons();
 }
 
 void ListPanel::connectTo(BrowseList& list, std::function<void(int)> columnClicked) {
     m_list = &list;
     m_columnClicked = std::move(columnClicked);
+    enableButtons();
 }
 
 void ListPanel::disconnect() {
     m_list = nullptr;
     m_columnClicked = nullptr;
+    enableButtons();
 }
 
 void ListPanel::setAction(const QString& description, forms::EventProcedure click) {
@@ -195,12 +207,19 @@ void ListPanel::setRowColor(int row, std::uint32_t color) {
         tellHighlight(row);
 }
 
-void ListPanel::tellHighlight(int row) {
+std::string ListPanel::rowText(int row) const {
     QStringList texts;
-    for (const QLabel* label : m_rows[row])
+    for (const QLabel* label : m_rows.at(row))
         if (!label->isHidden() && !label->text().trimmed().isEmpty())
             texts.push_back(label->text().trimmed());
-    forms::announce(*m_focusHolder, texts.join(", "));
+    return texts.join(", ").toStdString();
+}
+
+void ListPanel::tellHighlight(int row) {
+    const std::string text = rowText(row);
+    forms::announce(*m_focusHolder, QString::fromStdString(text));
+    if (m_highlighted)
+        m_highlighted(text);
 }
 
 void ListPanel::takeFocus() {
@@ -213,8 +232,12 @@ bool ListPanel::isShown() const {
 
 void ListPanel::setInUse(bool inUse) {
     m_focusHolder->setEnabled(inUse);
+    enableButtons();
+}
+
+void ListPanel::enableButtons() {
     for (QPushButton* button : m_buttons)
-        button->setEnabled(inUse);
+        button->setEnabled(isInUse() && m_list != nullptr);
 }
 
 bool ListPanel::isInUse() const {

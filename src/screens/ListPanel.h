@@ -43,14 +43,21 @@ class ListPanel : public BrowsePage {
     /// `columnClicked` is told the column (from 0) before the list is told the row. Nothing is told
     /// while the list is out of use. The list has to live as long as the form takes clicks.
     void connectTo(BrowseList& list, std::function<void(int column)> columnClicked = nullptr);
-    /// Clicks lead nowhere from now on; nothing is held of the list.
+    /// Clicks lead nowhere from now on, and the buttons look so; nothing is held of the list.
     void disconnect();
     /// What the action button does in place of the list's own action, and what its tool tip says. Without a
     /// procedure there is no such button.
     void setAction(const QString& description, forms::EventProcedure click);
 
+    /// Is told the texts of the highlighted row, joined by commas, when another row is highlighted.
+    void onHighlight(std::function<void(const std::string& text)> procedure) {
+        m_highlighted = std::move(procedure);
+    }
+
     void setCaption(int row, int column, const std::string& caption) override;
     [[nodiscard]] std::string caption(int row, int column) const override;
+    /// The texts of a row as a whole, joined by commas.
+    [[nodiscard]] std::string rowText(int row) const;
     void setRowColor(int row, std::uint32_t color) override;
     void takeFocus() override;
     [[nodiscard]] bool isShown() const override;
@@ -73,8 +80,10 @@ class ListPanel : public BrowsePage {
 
   private:
     void makeRows(const BrowseDescription& description);
+    void makeHeading(const BrowseColumn& column, int left);
     void makeColumn(const BrowseColumn& column, int left);
     void makeButtons(const QString& prefix);
+    void enableButtons();
     [[nodiscard]] int rowsHeight() const;
     void clickRow(int row, int column);
     void clickMove(int key);
@@ -90,6 +99,7 @@ class ListPanel : public BrowsePage {
     std::vector<QPushButton*> m_buttons;
     BrowseList* m_list = nullptr;
     std::function<void(int)> m_columnClicked;
+    std::function<void(const std::string&)> m_highlighted;
     forms::EventProcedure m_action;
 };
 

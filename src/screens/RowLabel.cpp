@@ -9,7 +9,7 @@
 
 namespace tol::screens {
 
-RowLabel::RowLabel(QWidget& parent, const QString& name) : QLabel(&parent) {
+RowLabel::RowLabel(QWidget& parent, const QString& name, TextCut cut) : QLabel(&parent), m_cut(cut) {
     setObjectName(name);
     setTextFormat(Qt::PlainText);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -31,7 +31,8 @@ QRect RowLabel::textRect() const {
 }
 
 QString RowLabel::shownText() const {
-    return fontMetrics().elidedText(text(), Qt::ElideRight, textRect().width());
+    const Qt::TextElideMode ellipsis = m_cut == TextCut::Middle ? Qt::ElideMiddle : Qt::ElideRight;
+    return fontMetrics().elidedText(text(), ellipsis, textRect().width());
 }
 
 bool RowLabel::event(QEvent* event) {

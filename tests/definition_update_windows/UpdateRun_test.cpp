@@ -177,19 +177,23 @@ TEST_F(Run, TheModuleSaysWhichDatabasesMayBeMissing) {
 TEST_F(Run, TheActivityListFollowsTheRows) {
     addSites(12);
     UpdateWorld::addRowsOf("DATABASES", Json::parse(R"([["AWAY", "DBPATHS", "N", false]])"));
-    UpdateWorld::addRowsOf("ACTIVITYLOG", Json::parse(R"([["OLD"], ["OLD"]])"));
+    UpdateWorld::addRowsOf("ACTIVITYLOG", Json::parse(R"([["OLD"], ["OLD"], ["OLD"]])"));
     open();
     click("cmdTAGALL");
     std::vector<std::vector<std::string>> seen;
+    std::vector<std::string> shown;
     world.host.onYield = [&] {
         seen.push_back(column("lblALPATHNAME"));
-        EXPECT_EQ(highlighted("lblACTION"), -1);
+        shown.push_back(text("lblALROW"));
     };
     world.host.yields = 0;
     click("cmdCancel");
     ASSERT_GE(seen.size(), 24U);
-    EXPECT_THAT(seen[0], ElementsAre("SITE01", " ", " ", " ", " ", " ", " ", " "));
-    EXPECT_THAT(seen[1], ElementsAre("SITE01", "SITE01", " ", " ", " ", " ", " ", " "));
+    EXPECT_THAT(seen[0], ElementsAre("SITE01", "OLD", "OLD", " ", " ", " ", " ", " "))
+        << "the log of the run before stays until its rows are needed";
+    EXPECT_THAT(seen[1], ElementsAre("SITE01", "SITE01", "OLD", " ", " ", " ", " ", " "));
+    EXPECT_EQ(shown[0], "SITE01, AWAY, Cannot Find Database.") << "the row that came last, as a whole";
+    EXPECT_EQ(shown[23], "SITE12, AWAY, Cannot Find Database.");
     EXPECT_THAT(seen[7],
                 ElementsAre("SITE01", "SITE01", "SITE02", "SITE02", "SITE03", "SITE03", "SITE04", "SITE04"));
     EXPECT_THAT(seen[8],
@@ -305,18 +309,20 @@ TEST_F(Run, KeysAndClicksOnTheListsDoNothingMeanwhile) {
     atYield(20, [&] {
         const auto before = column("lblALPATHNAME");
         const auto marksBefore = marked();
-        for (const char* list : {"lblALPATHNAME(3)", "lblPATHNAME(3)", "lblACTION(0)"})
+        for (const char* list : {"lblALPATHNAME(3)", "lblPATHNAME(3)", "lblACTION(1)"})
             click(list);
         for (const char* prefix : {"cmdALB", "cmdVDB"})
-            for (const char* button : {"HOME", "END", "PGUP", "PGDN", "UPARROW", "DNARROW"})
+            for (const char* button : {"HOME", "END", "PGUP", "PGDN", "UPARROW", "DNARROW"}) {
+                EXPECT_FALSE(enabled(QString(prefix) + button)) << prefix << button;
                 poke(QString(prefix) + button);
+            }
         poke("cmdVDBACTION");
         for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_End, Qt::Key_PageUp,
                                   Qt::Key_PageDown, Qt::Key_T, Qt::Key_Return, Qt::Key_Delete})
             press(key);
         EXPECT_EQ(column("lblALPATHNAME"), before);
         EXPECT_EQ(marked(), marksBefore);
-        EXPECT_EQ(highlighted("lblACTION"), -1);
+        EXPECT_EQ(highlighted("lblACTION"), 0) << "where it was before the run";
         EXPECT_EQ(highlighted("lblPATHNAME"), -1);
         EXPECT_EQ(state(), running);
     });

@@ -2,12 +2,14 @@
 // The update window before a run: what it shows, its two lists, and the tags.
 #include "UpdateWindow.h"
 
+#include "screens/RowLabel.h"
 #include "shell/vdfunctions/vdfunctions.h"
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QTest>
 
 namespace tol::test {
@@ -119,6 +121,55 @@ TEST_F(Tags, TheListsShowSitesAndTheLastLog) {
     EXPECT_EQ(highlighted("lblACTION"), 0);
     EXPECT_EQ(focus(), "hsbMAIN");
     EXPECT_THAT(marked(), IsEmpty());
+}
+
+TEST_F(Tags, TheUpdatesOwnTextsFitAndNamesAreCutInTheirMiddle) {
+    constexpr const char* actions[] = {"DATABASE DEFINITION UPDATE INCOMPLETE.",
+                                       "Changed Field Size. Some Data may be lost.",
+                                       "Changed Field Type. DATA MAY BE LOST",
+                                       "Cannot Process. Development Databases.",
+                                       "Database Ok. No Changes Made.",
+                                       "WNDPATH Database is Empty.",
+                                       "Added Field to Index Key.",
+                                       "Cannot Empty OLDINDEXES Table."};
+    Json log = Json::array();
+    for (const char* action : actions)
+        log.push_back(
+            Json::array({"SITE", "ZOVINVOICE", "SUPPLIERPAYMENTDETAILS1", " ", "F", action, "", ""}));
+    UpdateWorld::addRowsOf("ACTIVITYLOG", log);
+    open();
+    const auto shown = [&](const QString& label) {
+        return person().control<screens::RowLabel>(label).shownText();
+    };
+    for (int row = 0; row < 8; ++row)
+        EXPECT_EQ(shown(QString("lblACTION(%1)").arg(row)), actions[row]);
+    const QString cut = shown("lblTABLENAME(0)");
+    EXPECT_TRUE(cut.startsWith("SUPP") && cut.endsWith("S1") && cut.contains(u'\u2026')) << cut.toStdString();
+}
+
+TEST_F(Tags, TheHighlightedRowOfTheLogIsOnShowAsAWhole) {
+    const std::string table(40, 'W');
+    UpdateWorld::addRowsOf(
+        "ACTIVITYLOG",
+        Json::array(
+            {Json::array({"BAYFRONT TOWER", "JOBS", table, "BYNO", "NO", "Added New Field", "", ""}),
+             Json::array({"NORTH", "JOBS", " ", " ", " ", "Database Ok. No Changes Made.", "", ""})}));
+    open();
+    const auto onShow = [&] {
+        const auto& label = person().control<QLabel>("lblALROW");
+        const QStringList lines = label.text().split('\n');
+        EXPECT_LE(lines.size() * label.fontMetrics().height(), label.height());
+        for (const QString& line : lines)
+            EXPECT_LE(label.fontMetrics().horizontalAdvance(line), label.width());
+        EXPECT_EQ(label.accessibleName(), lines.join(' '));
+        return lines.join(' ').toStdString();
+    };
+    EXPECT_EQ(onShow(), "BAYFRONT TOWER, JOBS, " + table + ", BYNO, NO, Added New Field");
+    click("lblACTION(1)");
+    EXPECT_EQ(onShow(), "NORTH, JOBS, Database Ok. No Changes Made.");
+    click("cmdALBEND");
+    click("cmdALBDNARROW");
+    EXPECT_EQ(onShow(), "End of List");
 }
 
 TEST_F(Tags, EmptyListsSaySoAndNothingCanBeTagged) {

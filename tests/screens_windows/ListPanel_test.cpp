@@ -2,6 +2,7 @@
 #include "screens/ListPanel.h"
 
 #include "forms/Form.h"
+#include "screens/BrowseList.h"
 #include "support/WindowDriver.h"
 
 #include <gmock/gmock.h>
@@ -24,7 +25,7 @@ BrowseDescription twoColumns(const std::string& suffix) {
     return {
         .columns =
             {{.label = "lblA" + suffix, .headingLabel = "lblHA" + suffix, .heading = "First", .width = 900},
-             {.label = "lblB" + suffix, .headingLabel = "lblHB" + suffix, .heading = "Second", .width = 1500},
+             {.label = "lblB" + suffix, .headingLabel = "lblHB" + suffix, .heading = " IInd", .width = 1500},
              {.label = "lblTAG" + suffix, .headingLabel = "lblHTAG" + suffix}},
         .rows = 3};
 }
@@ -45,7 +46,8 @@ class Panels : public testing::Test {
         return QToolTip::text();
     }
     [[nodiscard]] QColor frameColor(const QString& name) {
-        return form.grab().toImage().pixelColor(desk.control(name).geometry().topLeft());
+        const QImage picture = form.grab().toImage();
+        return picture.pixelColor(desk.control(name).geometry().topLeft() * picture.devicePixelRatio());
     }
 
     forms::Form form{"frmTest"};
@@ -126,6 +128,11 @@ TEST_F(Panels, TheFrameTellsWhichListHasTheKeyboard) {
 }
 
 TEST_F(Panels, OutOfUseItTakesNoFocusAndItsButtonsAreGrey) {
+    data::Recordset none;
+    screens::BrowseList upperList(upper, twoColumns(""), none, {}, {});
+    screens::BrowseList lowerList(lower, twoColumns("L"), none, {}, {});
+    upper.connectTo(upperList);
+    lower.connectTo(lowerList);
     lower.takeFocus();
     upper.setInUse(false);
     upper.takeFocus();
@@ -135,13 +142,33 @@ TEST_F(Panels, OutOfUseItTakesNoFocusAndItsButtonsAreGrey) {
     EXPECT_TRUE(desk.control("cmdALBHOME").isEnabled());
     upper.setInUse(true);
     EXPECT_TRUE(desk.control("cmdVDBHOME").isEnabled());
+    upper.disconnect();
+    EXPECT_FALSE(desk.control("cmdVDBHOME").isEnabled()) << "there is no list that it would move";
+    EXPECT_TRUE(upper.isInUse());
 }
 
 TEST_F(Panels, UnconnectedTheyPassClicksOver) {
     desk.click("lblA(1)");
-    desk.click("cmdVDBEND");
-    desk.click("cmdALBACTION");
+    for (const char* button : {"cmdVDBEND", "cmdALBACTION"})
+        EXPECT_FALSE(desk.control(button).isEnabled()) << button;
     EXPECT_THAT(desk.highlighted("lblA"), testing::IsEmpty());
+}
+
+TEST_F(Panels, HeadingsStandOverTheirColumns) {
+    const auto firstInk = [](const QImage& image, QRgb paper) {
+        for (int x = 0; x < image.width(); ++x)
+            for (int y = 0; y < image.height(); ++y)
+                if (image.pixel(x, y) != paper)
+                    return x;
+        return -1;
+    };
+    upper.setCaption(0, 1, "I");
+    QLabel& heading = desk.control<QLabel>("lblHB");
+    const auto inkOf = [&](QLabel& label) {
+        QImage image = label.grab().toImage();
+        return label.x() + firstInk(image, image.pixel(image.width() - 1, 0)) / image.devicePixelRatio();
+    };
+    EXPECT_NEAR(inkOf(heading), inkOf(upper.label(0, 1)), 1.5) << "its blank in front is not shown";
 }
 
 TEST_F(Panels, TheHighlightedRowIsTold) {

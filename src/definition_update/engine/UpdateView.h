@@ -35,7 +35,8 @@ class UpdateView {
     virtual void showLabel(RunLabel label, const std::string& text) = 0;
     /// The record labels ("Record: n of m") appear and disappear together.
     virtual void showRecordLabels(bool visible) = 0;
-    /// The activity list is emptied and its row pointer goes back to the first row.
+    /// The activity list's row pointer goes back to the first row; its rows stay until others take their
+    /// places.
     virtual void resetActivity() = 0;
     virtual void showActivity(const ActivityRow& row) = 0;
     /// The run has ended and the log was reopened: fill the activity list from its first row.

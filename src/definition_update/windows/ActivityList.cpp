@@ -2,21 +2,35 @@
 #include "definition_update/windows/ActivityList.h"
 
 #include "definition_update/windows/ListKeys.h"
+#include "forms/Controls.h"
+#include "forms/Form.h"
+#include "forms/LineBreaks.h"
+
+#include <QLabel>
 
 namespace tol::update {
 namespace {
 
 constexpr int rows = 8;
 constexpr int lastRow = rows - 1;
+constexpr int captionHeight = 255;
+constexpr int captionWidth = 1500;
+constexpr int lineHeight = 435; // two lines of text
 
+screens::BrowseColumn nameColumn(const char* label, const char* headingLabel, const char* heading, int width,
+                                 const char* field) {
+    return {label, headingLabel, heading, width, field, nullptr, screens::TextCut::Middle};
+}
+
+// The last column holds every text that the update itself writes.
 screens::BrowseDescription description() {
     return {.index = "",
-            .columns = {{"lblALPATHNAME", "lblHALPATHNAME", "Job Site", 1980, "PATHNAME"},
-                        {"lblDBNAME", "lblHDBNAME", "Database", 1140, "DBNAME"},
-                        {"lblTABLENAME", "lblHTABLENAME", "Table", 1230, "TABLENAME"},
-                        {"lblINDEXNAME", "lblHINDEXNAME", "Index", 1230, "INDEXNAME"},
-                        {"lblFIELDNAME", "lblHFIELDNAME", "Field", 1320, "FIELDNAME"},
-                        {"lblACTION", "Label1", "Action", 3900, "Action"}},
+            .columns = {nameColumn("lblALPATHNAME", "lblHALPATHNAME", "Job Site", 1830, "PATHNAME"),
+                        nameColumn("lblDBNAME", "lblHDBNAME", "Database", 1110, "DBNAME"),
+                        nameColumn("lblTABLENAME", "lblHTABLENAME", "Table", 1185, "TABLENAME"),
+                        nameColumn("lblINDEXNAME", "lblHINDEXNAME", "Index", 1185, "INDEXNAME"),
+                        nameColumn("lblFIELDNAME", "lblHFIELDNAME", "Field", 1185, "FIELDNAME"),
+                        {"lblACTION", "Label1", "Action", 4305, "Action"}},
             .descriptionColumn = 5,
             .rows = rows,
             .endText = "End of List",
@@ -26,8 +40,27 @@ screens::BrowseDescription description() {
 } // namespace
 
 ActivityList::ActivityList(forms::Form& form, int left, int top)
-    : m_panel(form, description(), {left, top, "hsbALMAIN", "cmdALB", "Activity Log"}) {
+    : m_panel(form, description(), {left, top + lineHeight, "hsbALMAIN", "cmdALB", "Activity Log"}),
+      m_rowText(forms::addLabel(form, "lblALROW", {},
+                                {left + captionWidth, top, m_panel.width() - captionWidth, lineHeight})) {
+    QLabel& caption = forms::addLabel(form, "lblHHActivityLog", "Activity Log",
+                                      {left, top + lineHeight - captionHeight, captionWidth, captionHeight});
+    forms::setTextSize(caption, 110, true);
+    m_rowText.setAlignment(Qt::AlignLeft | Qt::AlignBottom);
     m_panel.setAction({}, nullptr); // a row of the log is only looked at
+    m_panel.onHighlight([this](const std::string& text) { showWhole(text); });
+}
+
+// The columns are too narrow for long names.
+void ActivityList::showWhole(const std::string& text) {
+    const QString whole = QString::fromStdString(text);
+    m_rowText.setText(forms::inLines(whole, m_rowText.fontMetrics(), m_rowText.width(), m_rowText.width()));
+    m_rowText.setAccessibleName(whole);
+    m_rowText.setToolTip(whole);
+}
+
+int ActivityList::height() const {
+    return lineHeight + m_panel.height();
 }
 
 void ActivityList::open(DefinitionUpdate& update) {
@@ -46,10 +79,6 @@ void ActivityList::close() {
 
 void ActivityList::reset() {
     close();
-    for (int row = 0; row < rows; ++row) {
-        setRow(row, {" ", " ", " ", " ", " ", " "});
-        m_panel.setRowColor(row, screens::rgb(256, 256, 256));
-    }
     m_nextRow = 0;
 }
 
@@ -59,6 +88,7 @@ void ActivityList::show(const ActivityRow& row) {
         m_nextRow = lastRow;
     }
     setRow(m_nextRow, {row.PATHNAME, row.DBNAME, row.TABLENAME, row.INDEXNAME, row.FIELDNAME, row.Action});
+    showWhole(m_panel.rowText(m_nextRow));
     ++m_nextRow;
 }
 

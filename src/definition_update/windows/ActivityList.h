@@ -8,10 +8,13 @@
 
 #include <memory>
 
+class QLabel;
+
 namespace tol::update {
 
 /// The activity log on the update window. Between runs it is a list to browse in; during a run it follows
-/// the rows that the run reports, and keys and clicks do nothing. Its controls are the form's.
+/// the rows that the run reports, and keys and clicks do nothing. Beside its caption the highlighted row, or
+/// the one reported last, is on show with nothing cut. Its controls are the form's.
 class ActivityList {
   public:
     ActivityList(forms::Form& form, int left, int top);
@@ -20,7 +23,7 @@ class ActivityList {
     void open(DefinitionUpdate& update);
     /// To be called before the log is closed.
     void close();
-    /// Empties the list; the rows that follow come one below the other.
+    /// The rows that follow take the places of those that are there, from the first one on.
     void reset();
     void show(const ActivityRow& row);
 
@@ -28,13 +31,16 @@ class ActivityList {
     void takeFocus() { m_panel.takeFocus(); }
     void setInUse(bool inUse) { m_panel.setInUse(inUse); }
     [[nodiscard]] bool hasFocus() const { return m_panel.hasFocus(); }
-    [[nodiscard]] int height() const { return m_panel.height(); }
+    /// Extent with the caption, in twips.
+    [[nodiscard]] int height() const;
 
   private:
+    void showWhole(const std::string& text);
     void scrollUp();
     void setRow(int row, const std::array<std::string, 6>& captions);
 
     screens::ListPanel m_panel;
+    QLabel& m_rowText;
     std::unique_ptr<screens::BrowseList> m_list; ///< while the list can be browsed
     int m_nextRow = 0;
 };

@@ -32,7 +32,8 @@ JobSiteList::JobSiteList(forms::Form& form, int left, int top, forms::EventProce
 screens::BrowseDescription JobSiteList::description() const {
     return {.index = "DBPATHS",
             .columns = {{"lblPATHNAME", "lblHPATHNAME", "Job Site", 2100, "PATHNAME"},
-                        {"lblPATHTEXT", "lblHPATHTEXT", " Location of Database Files", 4350, "PathText"},
+                        {"lblPATHTEXT", "lblHPATHTEXT", " Location of Database Files", 4350, "PathText",
+                         nullptr, screens::TextCut::Middle},
                         {"lblTAG", "lblHTAG", "Tag", 600, "",
                          [this](data::Recordset& site) { return markOf(site); }}},
             .descriptionColumn = 1,

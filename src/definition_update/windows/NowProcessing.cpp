@@ -10,8 +10,8 @@
 namespace tol::update {
 namespace {
 
-constexpr int firstLine = 330;
-constexpr int lineHeight = 285;
+constexpr int firstLine = 315;
+constexpr int lineHeight = 270;
 constexpr int margin = 150;
 constexpr int headingWidth = 1050;
 constexpr int secondColumn = 7500;
@@ -40,7 +40,7 @@ NowProcessing::NowProcessing(QWidget& parent, forms::Place where)
 void NowProcessing::addLine(const char* headingName, const char* heading, RunLabel label, const char* name,
                             forms::Place where) {
     forms::addLabel(m_frame, headingName, heading, {where.left, where.top, headingWidth, where.height});
-    auto& text = *new screens::RowLabel(m_frame, name);
+    auto& text = *new screens::RowLabel(m_frame, name, screens::TextCut::Middle);
     text.setTransparent();
     forms::place(text, {where.left + headingWidth, where.top, where.width - headingWidth, where.height});
     m_labels.at(static_cast<std::size_t>(label)) = &text;

@@ -17,9 +17,10 @@ namespace {
 
 constexpr int windowWidth = 11700;
 constexpr int margin = 120;
-constexpr int frameHeight = 1275;
+constexpr int frameHeight = 1185;
+constexpr int gap = 75; // between what lies below each other
 constexpr int captionHeight = 255;
-constexpr int captionsTop = margin + frameHeight + 90;
+constexpr int captionsTop = margin + frameHeight + gap;
 constexpr int listTop = captionsTop + captionHeight;
 constexpr int buttonWidth = 3450;
 constexpr int buttonHeight = 360;
@@ -45,17 +46,13 @@ frmDBUDDU::frmDBUDDU()
       m_cmdPrint(addButton("cmdPrint", "&Print Activity Log", "Print DB Definition Update Activity", 5,
                            &frmDBUDDU::cmdPrint_Click)),
       m_cmdExit(addButton("cmdExit", "E&xit", "", 6, &frmDBUDDU::cmdExit_Click)),
-      m_activity(*this, margin, listTop + m_jobSites.height() + 90 + captionHeight) {
+      m_activity(*this, margin, listTop + m_jobSites.height() + gap) {
     setWindowTitle("Database Definition Update Utility");
-    const int activityTop = listTop + m_jobSites.height() + 90 + captionHeight;
-    setScaleSize(windowWidth, activityTop + m_activity.height() + margin);
+    setScaleSize(windowWidth, listTop + m_jobSites.height() + gap + m_activity.height() + margin);
     makeInstructions();
-    const auto addCaption = [this](const char* name, const char* caption, int top) {
-        forms::setTextSize(forms::addLabel(*this, name, caption, {margin, top, 4500, captionHeight}), 110,
-                           true);
-    };
-    addCaption("lblHJOBSITES", "Job Sites", captionsTop);
-    addCaption("lblHHActivityLog", "Activity Log", activityTop - captionHeight);
+    QLabel& caption =
+        forms::addLabel(*this, "lblHJOBSITES", "Job Sites", {margin, captionsTop, 4500, captionHeight});
+    forms::setTextSize(caption, 110, true);
     connect(qApp, &QApplication::focusChanged, this, [this] { noteActiveList(); });
 }
 
@@ -75,10 +72,10 @@ void frmDBUDDU::makeInstructions() {
                              "move to the item and re-tag."},
         {"Label2", "If you have only one site then just click on the Begin button."},
     };
-    int top = 330;
+    int top = 315;
     for (const Line& line : lines) {
-        forms::addLabel(m_fraInstructions, line.name, line.text, {150, top, topFrame.width - 300, 285});
-        top += 285;
+        forms::addLabel(m_fraInstructions, line.name, line.text, {150, top, topFrame.width - 300, 270});
+        top += 270;
     }
 }
 
