@@ -67,7 +67,8 @@ screens::ListWindowDescription frmDBPBrowse::description() {
                               .headingLabel = "lblHPATHTEXT",
                               .heading = " Location of Database Files",
                               .width = 5700,
-                              .field = "PathText"}},
+                              .field = "PathText",
+                              .cut = screens::TextCut::Middle}},
                  .rows = 8,
                  .endText = "End of List",
                  .emptyText = "List is Empty"},
@@ -106,7 +107,8 @@ void frmDBPBrowse::cmdSelectPath_Click() {
     frmDBPSearch picker;
     picker.sPath = path.Text();
     picker.showModal(this);
-    path.Text(picker.sPath);
+    if (picker.sPath != path.Text()) // a drive's own folder ends in a backslash
+        path.Text(withoutBackslash(picker.sPath));
 }
 
 void frmDBPBrowse::cmdPrint_Click() {

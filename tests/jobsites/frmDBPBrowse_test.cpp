@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "jobsites/frmDBPBrowse.h"
 
+#include "forms/DriveList.h"
 #include "forms/Form.h"
 #include "forms/LoadedForms.h"
 #include "forms/TextBox.h"
 #include "jobsites/frmDBPSearch.h"
 #include "runtime/Text.h"
+#include "screens/RowLabel.h"
 #include "search_print/ReportWindow.h"
 #include "support/KeepPicture.h"
 #include "support/ListWindowTest.h"
@@ -113,6 +115,14 @@ TEST_F(JobSites, SaysWhenTheTableIsEmpty) {
     EXPECT_THAT(page(), ElementsAre(" |List is Empty"));
     EXPECT_EQ(highlight(), 0);
     desk->keepPicture("job-sites-empty");
+}
+
+TEST_F(JobSites, ALongPathIsCutInItsMiddle) {
+    const std::string location = "C:\\JOBS\\" + std::string(70, 'W') + "\\NORTH";
+    openWith({{std::int32_t{1}, "NORTH", location}});
+    const QString shown = desk->control<screens::RowLabel>("lblPATHTEXT(0)").shownText();
+    EXPECT_TRUE(shown.startsWith("C:\\JOBS\\WW") && shown.endsWith("WW\\NORTH")) << shown.toStdString();
+    EXPECT_EQ(desk->text("lblPATHTEXT(0)"), location);
 }
 
 TEST_F(JobSites, ANullIsShownAsABlank) {
@@ -313,6 +323,25 @@ TEST_F(PickingALocation, PutsItIntoTheBox) {
     EXPECT_EQ(desk->text("txtPATHTEXT"), runtime::upperCase(folder.path().string()));
 }
 
+TEST_F(PickingALocation, ADrivesOwnFolderLosesItsBackslash) {
+    openWith({site(1, "NORTH", "C:\\NORTH")});
+    desk->press(Qt::Key_E);
+    const Visit<jobsites::frmDBPSearch> visit([](jobsites::frmDBPSearch& picker) {
+        const WindowDriver atPicker(picker);
+        auto& drives = atPicker.control<forms::DriveList>("Drive1");
+        drives.setFocus();
+        atPicker.press(Qt::Key_Home);
+        for (int i = 0; i < drives.count() && drives.Drive() != "C:"; ++i)
+            atPicker.press(Qt::Key_Down);
+        EXPECT_EQ(atPicker.text("lblPATHNAME"), "C:\\");
+        atPicker.press(Qt::Key_S, Qt::AltModifier);
+    });
+    desk->click("cmdSelectPath");
+    EXPECT_EQ(desk->text("txtPATHTEXT"), "C:");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_THAT(table.rows(), ElementsAre("1|NORTH|C:"));
+}
+
 TEST_F(PickingALocation, EscLeavesTheBoxAsItIs) {
     pickAndPress(Qt::Key_Escape);
     EXPECT_EQ(desk->text("txtPATHTEXT"), "C:\\NORTH");
@@ -374,6 +403,19 @@ TEST_F(JobSites, AMissingTableLeavesOnlyTheExitButton) {
         desk->press(key);
     EXPECT_EQ(person.boxes.size(), 1U);
     desk->click("cmdExit");
+    EXPECT_EQ(forms::LoadedForms::Count(), 0);
+}
+
+TEST_F(JobSites, AMissingDatabaseLeavesOnlyTheExitButton) {
+    std::filesystem::remove("DBPATHS.MDB");
+    open();
+    ASSERT_EQ(person.boxes.size(), 1U);
+    EXPECT_EQ(person.boxes[0].title, "Error Displaying Form");
+    EXPECT_THAT(person.boxes[0].text,
+                testing::HasSubstr("Error Loading Form: frmDBPBrowse\n\nError Number: 3024\n\n"));
+    expectOnlyTheExitButton();
+    EXPECT_FALSE(std::filesystem::exists("DBPATHS.MDB"));
+    desk->press(Qt::Key_Escape);
     EXPECT_EQ(forms::LoadedForms::Count(), 0);
 }
 
