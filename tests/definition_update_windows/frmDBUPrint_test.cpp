@@ -141,18 +141,33 @@ TEST_F(PrintWindow, LeftByEsc) {
     EXPECT_FALSE(window.isLoaded());
 }
 
-TEST_F(PrintWindow, WithoutTheLogItCanOnlyBeLeft) {
+/// Shows the window, which tells that error and is then left.
+class PrintWindowWithoutLog : public PrintWindow {
+  protected:
+    void expectExitOnly(const std::string& error) {
+        show();
+        ASSERT_EQ(world.host.boxes.size(), 1U);
+        EXPECT_EQ(world.host.boxes[0].title, "Error During Processing");
+        EXPECT_THAT(world.host.boxes[0].text,
+                    StartsWith("Error Encountered In Form: frmDBUPrint\nError: " + error + " Load\n"));
+        EXPECT_FALSE(person.isEnabled("cmdBegin"));
+        EXPECT_EQ(person.focus(), "CmdExit");
+        person.press(Qt::Key_P);
+        person.click("CmdExit");
+        EXPECT_FALSE(window.isLoaded());
+        EXPECT_EQ(world.host.boxes.size(), 1U);
+    }
+};
+
+TEST_F(PrintWindowWithoutLog, ItIsDamaged) {
     world.folder.write("ZOVDEF.MDB", "torn to pieces, every single page of it");
-    show();
-    ASSERT_EQ(world.host.boxes.size(), 1U);
-    EXPECT_EQ(world.host.boxes[0].title, "Error During Processing");
-    EXPECT_THAT(world.host.boxes[0].text,
-                StartsWith("Error Encountered In Form: frmDBUPrint\nError: 3343 Load\n"));
-    EXPECT_FALSE(person.isEnabled("cmdBegin"));
-    person.press(Qt::Key_P);
-    person.click("CmdExit");
-    EXPECT_FALSE(window.isLoaded());
-    EXPECT_EQ(world.host.boxes.size(), 1U);
+    expectExitOnly("3343");
+}
+
+TEST_F(PrintWindowWithoutLog, ItIsMissing) {
+    std::filesystem::remove(world.folder / "ZOVDEF.MDB");
+    expectExitOnly("3024");
+    EXPECT_FALSE(std::filesystem::exists(world.folder / "ZOVDEF.MDB"));
 }
 
 } // namespace

@@ -54,9 +54,15 @@ TEST_F(Modules, AnEmptyTableSaysSoAndEditDeleteAndPrintDoNothing) {
     EXPECT_THAT(page(), ElementsAre(" |List is Empty."));
     EXPECT_EQ(highlight(), 0);
     desk->keepPicture("modules-empty");
-    for (const Qt::Key key : {Qt::Key_E, Qt::Key_D, Qt::Key_Delete, Qt::Key_Down, Qt::Key_Up, Qt::Key_Home,
-                              Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown})
+    for (const Qt::Key key : {Qt::Key_D, Qt::Key_Delete, Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_End,
+                              Qt::Key_PageUp, Qt::Key_PageDown}) {
         desk->press(key);
+        EXPECT_FALSE(isEditing()) << key;
+    }
+    desk->control("cmdPrint").setFocus();
+    desk->press(Qt::Key_E);
+    EXPECT_FALSE(isEditing());
+    EXPECT_EQ(desk->focus(), "hsbMAIN") << "an edit of nothing gives the keyboard back to the list";
     for (const char* button : {"cmdEdit", "cmdDelete", "cmdPrint", "cmdVDBHOME", "cmdVDBEND"}) {
         desk->click(button);
         EXPECT_EQ(desk->focus(), "hsbMAIN") << button;

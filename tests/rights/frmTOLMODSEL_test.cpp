@@ -199,5 +199,22 @@ TEST_F(SelectModule, OnlyCancelIsLeftWhenTheDatabaseIsDamaged) {
               " ");
 }
 
+TEST_F(SelectModule, OnlyCancelIsLeftWhenTheDatabaseIsMissing) {
+    std::filesystem::remove("ZOVNET.MDB");
+    EXPECT_EQ(choose([&] {
+                  ASSERT_EQ(person.boxes.size(), 2U);
+                  EXPECT_EQ(person.boxes[0].title, "Cannot Access");
+                  EXPECT_EQ(person.boxes[1].title, "Error Displaying Form");
+                  EXPECT_THAT(person.boxes[1].text,
+                              testing::StartsWith("Error Loading Form: frmTOLMODSEL\n\nError Number: 3024"));
+                  for (const char* hidden : {"lstMODULEID", "cmdSelect", "lblInstruction"})
+                      EXPECT_FALSE(desk->isShown(hidden)) << hidden;
+                  EXPECT_EQ(desk->focus(), "cmdCancel");
+                  cancel();
+              }),
+              " ");
+    EXPECT_FALSE(std::filesystem::exists("ZOVNET.MDB"));
+}
+
 } // namespace
 } // namespace tol::test

@@ -302,6 +302,16 @@ TEST_F(frmvdPrintTest, AMissingDatabaseLeavesTheExitButton) {
     EXPECT_THAT(person.boxes[0].text, HasSubstr("Error Loading Form: frmvdPrint\n\nError Number: 3024\n\n"));
 }
 
+TEST_F(frmvdPrintTest, ADamagedDatabaseLeavesTheExitButton) {
+    const std::string torn(9000, 'x');
+    folder.write("LIST.MDB", torn);
+    EXPECT_TRUE(withReport(namesAndPlaces(), expectNothingButExit));
+    ASSERT_EQ(person.boxes.size(), 1U);
+    EXPECT_EQ(person.boxes[0].title, "Error Displaying Form");
+    EXPECT_THAT(person.boxes[0].text, HasSubstr("Error Loading Form: frmvdPrint\n\nError Number: 3343\n\n"));
+    EXPECT_EQ(folder.read("LIST.MDB"), torn);
+}
+
 TEST_F(frmvdPrintTest, AWrongTableIndexOrFieldLeavesTheExitButton) {
     folder.add({{"NORTH"}});
     for (const auto member :
