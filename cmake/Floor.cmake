@@ -28,7 +28,7 @@ endfunction()
 # tol_test(<name> LABEL unit|gui|e2e SOURCES <files...> LINKS <libraries...> [MAIN <library with main()>]
 #          [ENVIRONMENT <name=value>] [IN_MEMORY])
 # IN_MEMORY is for tests that make many small databases: they do so in memory, where the system has such
-# a folder.
+# a folder. Tests with the label gui run once more on a screen of 200 %, all of a program in one process.
 function(tol_test name)
   cmake_parse_arguments(ARG "IN_MEMORY" "LABEL;MAIN;ENVIRONMENT" "SOURCES;LINKS" ${ARGN})
   set(properties LABELS "${ARG_LABEL}" TIMEOUT 600)
@@ -44,4 +44,9 @@ function(tol_test name)
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} tol_test_support tol_warnings GTest::gmock ${ARG_MAIN})
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ${properties})
+  if(ARG_LABEL STREQUAL "gui")
+    add_test(NAME ${name}.AtScale2 COMMAND ${name})
+    set_tests_properties(${name}.AtScale2 PROPERTIES ${properties} ENVIRONMENT
+      "QT_SCALE_FACTOR=2;QT_QPA_PLATFORM=offscreen:configfile=${PROJECT_SOURCE_DIR}/tests/support/large-screen.json")
+  endif()
 endfunction()
