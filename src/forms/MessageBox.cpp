@@ -88,6 +88,7 @@ class WholeTextBox : public QMessageBox {
         setTextFormat(Qt::PlainText);
         setText(inLines(told, label.fontMetrics(), std::min(toPixels(usualWidth), room), room));
         label.setAccessibleName(told);
+        label.setFocusPolicy(Qt::NoFocus); // a click on the text leaves the keyboard to the buttons
     }
 
   protected:

@@ -82,6 +82,18 @@ TEST(MessageBox, AShortTextHasNoLineEndsButItsOwn) {
     EXPECT_EQ(shownLines("Line 1\n\nThe database C:\\ZOVUSER\\ZOVUSER.MDB  ?").size(), 3);
 }
 
+TEST(MessageBox, AClickOnItsTextLeavesTheKeyboardToItsButton) {
+    test::BoxAnswerer person;
+    person.onBox = [](QMessageBox& box) {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+        QTest::mouseClick(box.findChild<QLabel*>("qt_msgbox_label"), Qt::LeftButton);
+        EXPECT_TRUE(box.findChild<QAbstractButton*>("cmdOK")->hasFocus());
+        box.close();
+    };
+    showMessageBox("A text", {}, "T");
+    EXPECT_EQ(person.boxes.size(), 1U);
+}
+
 TEST(MessageBox, TakesTextForPlainText) {
     test::BoxAnswerer person;
     person.onBox = [](QMessageBox& box) {
