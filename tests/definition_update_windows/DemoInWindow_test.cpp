@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A run of the whole demo in the update window: all sites, every question answered Yes.
+// Runs of the demo in the update window: all sites, every question answered Yes.
 #include "Person.h"
 #include "definition_update/windows/frmDBUDDU.h"
 #include "demo_support/DemoFolder.h"
@@ -12,15 +12,49 @@
 namespace tol::test {
 namespace {
 
-TEST(DemoInWindow, FinishesAndShowsTheLogThatItWrote) {
+/// The update window before the demo.
+class DemoInWindow : public testing::Test {
+  protected:
+    DemoInWindow() {
+        main.setSize(11985, 9090);
+        main.load();
+        main.show();
+        auto made = std::make_unique<update::frmDBUDDU>();
+        window = made.get();
+        main.showChild(std::move(made));
+    }
+    /// The log as it is stored: Job Site, database and action.
+    static std::vector<std::string> storedLog() {
+        std::vector<std::string> log;
+        forEachRow("ZOVDEF.MDB", "ACTIVITYLOG", [&](const data::Recordset& row) {
+            log.push_back(text(row, "PATHNAME") + "|" + text(row, "DBNAME") + "|" + text(row, "Action"));
+        });
+        return log;
+    }
+
     DemoFolder folder;
-    forms::MdiForm main("frmTOLMAIN");
-    main.setSize(11985, 9090);
-    main.load();
-    main.show();
-    auto made = std::make_unique<update::frmDBUDDU>();
-    const Person person(*made);
-    main.showChild(std::move(made));
+    forms::MdiForm main{"frmTOLMAIN"};
+    update::frmDBUDDU* window = nullptr;
+};
+
+TEST_F(DemoInWindow, StoppedInTheMiddleItSaysSo) {
+    const Person person(*window);
+    person.click("cmdTAGALL");
+    folder.host.onYield = [&] {
+        if (folder.host.yields == 500)
+            person.click("cmdCancel");
+    };
+    folder.host.yields = 0;
+    person.click("cmdCancel");
+    EXPECT_EQ(person.text("lblNPPATHNAME"), "STOPPED");
+    EXPECT_EQ(person.text("lblNPPATHTEXT"), "WARNING: DATABASE DEFINITION UPDATE INCOMPLETE.");
+    const std::vector<std::string> log = storedLog();
+    EXPECT_THAT(log, testing::Not(testing::IsEmpty()));
+    EXPECT_THAT(log, testing::Each(testing::StartsWith(folder.sites().front().name)));
+}
+
+TEST_F(DemoInWindow, FinishesAndShowsTheLogThatItWrote) {
+    const Person person(*window);
     person.click("cmdTAGALL");
     person.keepPicture("demo-tagged");
     std::vector<std::string> last;
@@ -35,10 +69,7 @@ TEST(DemoInWindow, FinishesAndShowsTheLogThatItWrote) {
     EXPECT_EQ(person.text("lblNPPATHNAME"), "Finished");
     person.keepPicture("demo-finished");
 
-    std::vector<std::string> log;
-    forEachRow("ZOVDEF.MDB", "ACTIVITYLOG", [&](const data::Recordset& row) {
-        log.push_back(text(row, "PATHNAME") + "|" + text(row, "DBNAME") + "|" + text(row, "Action"));
-    });
+    const std::vector<std::string> log = storedLog();
     EXPECT_GT(log.size(), 100U);
     EXPECT_THAT(log, testing::Not(testing::Contains(testing::HasSubstr("INCOMPLETE"))));
     const std::vector<std::string> shown = person.rows({"lblALPATHNAME", "lblDBNAME"});

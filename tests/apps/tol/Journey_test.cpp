@@ -179,6 +179,7 @@ TEST_F(Journey, AnUpdateIsCancelledInTheMiddle) {
     ASSERT_TRUE(display.waitForWindow(mainTitle));
     leave();
     const json log = rows("ZOVDEF.MDB", "ACTIVITYLOG");
+    EXPECT_THAT(log, Contains(Contains(json("BAYFRONT TOWER")))) << "the run did not begin";
     EXPECT_THAT(log, Not(Contains(Contains(json("QUARRY ROAD"))))) << "the last site was reached";
 }
 
