@@ -65,6 +65,9 @@ class Cursor {
 
     /// The exact number of rows of the table.
     virtual std::int64_t count() = 0;
+    /// Whether it has none. Cheap enough to be asked for every row; a change by another process may be
+    /// noticed a millisecond late.
+    virtual bool isEmpty() = 0;
 };
 
 /// A hold on a table, given up when it is destroyed.

@@ -104,9 +104,7 @@ bool RecordsetCore::noMatch() const {
 
 bool RecordsetCore::isOff(Place end) const {
     Cursor& rows = cursor();
-    if (m_place == Place::OnRecord)
-        return false;
-    return m_place == end || m_place == Place::OffBothEnds || rows.count() == 0;
+    return m_place == end || m_place == Place::OffBothEnds || rows.isEmpty();
 }
 
 void RecordsetCore::setIndex(const std::string& name) {

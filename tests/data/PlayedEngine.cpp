@@ -33,6 +33,7 @@ class PlayedCursor : public Cursor {
     void update(std::span<const Assignment>) override {}
     void remove() override {}
     std::int64_t count() override { return 0; }
+    bool isEmpty() override { return true; }
 
   private:
     Calls m_calls;

@@ -59,6 +59,25 @@ TEST_P(RecordsetPosition, EmptyTableIsAtBothEnds) {
     EXPECT_TRUE(rows.AtEOF());
 }
 
+TEST_P(RecordsetPosition, TableThatAnotherRecordsetEmptiesIsAtBothEnds) {
+    Recordset rows = filled({1, 2, 3});
+    rows.MoveNext();
+    Recordset other = open("T");
+    for (int left = 3; left > 0; --left) {
+        EXPECT_FALSE(rows.AtBOF()) << left;
+        EXPECT_FALSE(rows.AtEOF()) << left;
+        other.MoveFirst();
+        other.Delete();
+    }
+    EXPECT_TRUE(rows.AtBOF());
+    EXPECT_TRUE(rows.AtEOF());
+    EXPECT_EQ(rows.RecordCount(), 0);
+    add(other, {{"N", 4}});
+    rows.MoveFirst();
+    EXPECT_FALSE(rows.AtEOF());
+    EXPECT_EQ(at(rows, "N"), "4");
+}
+
 TEST_P(RecordsetPosition, StepsOffTheEndsAndNoFurther) {
     Recordset rows = filled({1, 2});
     rows.MoveNext();

@@ -3,7 +3,9 @@
 
 #include "support/SecondProcess.h"
 
+#include <chrono>
 #include <stdexcept>
+#include <thread>
 
 using namespace tol::data;
 using namespace tol::test;
@@ -98,6 +100,24 @@ TEST_P(TwoProcesses, SeeEachOthersRows) {
     EXPECT_EQ(raised([&] { return rows.Fields("A").Value(); }), "3167 Record is deleted.");
     rows.Bookmark(mark);
     EXPECT_EQ(at(rows, "B"), "new");
+    EXPECT_EQ(process->finish(), 0);
+}
+
+TEST_P(TwoProcesses, TableThatTheOtherEmptiesIsAtBothEnds) {
+    start([](Other& other, const Steps& steps) {
+        other.rows.MoveFirst();
+        other.rows.Delete();
+        DBEngine::settle();
+        steps.done();
+    });
+    Recordset rows = database.OpenRecordset("T");
+    add(rows, {{"A", 1}});
+    rows.MoveFirst();
+    EXPECT_FALSE(rows.AtEOF());
+    step();
+    std::this_thread::sleep_for(std::chrono::milliseconds(20)); // longer than between two looks at the file
+    EXPECT_TRUE(rows.AtEOF());
+    EXPECT_TRUE(rows.AtBOF());
     EXPECT_EQ(process->finish(), 0);
 }
 

@@ -127,6 +127,15 @@ std::int64_t SqliteCursor::count() {
 }
 
 // ---------------------------------------------------------------- moving
+/// Where the current row is known to be there, nobody else is asked.
+bool SqliteCursor::isEmpty() {
+    enter();
+    if (m_live && !m_gone)
+        return false;
+    return m_session->connection().number("SELECT NOT EXISTS (SELECT 1 FROM " + quotedName(m_table->sqlName) +
+                                          ")") != 0;
+}
+
 
 void SqliteCursor::setIndex(const std::string& name) {
     m_session->enter();

@@ -41,6 +41,7 @@ class SqliteCursor : public Cursor {
     void remove() override;
     std::int64_t count() override;
 
+    bool isEmpty() override;
   private:
     using LevelKey = std::tuple<Direction, std::size_t, Level::Relation>;
 

@@ -9,7 +9,8 @@ namespace tol::shell {
 
 bool vdRecordOK(data::Recordset& recordset, const KeyPairs& pairs) {
     try {
-        // An empty table is at both ends; so the record count, which has to look into the file, is not asked.
+        // A table without records is at both ends, so they answer for RecordCount too, which would look into
+        // the file for every record of a walk.
         if (recordset.AtBOF() || recordset.AtEOF())
             return false;
         return std::ranges::all_of(pairs, [](const KeyPair& pair) {

@@ -65,6 +65,15 @@ TEST_F(Records, RecordOKOnAnEmptyTable) {
     EXPECT_FALSE(vdRecordOK(rows));
 }
 
+TEST_F(Records, RecordOKOnATableThatAnotherRecordsetHasEmptied) {
+    ASSERT_TRUE(vdRecordOK(rows));
+    data::Recordset other = database.OpenRecordset("T");
+    for (; !other.AtEOF(); other.MoveNext())
+        other.Delete();
+    EXPECT_FALSE(vdRecordOK(rows));
+    EXPECT_TRUE(person.boxes.empty());
+}
+
 TEST_F(Records, RecordOKWithoutACurrentRecord) {
     rows.Delete();
     EXPECT_TRUE(vdRecordOK(rows)) << "neither at an end nor empty: that is all it looks at";
