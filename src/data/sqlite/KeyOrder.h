@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/sqlite/Physical.h"
+#include "data/sqlite/StoredOrder.h"
 
 #include <cstdint>
 #include <string>
@@ -62,6 +63,20 @@ class KeyOrder {
     [[nodiscard]] std::vector<Level> levelsBehind(const std::vector<bool>& isNull, Direction direction) const;
     /// The levels of the rows whose leading keys come at or after a position of fewer terms.
     [[nodiscard]] std::vector<Level> levelsFrom(const std::vector<bool>& isNull) const;
+
+    /// Whether a row may come next to another in that direction; both are functions that give a row's
+    /// terms. Texts that differ count as being in order.
+    template <typename Before, typename Next>
+    [[nodiscard]] bool mayFollow(const Before& before, const Next& next, Direction direction) const {
+        for (std::size_t term = 0; term < m_terms.size(); ++term) {
+            const std::partial_ordering order = compareStored(before(term), next(term));
+            if (order == std::partial_ordering::unordered)
+                return true;
+            if (order != 0)
+                return (order < 0) == ascends(term, direction);
+        }
+        return false;
+    }
 
     /// Parameters: one for each equal term, and one if the relation takes a value. There is no limit in
     /// it; who has read enough resets it.

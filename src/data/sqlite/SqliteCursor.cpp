@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite/SqliteCursor.h"
 
+#include "data/FileError.h"
 #include "data/sqlite/BatchSearch.h"
 #include "data/sqlite/Sql.h"
 #include "runtime/RuntimeError.h"
@@ -126,7 +127,6 @@ std::int64_t SqliteCursor::count() {
     return *m_state->count;
 }
 
-// ---------------------------------------------------------------- moving
 /// Where the current row is known to be there, nobody else is asked.
 bool SqliteCursor::isEmpty() {
     enter();
@@ -136,6 +136,7 @@ bool SqliteCursor::isEmpty() {
                                           ")") != 0;
 }
 
+// ---------------------------------------------------------------- moving
 
 void SqliteCursor::setIndex(const std::string& name) {
     m_session->enter();
@@ -157,6 +158,7 @@ void SqliteCursor::startWalk(std::size_t limit) {
     m_live = false;
     m_limit = limit;
     m_moved.clear();
+    m_ring.start();
     m_oneWay = false;
 }
 
@@ -221,19 +223,22 @@ bool SqliteCursor::step(Direction direction) {
     if (direction != m_walk) {
         m_walk = direction;
         m_moved.clear();
+        m_ring.start();
         if (m_oneWay)
             dropBatch();
     }
     if (stepInBatch(direction))
         return true;
     keepPosition();
+    if (m_ring.wasThere(m_position))
+        raiseDamaged();
     std::vector<StoredValue> position;
     std::vector<bool> isNull;
     for (const auto& part : m_position) {
         position.push_back(part.value());
         isNull.push_back(part.isNull());
     }
-    return load(m_order.levelsBehind(isNull, direction), position, direction);
+    return load(m_order.levelsBehind(isNull, direction), position, direction, Begin::Behind);
 }
 
 bool SqliteCursor::stepInBatch(Direction direction) {
@@ -338,7 +343,7 @@ std::string SqliteCursor::columnList() const {
 /// Reads a batch out of the levels, in their order, and stands on its first row. Raises m_limit for
 /// the next one.
 bool SqliteCursor::load(const std::vector<Level>& levels, std::span<const StoredValue> position,
-                        Direction direction) {
+                        Direction direction, Begin begin) {
     if (++m_loads == loadsOfAllFields)
         chooseColumns(false);
     m_session->writeUpdates();
@@ -352,7 +357,7 @@ bool SqliteCursor::load(const std::vector<Level>& levels, std::span<const Stored
     if (levels.size() > 1)
         reading.emplace(*m_session);
     for (const auto& level : levels) {
-        loadLevel(level, position, direction);
+        loadLevel(level, position, direction, begin);
         if (batchIsFull())
             break;
     }
@@ -367,19 +372,43 @@ bool SqliteCursor::load(const std::vector<Level>& levels, std::span<const Stored
     return m_onRow;
 }
 
-void SqliteCursor::loadLevel(const Level& level, std::span<const StoredValue> position, Direction direction) {
+void SqliteCursor::loadLevel(const Level& level, std::span<const StoredValue> position, Direction direction,
+                             Begin begin) {
     Statement& statement = levelStatement(level, direction);
     const std::size_t values = level.equalTerms + (level.takesValue() ? 1 : 0);
     for (std::size_t term = 0; term < values; ++term)
         bindStored(statement, static_cast<int>(term) + 1, position[term]);
     while (!batchIsFull() && statement.step()) {
         m_batch.append(statement.handle());
+        if (!getsAhead(position, begin)) {
+            statement.reset();
+            raiseDamaged();
+        }
         if (!m_moved.empty() && wasMoved(m_batch.rows() - 1)) {
             m_batch.removeLast();
             m_oneWay = true;
         }
     }
     statement.reset();
+}
+
+/// Whether the last row that was read lies behind the one before it.
+bool SqliteCursor::getsAhead(std::span<const StoredValue> position, Begin begin) const {
+    const std::size_t last = m_batch.rows() - 1;
+    if (last == 0 && begin == Begin::Anywhere)
+        return true;
+    const auto at = [&](std::size_t row, std::size_t term) {
+        return m_batch.at(row, columnOf(m_order.slot(term)));
+    };
+    return m_order.mayFollow(
+        [&](std::size_t term) { return last == 0 ? position[term] : at(last - 1, term); },
+        [&](std::size_t term) { return at(last, term); }, m_batchDirection);
+}
+
+/// A walk that does not get ahead would never end.
+void SqliteCursor::raiseDamaged() const {
+    throw fileError(runtime::errCannotOpen, m_session->connection().file(),
+                    "the rows of table " + m_table->sqlName + " do not lie in their order");
 }
 
 bool SqliteCursor::batchIsFull() const {

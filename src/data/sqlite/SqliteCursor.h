@@ -3,6 +3,7 @@
 
 #include "data/Engine.h"
 #include "data/sqlite/KeyOrder.h"
+#include "data/sqlite/RingCheck.h"
 #include "data/sqlite/RowBatch.h"
 #include "data/sqlite/RowKey.h"
 #include "data/sqlite/RowWriter.h"
@@ -40,8 +41,8 @@ class SqliteCursor : public Cursor {
     void update(std::span<const Assignment> values) override;
     void remove() override;
     std::int64_t count() override;
-
     bool isEmpty() override;
+
   private:
     using LevelKey = std::tuple<Direction, std::size_t, Level::Relation>;
 
@@ -63,8 +64,14 @@ class SqliteCursor : public Cursor {
     std::optional<bool> seekInBatch(SeekOperator op, std::span<const StoredValue> keys);
     bool step(Direction direction);
     bool stepInBatch(Direction direction);
-    bool load(const std::vector<Level>& levels, std::span<const StoredValue> position, Direction direction);
-    void loadLevel(const Level& level, std::span<const StoredValue> position, Direction direction);
+    /// Where the rows of a batch begin: anywhere, or behind the position.
+    enum class Begin : std::uint8_t { Anywhere, Behind };
+    bool load(const std::vector<Level>& levels, std::span<const StoredValue> position, Direction direction,
+              Begin begin = Begin::Anywhere);
+    void loadLevel(const Level& level, std::span<const StoredValue> position, Direction direction,
+                   Begin begin);
+    [[nodiscard]] bool getsAhead(std::span<const StoredValue> position, Begin begin) const;
+    [[noreturn]] void raiseDamaged() const;
     [[nodiscard]] bool batchIsFull() const;
     [[nodiscard]] bool wasMoved(std::size_t row) const;
     [[nodiscard]] std::span<const StoredValue> keyInBatch(std::size_t row) const;
@@ -114,6 +121,7 @@ class SqliteCursor : public Cursor {
     Direction m_walk = Direction::Forward;
     bool m_oneWay = false;                   ///< rows behind in the batch may be gone from there
     std::unordered_set<std::string> m_moved; ///< bookmarks of rows that this walk moved
+    RingCheck m_ring;
 
     // Columns of the batch: the row key, then fields.
     std::vector<bool> m_touched;         ///< fields that were read since the cursor was opened

@@ -48,6 +48,7 @@ class KeptValue {
         return value;
     }
     [[nodiscard]] bool isNull() const { return m_value.isNull(); }
+    bool operator==(const KeptValue& other) const { return value() == other.value(); }
 
   private:
     StoredValue m_value;
