@@ -25,8 +25,13 @@ void RowBatch::clear(std::size_t columns) {
 void RowBatch::append(sqlite3_stmt* statement) {
     const std::size_t first = m_cells.size();
     m_cells.resize(first + m_columns);
+    read(statement, first);
+    ++m_rows;
+}
+
+void RowBatch::read(sqlite3_stmt* statement, std::size_t firstCell) {
     for (std::size_t column = 0; column < m_columns; ++column) {
-        Cell& cell = m_cells[first + column];
+        Cell& cell = m_cells[firstCell + column];
         // Found once: each question to the statement would find it again. No other thread uses the
         // connection.
         sqlite3_value* value = sqlite3_column_value(statement, static_cast<int>(column));
@@ -54,7 +59,6 @@ void RowBatch::append(sqlite3_stmt* statement) {
             break;
         }
     }
-    ++m_rows;
 }
 
 void RowBatch::addRow() {

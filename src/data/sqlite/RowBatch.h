@@ -17,6 +17,8 @@ class RowBatch {
     /// Adds the row on which the statement stands, or one of Nulls.
     void append(sqlite3_stmt* statement);
     void addRow();
+    /// Reads a row once more. What its texts took is free again with the next clear().
+    void replaceRow(std::size_t row, sqlite3_stmt* statement) { read(statement, row * m_columns); }
     void removeLast();
 
     [[nodiscard]] std::size_t rows() const { return m_rows; }
@@ -38,6 +40,7 @@ class RowBatch {
     };
     static_assert(sizeof(Cell) == 16);
 
+    void read(sqlite3_stmt* statement, std::size_t firstCell);
     void keepText(Cell& cell, const char* text, std::size_t length);
 
     std::size_t m_columns = 0;

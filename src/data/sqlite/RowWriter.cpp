@@ -52,11 +52,18 @@ void namingDuplicates(const PhysicalTable& table, Step&& step) {
     }
 }
 
+bool hasTriggers(Connection& connection, const PhysicalTable& table) {
+    auto query = connection.cached(
+        "SELECT 1 FROM sqlite_schema WHERE type = 'trigger' AND tbl_name = ? COLLATE NOCASE");
+    query->bind(1, table.sqlName);
+    return query->step();
+}
+
 /// Triggers of other makers' tables may change more rows than the one that was written.
 class SideEffects {
   public:
-    SideEffects(Session& session, const PhysicalTable& table)
-        : m_session(session), m_possible(!table.own), m_before(total()) {}
+    SideEffects(Session& session, bool possible)
+        : m_session(session), m_possible(possible), m_before(total()) {}
     void notice(std::int64_t expected) {
         if (m_possible && total() - m_before != expected)
             m_session.changedAnything();
@@ -75,7 +82,11 @@ class SideEffects {
 } // namespace
 
 RowWriter::RowWriter(Session& session, TableState& state)
-    : m_session(session), m_state(state), m_table(state.table), m_isIndexed(state.table->columns.size()) {
+    : m_session(session),
+      m_state(state),
+      m_table(state.table),
+      m_isIndexed(state.table->columns.size()),
+      m_hasTriggers(!state.table->own && hasTriggers(session.connection(), *state.table)) {
     for (const auto& index : m_table->definition.indexes) {
         for (const auto& name : index.fields)
             m_isIndexed[static_cast<std::size_t>(m_table->definition.findField(name))] = true;
@@ -92,7 +103,7 @@ std::string RowWriter::insert(std::span<const Assignment> values) {
     requireKeys(values, true);
     Statement& statement = statementFor(m_inserts, values, &RowWriter::insertSql);
     std::string bookmark;
-    SideEffects effects(m_session, *m_table);
+    SideEffects effects(m_session, m_hasTriggers);
     namingDuplicates(*m_table, [&] {
         m_session.writes().write([&] {
             m_session.writeUpdates();
@@ -129,7 +140,7 @@ bool RowWriter::update(std::span<const StoredValue> key, std::span<const Assignm
     known = known && mayWait(values);
     const std::uint64_t others = m_session.others();
     bool changed = true;
-    SideEffects effects(m_session, *m_table);
+    SideEffects effects(m_session, m_hasTriggers);
     const auto write = [&] {
         if (known && m_session.others() == others && m_session.connection().inTransaction()) {
             m_session.updates().add(m_table, key[0].integer, values);
@@ -148,8 +159,12 @@ bool RowWriter::update(std::span<const StoredValue> key, std::span<const Assignm
 }
 
 bool RowWriter::mayWait(std::span<const Assignment> values) const {
-    const auto isFree = [&](const Assignment& value) { return !m_isIndexed[value.field]; };
-    return m_table->own && !values.empty() && std::all_of(values.begin(), values.end(), isFree);
+    // In a column that this program has made, a value of the field's type can't break a rule.
+    const auto isFree = [&](const Assignment& value) {
+        return m_table->columns[value.field].own && !m_isIndexed[value.field];
+    };
+    return !m_table->withoutRowId && !m_hasTriggers && !values.empty() &&
+           std::all_of(values.begin(), values.end(), isFree);
 }
 
 bool RowWriter::remove(std::span<const StoredValue> key) {
@@ -158,7 +173,7 @@ bool RowWriter::remove(std::span<const StoredValue> key) {
                                                          " WHERE " + rowKeyCondition(*m_table));
     bindRowKey(m_remove, 1, key);
     bool removed = false;
-    SideEffects effects(m_session, *m_table);
+    SideEffects effects(m_session, m_hasTriggers);
     m_session.writes().write([&] { removed = runChange(m_remove); });
     if (!removed)
         return false;

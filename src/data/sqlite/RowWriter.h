@@ -46,6 +46,7 @@ class RowWriter {
     std::string_view m_primaryName; ///< of m_table's own primary key
     std::vector<std::size_t> m_primaryFields;
     std::vector<bool> m_isIndexed; ///< by field
+    bool m_hasTriggers = false;    ///< of another maker, on his own table
     Statements m_inserts;
     Statements m_updates;
     Statement m_remove;

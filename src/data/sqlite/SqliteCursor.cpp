@@ -16,6 +16,7 @@ constexpr std::size_t firstLimit = 4;
 constexpr std::size_t growth = 4;
 constexpr std::size_t lastLimit = 1024;
 constexpr std::size_t batchTextBytes = std::size_t{1} << 20;
+constexpr std::size_t patchedTextBytes = 4 * batchTextBytes;
 /// After so many batches it is known which fields the caller reads.
 constexpr int loadsOfAllFields = 8;
 /// After so many reads without a change in between, a small table is worth reading as a whole.
@@ -90,9 +91,11 @@ void SqliteCursor::needRow() {
 /// The current row's values, read again if the batch was dropped.
 void SqliteCursor::needBatch() {
     needRow();
-    if (m_live)
-        return;
-    if (!fetchByKey()) {
+    if (!m_live)
+        fetchByKey();
+    else if (m_rowIsOld)
+        readAgain();
+    if (!m_live) {
         m_gone = true;
         runtime::raise(runtime::errRecordDeleted);
     }
@@ -189,6 +192,7 @@ bool SqliteCursor::standInBatch(std::size_t row) {
     m_row = row;
     m_onRow = row < m_batch.rows();
     m_positionKept = false;
+    m_rowIsOld = false;
     m_gone = false;
     return m_onRow;
 }
@@ -249,6 +253,7 @@ bool SqliteCursor::stepInBatch(Direction direction) {
         return false;
     m_row += along ? 1 : static_cast<std::size_t>(-1);
     m_positionKept = false;
+    m_rowIsOld = false;
     m_gone = false;
     return true;
 }
@@ -368,6 +373,7 @@ bool SqliteCursor::load(const std::vector<Level>& levels, std::span<const Stored
     m_limit = std::min(m_limit * growth, lastLimit);
     m_onRow = m_live = m_batch.rows() > 0;
     m_positionKept = false;
+    m_rowIsOld = false;
     m_gone = false;
     return m_onRow;
 }
@@ -428,20 +434,37 @@ Statement& SqliteCursor::levelStatement(const Level& level, Direction direction)
 
 /// Makes the batch the one row of m_key; position and key stay as they are.
 bool SqliteCursor::fetchByKey() {
+    Statement& statement = statementByKey();
+    m_batch.clear(m_table->rowKey.size() + m_fields.size());
+    m_fromStart = m_toEnd = m_rowIsOld = false;
+    m_row = 0;
+    m_live = statement.step();
+    if (m_live)
+        m_batch.append(statement.handle());
+    statement.reset();
+    return m_live;
+}
+
+/// Reads the current row anew into the batch; position and key stay as they are.
+void SqliteCursor::readAgain() {
+    keepPosition();
+    Statement& statement = statementByKey();
+    m_rowIsOld = false;
+    m_live = statement.step();
+    if (m_live)
+        m_batch.replaceRow(m_row, statement.handle());
+    statement.reset();
+}
+
+/// Gives the row of m_key.
+Statement& SqliteCursor::statementByKey() {
     m_session->writeUpdates();
     if (!m_byKey.isPrepared())
         m_byKey = Statement(m_session->connection(), "SELECT " + columnList() + " FROM " +
                                                          quotedName(m_table->sqlName) + " WHERE " +
                                                          rowKeyCondition(*m_table));
     bindRowKey(m_byKey, 1, valuesOf(m_key));
-    m_batch.clear(m_table->rowKey.size() + m_fields.size());
-    m_fromStart = m_toEnd = false;
-    m_row = 0;
-    m_live = m_byKey.step();
-    if (m_live)
-        m_batch.append(m_byKey.handle());
-    m_byKey.reset();
-    return m_live;
+    return m_byKey;
 }
 
 // ---------------------------------------------------------------- writing
@@ -493,8 +516,15 @@ bool SqliteCursor::movesRow(std::span<const Assignment> values) {
 void SqliteCursor::patchBatch(std::span<const Assignment> values) {
     if (!m_live)
         return;
-    // Columns of other makers may store a value in another form than it was given in.
-    if (!m_table->own) {
+    // Columns of other makers may store a value in another form than it was given in: the row is read
+    // again when it is asked for, and so is the batch when the walk turns back to it.
+    const auto isOwn = [&](const Assignment& value) { return m_table->columns[value.field].own; };
+    if (!std::all_of(values.begin(), values.end(), isOwn)) {
+        m_rowIsOld = m_oneWay = true;
+        return;
+    }
+    // Replaced texts take room until the batch goes.
+    if (m_batch.textBytes() > patchedTextBytes) {
         keepPosition();
         m_live = false;
         return;

@@ -77,6 +77,8 @@ class SqliteCursor : public Cursor {
     [[nodiscard]] std::span<const StoredValue> keyInBatch(std::size_t row) const;
     Statement& levelStatement(const Level& level, Direction direction);
     bool fetchByKey();
+    void readAgain();
+    Statement& statementByKey();
 
     [[nodiscard]] std::size_t columnOf(const KeySlot& slot) const;
     void chooseColumns(bool all);
@@ -109,6 +111,7 @@ class SqliteCursor : public Cursor {
     bool m_live = false;
     RowBatch m_batch;
     std::size_t m_row = 0;
+    bool m_rowIsOld = false; ///< the current row has to be read again before its values are used
     Direction m_batchDirection = Direction::Forward;
     std::uint64_t m_seen = 0; ///< generation() when the batch was read
     bool m_fromStart = false; ///< nothing comes before the batch's first row, or behind its last one

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "EngineTest.h"
+
+#include <gmock/gmock.h>
+#include <sqlite3.h>
+
+#include <string_view>
+
+namespace tol::test {
+namespace {
+
+using namespace data;
+using runtime::Value;
+
+/// Counts the statements of a kind that are run on a connection while it lives.
+class StatementCount {
+  public:
+    StatementCount(sqlite3* connection, std::string_view begin) : m_connection(connection), m_begin(begin) {
+        const auto count = [](unsigned, void* self, void*, void* text) {
+            auto& counter = *static_cast<StatementCount*>(self);
+            if (std::string_view(static_cast<const char*>(text)).starts_with(counter.m_begin))
+                ++counter.m_count;
+            return 0;
+        };
+        sqlite3_trace_v2(m_connection, SQLITE_TRACE_STMT, count, this);
+    }
+    StatementCount(const StatementCount&) = delete;
+    StatementCount& operator=(const StatementCount&) = delete;
+    ~StatementCount() { sqlite3_trace_v2(m_connection, 0, nullptr, nullptr); }
+
+    [[nodiscard]] int count() const { return m_count; }
+
+  private:
+    sqlite3* m_connection;
+    std::string_view m_begin;
+    int m_count = 0;
+};
+
+/// Rows of a table of another maker that are changed on a walk.
+class ForeignUpdates : public EngineTest {
+  protected:
+    void make(const std::string& sql) {
+        store.reset();
+        PlainSqlite(file()).execute(sql + "; WITH RECURSIVE n(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM n "
+                                          "WHERE x < 3000) INSERT INTO t (a, b) SELECT x, 'n' || x FROM n");
+        store = engine.open(file(), false);
+    }
+
+    /// Sets the field to `value` in every row; how many statements it took that begin so.
+    int statementsToChangeAll(std::size_t field, const Value& value, std::string_view begin) {
+        const auto cursor = store->openCursor("t");
+        const StatementCount counter(session().connection().handle(), begin);
+        const Assignment change[] = {{field, value}};
+        int rows = 0;
+        for (bool row = cursor->first(); row; row = cursor->next(), ++rows)
+            cursor->update(change);
+        EXPECT_EQ(rows, 3000);
+        store->settle();
+        return counter.count();
+    }
+
+    static constexpr const char* plain = "CREATE TABLE t (a INTEGER, b TEXT)";
+};
+
+TEST_F(ForeignUpdates, ReadEachRowOnce) {
+    make(plain);
+    EXPECT_LT(statementsToChangeAll(1, Value("x"), "SELECT"), 20);
+    EXPECT_EQ(PlainSqlite(file()).text("SELECT count(*) FROM t WHERE b = 'x'"), "3000");
+}
+
+TEST_F(ForeignUpdates, OfAFieldThatThisProgramHasMadeAreWrittenTogether) {
+    make(plain);
+    store->addField("t", {.name = "c", .type = dbDouble});
+    EXPECT_LT(statementsToChangeAll(2, Value(1.5), "UPDATE"), 20);
+    EXPECT_EQ(PlainSqlite(file()).text("SELECT count(*) FROM t WHERE c = 1.5"), "3000");
+}
+
+TEST_F(ForeignUpdates, OfOtherFieldsAreWrittenOneByOne) {
+    make("CREATE TABLE t (a INTEGER, b TEXT CHECK (length(b) < 8))");
+    const auto cursor = store->openCursor("t");
+    ASSERT_TRUE(cursor->first());
+    const Assignment tooLong[] = {{1, Value("123456789")}};
+    const Assignment fitting[] = {{1, Value("1234")}};
+    cursor->update(fitting);
+    ASSERT_TRUE(cursor->next());
+    EXPECT_EQ(errorOf([&] { cursor->update(tooLong); }).number(), 3219);
+    cursor->update(fitting);
+    store->settle();
+    EXPECT_EQ(PlainSqlite(file()).text("SELECT count(*) FROM t WHERE b = '1234'"), "2");
+}
+
+TEST_F(ForeignUpdates, ShowWhatTheFileHoldsThen) {
+    make("CREATE TABLE t (a INTEGER, b NUMERIC)");
+    const auto cursor = store->openCursor("t");
+    ASSERT_TRUE(cursor->first());
+    ASSERT_TRUE(cursor->next());
+    const Value before = cursor->value(0);
+    const std::string mark = cursor->bookmark();
+    const Assignment change[] = {{1, Value(17.0)}};
+    cursor->update(change);
+    EXPECT_EQ(cursor->value(1), Value(17.0));
+    EXPECT_EQ(cursor->value(0), before);
+    EXPECT_EQ(cursor->bookmark(), mark);
+    cursor->update(change);
+    ASSERT_TRUE(cursor->next());
+    EXPECT_EQ(cursor->value(0), Value(3));
+    ASSERT_TRUE(cursor->previous());
+    EXPECT_EQ(cursor->value(1), Value(17.0));
+    EXPECT_EQ(cursor->bookmark(), mark);
+    ASSERT_TRUE(cursor->previous());
+    EXPECT_EQ(cursor->value(0), Value(1));
+    EXPECT_FALSE(cursor->previous());
+}
+
+TEST_F(ForeignUpdates, ShowWhatTriggersChangeInOtherRows) {
+    make("CREATE TABLE t (a INTEGER, b TEXT)");
+    store.reset();
+    PlainSqlite(file()).execute(
+        "CREATE TRIGGER g AFTER UPDATE ON t BEGIN UPDATE t SET b = 'by ' || new.a WHERE a = new.a + 1; END");
+    store = engine.open(file(), false);
+    store->addField("t", {.name = "c", .type = dbDouble});
+    const auto cursor = store->openCursor("t");
+    ASSERT_TRUE(cursor->first());
+    for (int row = 1; row < 100; ++row) {
+        const Assignment change[] = {{2, Value(0.5)}};
+        cursor->update(change);
+        ASSERT_TRUE(cursor->next());
+        EXPECT_EQ(cursor->value(1), Value("by " + std::to_string(row)));
+    }
+}
+
+TEST_F(ForeignUpdates, OfARowThatIsGoneAreRefused) {
+    make(plain);
+    const auto cursor = store->openCursor("t");
+    const auto other = store->openCursor("t");
+    ASSERT_TRUE(cursor->first());
+    ASSERT_TRUE(other->first());
+    const Assignment change[] = {{1, Value("x")}};
+    cursor->update(change);
+    other->remove();
+    EXPECT_EQ(errorOf([&] { static_cast<void>(cursor->value(1)); }).number(), 3167);
+    EXPECT_EQ(errorOf([&] { cursor->update(change); }).number(), 3167);
+    ASSERT_TRUE(cursor->next());
+    EXPECT_EQ(cursor->value(0), Value(2));
+}
+
+} // namespace
+} // namespace tol::test
