@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "RandomDefinitions.h"
 
+#include "ConversionModel.h"
+
 #include <algorithm>
 #include <array>
+#include <fmt/format.h>
 #include <iterator>
+#include <map>
 #include <vector>
 
 namespace tol::test {
@@ -113,7 +117,7 @@ void RandomDefinitions::addRows(Json& older, const Json& wanted) {
         return each.at(1) == data::dbText && each.at(2) < dateTextCharacters && !becomes.is_null() &&
                becomes.at(1) == data::dbDate;
     });
-    const int count = fields.empty() || impossible ? 0 : below(5);
+    const int count = fields.empty() || impossible ? 0 : below(8);
     for (int i = 0; i < count; ++i) {
         Json row = Json::array();
         for (const Json& each : fields)
@@ -125,33 +129,62 @@ void RandomDefinitions::addRows(Json& older, const Json& wanted) {
 
 Json RandomDefinitions::value(const Json& field, const Json& wantedField) {
     const int type = field.at(1).get<int>();
-    const bool becomesDate =
-        type == data::dbText && !wantedField.is_null() && wantedField.at(1) == data::dbDate;
-    if (becomesDate)
-        return std::to_string(1 + below(9)) + "/" + std::to_string(10 + below(18)) + "/" +
-               std::to_string(10 + below(80));
+    const int becomes = wantedField.is_null() ? type : wantedField.at(1).get<int>();
+    if (type == data::dbText && becomes == data::dbDate)
+        return dateText(field.at(2).get<int>());
     if (oneIn(5))
         return nullptr;
-    const int digit = below(10);
     switch (type) {
     case data::dbBoolean:
-        return digit < 5;
-    case data::dbCurrency:
-        return std::to_string(digit) + ".0000";
+        return oneIn(2);
     case data::dbDate:
-        return "200" + std::to_string(digit) + "-11-30 00:00:00";
+        return fmt::format("200{}-{:02}-{:02} 00:00:00", below(10), 1 + below(12), 1 + below(28));
     case data::dbText:
+        return text(field.at(2).get<int>(), becomes == data::dbInteger || becomes == data::dbLong);
     case data::dbMemo:
     case data::dbLongBinary:
-        return std::string(
-                   static_cast<std::size_t>(1 + below(type == data::dbText ? field.at(2).get<int>() : 30)),
-                   static_cast<char>('0' + digit))
-            .substr(0, 9);
+        return text(30, false);
     case data::dbGUID:
-        return "{0000000" + std::to_string(digit) + "-0000-0000-0000-000000000000}";
+        return fmt::format("{{0000000{}-0000-0000-0000-000000000000}}", below(10));
     default:
-        return digit;
+        return number(type, becomes == data::dbText ? wantedField.at(2).get<int>() : mostTextCharacters);
     }
+}
+
+/// One that has no more characters than that in its ordinary text form.
+Json RandomDefinitions::number(int type, int characters) {
+    const int sixteenths = below(32'000'000) - 16'000'000;
+    const std::map<int, Json> numbers{
+        {data::dbByte, below(256)},
+        {data::dbInteger, below(65'536) - 32'768},
+        {data::dbLong, oneIn(2) ? below(70'000) - 35'000 : below(2'000'000'000) - 1'000'000'000},
+        {data::dbCurrency, fmt::format("{}.{:04}", below(80'000) - 40'000, below(10'000))},
+        {data::dbSingle, sixteenths % 1600 / 16.0},
+        {data::dbDouble, sixteenths / 16.0}};
+    const Json any = numbers.at(type);
+    if (ordinaryText(any, type).size() <= static_cast<std::size_t>(characters))
+        return any;
+    return type == data::dbCurrency ? Json(std::to_string(below(10)) + ".0000") : Json(below(10));
+}
+
+std::string RandomDefinitions::text(int characters, bool becomesNumber) {
+    static constexpr std::array numbers{"12abc",  "1 2 34x", "-3.5", "2.5", "3.5", "x7",  "99999", "-32767",
+                                        "32 766", "+8",      "0.5",  "-1",  "007", "4,5", ".",     "9 - 9"};
+    static constexpr std::array characterTable{"a", "Z", "é", "Ü", "木", "🙂", "7", " ", "'", "ß", "_"};
+    std::string made;
+    if (becomesNumber) {
+        made = numbers.at(static_cast<std::size_t>(below(numbers.size())));
+    } else {
+        for (int count = 1 + below(characters); count > 0; --count)
+            made += characterTable.at(static_cast<std::size_t>(below(characterTable.size())));
+    }
+    return firstCharacters(made, characters);
+}
+
+std::string RandomDefinitions::dateText(int characters) {
+    std::string made = fmt::format("{}/{}/{}", 1 + below(9), 10 + below(18), 10 + below(80));
+    const std::string time = " 4 PM";
+    return oneIn(4) && made.size() + time.size() <= static_cast<std::size_t>(characters) ? made + time : made;
 }
 
 } // namespace tol::test

@@ -20,7 +20,7 @@ class RandomDefinitions {
     Json older(const std::string& prefix, const Json& wanted);
 
   private:
-    int below(int bound) { return static_cast<int>(m_random() % static_cast<std::uint32_t>(bound)); }
+    int below(std::size_t bound) { return static_cast<int>(m_random() % bound); }
     bool oneIn(int chances) { return below(chances) == 0; }
 
     Json table();
@@ -29,6 +29,9 @@ class RandomDefinitions {
     Json changed(const Json& table);
     void addRows(Json& older, const Json& wanted);
     Json value(const Json& field, const Json& wantedField);
+    Json number(int type, int characters);
+    std::string text(int characters, bool becomesNumber);
+    std::string dateText(int characters);
 
     std::mt19937 m_random;
 };
