@@ -6,6 +6,7 @@
 #include "forms/FolderList.h"
 #include "forms/WindowHost.h"
 #include "runtime/Text.h"
+#include "support/Beeps.h"
 #include "support/BoxAnswerer.h"
 #include "support/Environment.h"
 #include "support/TempFolder.h"
@@ -143,6 +144,17 @@ TEST_F(LocationPicker, SelectTakesTheLocationInCapitals) {
                   desk->click("cmdSelect");
               }),
               "C:\\JOBS\\NORTH");
+}
+
+TEST_F(LocationPicker, AFolderThatIsGoneLeavesTheListAndBeeps) {
+    pick([&] {
+        chooseDrive("C:");
+        std::filesystem::remove_all(folder.driveC() / "Jobs");
+        takeBeeps();
+        openFolder("Jobs");
+        EXPECT_EQ(location(), "C:\\");
+        EXPECT_EQ(takeBeeps(), 1);
+    });
 }
 
 TEST_F(LocationPicker, SelectAtOnceTakesTheCurrentFolder) {

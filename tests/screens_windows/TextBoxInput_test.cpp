@@ -4,6 +4,7 @@
 #include "forms/Form.h"
 #include "forms/Keys.h"
 #include "forms/TextBox.h"
+#include "support/Beeps.h"
 #include "support/WindowDriver.h"
 
 #include <gtest/gtest.h>
@@ -38,6 +39,20 @@ TEST_F(TextBoxInput, EnterMovesOnToTheNextControl) {
         EXPECT_EQ(desk.focus(), "txtSECOND");
     }
     EXPECT_EQ(first.Text(), "one");
+}
+
+TEST_F(TextBoxInput, EnterBeepsNoMoreThanTab) {
+    const auto beepsOf = [&](Qt::Key key) {
+        first.setFocus();
+        test::takeBeeps();
+        desk.press(key);
+        EXPECT_EQ(desk.focus(), "txtSECOND");
+        return test::takeBeeps();
+    };
+    const int ofTab = beepsOf(Qt::Key_Tab);
+    EXPECT_EQ(ofTab, 0);
+    EXPECT_EQ(beepsOf(Qt::Key_Return), ofTab);
+    EXPECT_EQ(beepsOf(Qt::Key_Enter), ofTab);
 }
 
 TEST_F(TextBoxInput, AKeptEnterStays) {
