@@ -50,13 +50,15 @@ class PlayedUse : public TableUse {
 
 class PlayedStore : public Store {
   public:
-    PlayedStore(std::filesystem::path file, Calls calls)
+    PlayedStore(std::filesystem::path file, Calls calls, const std::vector<IndexDef>& indexes)
         : m_path(std::move(file)), m_calls(std::move(calls)) {
         auto table = std::make_shared<TableDefinition>();
         table->name = "T";
         table->fields.emplace_back();
         table->fields.back().name = "A";
         table->fields.back().type = dbLong;
+        table->fields.back().size = reportedSize(dbLong, 0);
+        table->indexes = indexes;
         m_table = std::move(table);
     }
     ~PlayedStore() override { m_calls->calls.push_back("~store " + m_path.filename().string()); }
@@ -115,13 +117,13 @@ bool PlayedEngine::recognises(std::string_view firstBytes) const {
 
 std::shared_ptr<Store> PlayedEngine::open(const std::filesystem::path& file, bool readOnly) {
     m_calls->tell(m_mark + (readOnly ? " reads " : " opens ") + file.filename().string());
-    return std::make_shared<PlayedStore>(file, m_calls);
+    return std::make_shared<PlayedStore>(file, m_calls, m_indexes);
 }
 
 std::shared_ptr<Store> PlayedEngine::create(const std::filesystem::path& file) {
     m_calls->tell(m_mark + " creates " + file.filename().string());
     std::ofstream(file) << m_mark;
-    return std::make_shared<PlayedStore>(file, m_calls);
+    return std::make_shared<PlayedStore>(file, m_calls, m_indexes);
 }
 
 } // namespace tol::test

@@ -27,11 +27,12 @@ struct PlayedCalls {
 };
 
 /// An engine without storage, to see what the interface asks of one and when. It takes files that begin
-/// with its mark; each has the one table "T" with a field "A" and no rows.
+/// with its mark; each has the one table "T" with a Long field "A", the indexes told, and no rows.
 class PlayedEngine : public data::Engine {
   public:
-    PlayedEngine(std::string mark, std::shared_ptr<PlayedCalls> calls)
-        : m_mark(std::move(mark)), m_calls(std::move(calls)) {}
+    PlayedEngine(std::string mark, std::shared_ptr<PlayedCalls> calls,
+                 std::vector<data::IndexDef> indexes = {})
+        : m_mark(std::move(mark)), m_calls(std::move(calls)), m_indexes(std::move(indexes)) {}
 
     [[nodiscard]] bool recognises(std::string_view firstBytes) const override;
     std::shared_ptr<data::Store> open(const std::filesystem::path& file, bool readOnly) override;
@@ -40,6 +41,7 @@ class PlayedEngine : public data::Engine {
   private:
     std::string m_mark;
     std::shared_ptr<PlayedCalls> m_calls;
+    std::vector<data::IndexDef> m_indexes;
 };
 
 } // namespace tol::test

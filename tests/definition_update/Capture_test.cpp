@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What the capture of a target leaves in OLDDEF and OLDINDEXES, and what follows when it fails part way.
+#include "PlayedEngine.h"
 #include "UpdateWorld.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
+#include <filesystem>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -16,18 +20,38 @@ class Capture : public testing::Test {
   protected:
     /// Runs the update over one database; nothing is wanted unless told.
     void runOver(const Json& tables, const Json& wanted = Json::object()) {
+        world.addFile(jobs, tables);
+        UpdateWorld::addDefinitions({{"JOBS", wanted}});
+        runOverJobs();
+    }
+    void runOverJobs() {
         UpdateWorld::addRowsOf("DATABASES", Json::array({Json::array({"JOBS", "DBPATHS", "N", false})}));
         UpdateWorld::addSites(Json::array({Json::array({"NORTH", "C:\\JOBS\\NORTH"})}));
-        UpdateWorld::addDefinitions({{"JOBS", wanted}});
-        world.addFile("drives/c/JOBS/NORTH/JOBS.MDB", tables);
         UpdateRun run;
         run(world);
+    }
+    /// Makes the database as another program would, which has other rules for names.
+    void makeForeign(const std::string& statements) const {
+        const std::filesystem::path file = world.folder.path() / jobs;
+        std::filesystem::create_directories(file.parent_path());
+        sqlite3* connection = nullptr;
+        ASSERT_EQ(sqlite3_open(file.c_str(), &connection), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(connection, statements.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+            << sqlite3_errmsg(connection);
+        sqlite3_close(connection);
     }
 
     static Json captured(const std::string& table) { return readDatabase("ZOVDEF.MDB")[table]["rows"]; }
 
+    static constexpr const char* jobs = "drives/c/JOBS/NORTH/JOBS.MDB";
     UpdateWorld world;
 };
+
+Json indexRow(Json row) {
+    while (row.size() < 13)
+        row.push_back(blankSlot);
+    return row;
+}
 
 Json fieldList(const Json& fields) {
     return {{"fields", fields}};
@@ -67,13 +91,37 @@ TEST_F(Capture, joinsAllKeyNamesButNamesTen) {
     }
     const Json tables{{"T", {{"fields", fields}, {"indexes", {{"SHORT", {"K2"}}, {"WIDE", keys}}}}}};
     runOver(tables, tables);
-    Json shortRow = Json::array({"T", "SHORT", "K2", "K2"});
-    for (int slot = 2; slot <= 10; ++slot)
-        shortRow.push_back(blankSlot);
+    const Json shortRow = indexRow(Json::array({"T", "SHORT", "K2", "K2"}));
     Json wideRow = Json::array({"T", "WIDE", "K1K2K3K4K5K6K7K8K9K10K11K12"});
     wideRow.insert(wideRow.end(), keys.begin(), keys.begin() + 10);
     EXPECT_EQ(captured("OLDINDEXES"), Json::array({shortRow, wideRow}));
     EXPECT_TRUE(world.host.boxes.empty());
+}
+
+// The rest of the run does not find the table by its trimmed name, and says so.
+TEST_F(Capture, trimsTheNamesOfTablesAndIndexesButNotOfFields) {
+    makeForeign(R"(CREATE TABLE " Orders  " (" Id" INTEGER, "Note " VARCHAR(5));
+                   CREATE INDEX "  By Id " ON " Orders  " (" Id", "Note ");)");
+    runOverJobs();
+    EXPECT_EQ(captured("OLDDEF"),
+              Json::parse(R"([["Orders", " Id", 4, 4, 0], ["Orders", "Note ", 5, 10, 1]])"));
+    EXPECT_EQ(captured("OLDINDEXES"),
+              Json::array({indexRow(Json::parse(R"(["Orders", "By Id", " IdNote ", " Id", "Note "])"))}));
+    ASSERT_EQ(world.host.boxes.size(), 2U);
+    EXPECT_NE(world.host.boxes[0].text.find("Error: 3265 UpdateIndexDefs"), std::string::npos);
+}
+
+TEST_F(Capture, tellsAnIndexWithoutKeyFieldsByBlankSlots) {
+    data::DBEngine::addEngine(std::make_unique<PlayedEngine>("KEYLESS", std::make_shared<PlayedCalls>(),
+                                                             std::vector<data::IndexDef>{{"NOKEYS", {}}}));
+    world.addFile(jobs, "KEYLESS");
+    UpdateWorld::addDefinitions({{"JOBS", {{"T", fieldList(Json::parse(R"([["A", 4]])"))}}}});
+    UpdateWorld::addRowsOf("NEWINDEXES", Json::parse(R"([["JOBS", "T", "NOKEYS", ""]])"));
+    runOverJobs();
+    EXPECT_EQ(captured("OLDINDEXES"), Json::array({indexRow(Json::array({"T", "NOKEYS", ""}))}));
+    EXPECT_TRUE(world.host.boxes.empty());
+    for (const Json& row : UpdateWorld::activityLog())
+        EXPECT_EQ(row.at(5), "Database Ok. No Changes Made.") << row;
 }
 
 TEST_F(Capture, isEmptyForATargetWithoutTables) {
