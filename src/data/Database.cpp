@@ -61,10 +61,22 @@ void Database::Compact() {
     core().changeDefinitions([](Store& store) { store.compact(); });
 }
 
+SchemaNotes Database::takeNotes() {
+    return core().store().takeNotes();
+}
+
 void Database::Close() {
     if (!core().isOpen())
         runtime::raise(runtime::errObjectInvalid);
     core().close();
+}
+
+TriggersOff::TriggersOff(const Database& database) : m_store(database.core().sharedStore()) {
+    m_store->store().letTriggersFire(false);
+}
+
+TriggersOff::~TriggersOff() {
+    m_store->store().letTriggersFire(true);
 }
 
 } // namespace tol::data

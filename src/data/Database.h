@@ -3,6 +3,7 @@
 
 #include "data/Constants.h"
 #include "data/Recordset.h"
+#include "data/SchemaNote.h"
 #include "data/TableDef.h"
 #include "data/TableDefs.h"
 
@@ -11,6 +12,8 @@
 #include <string_view>
 
 namespace tol::data {
+
+class SharedStore;
 
 /// An open database file. Closing it closes its recordsets; the file itself stays open in the process
 /// as long as another handle uses it. A default-made one stands for none (91), a closed one raises 3420.
@@ -35,11 +38,27 @@ class Database {
     [[nodiscard]] TableDef CreateTableDef(const std::string& name) const;
     /// Removes the bytes of deleted fields and rows; 3211 when a table is open.
     void Compact();
+    /// What changes of definitions since the last call could not keep of what other programs had declared.
+    SchemaNotes takeNotes();
     void Close();
 
   private:
+    friend class TriggersOff;
     [[nodiscard]] DatabaseCore& core() const;
     std::shared_ptr<DatabaseCore> m_core;
+};
+
+/// While it lives, rows are changed in the database's file without setting off the triggers that other
+/// programs put there.
+class TriggersOff {
+  public:
+    explicit TriggersOff(const Database& database);
+    TriggersOff(const TriggersOff&) = delete;
+    TriggersOff& operator=(const TriggersOff&) = delete;
+    ~TriggersOff();
+
+  private:
+    std::shared_ptr<SharedStore> m_store;
 };
 
 } // namespace tol::data

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/Definition.h"
+#include "data/SchemaNote.h"
 #include "runtime/Value.h"
 
 #include <cstdint>
@@ -104,6 +105,11 @@ class Store {
     /// Catalogue entries that change no row; they need no exclusive use. Unchanged values write nothing.
     virtual void setOrdinal(std::string_view table, std::string_view field, int ordinal) = 0;
     virtual void setAllowZeroLength(std::string_view table, std::string_view field, bool allow) = 0;
+    /// What the steps since the last call could not keep of what other programs had declared. A part that
+    /// came back with its field is not told.
+    virtual SchemaNotes takeNotes() { return {}; }
+    /// Whether changes of rows set off the triggers that other programs put into the file; true at first.
+    virtual void letTriggersFire(bool /*fire*/) {}
 
     /// Marks the table as open, shared; 3211 when another holds it exclusively.
     virtual std::unique_ptr<TableUse> useTable(std::string_view table) = 0;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite/CatalogueTables.h"
 
+#include <algorithm>
+
 namespace tol::data::sqlite {
 namespace {
 
@@ -79,6 +81,27 @@ void CatalogueTables::putIndex(const IndexRow& row) {
 
 void CatalogueTables::removeIndex(const std::string& table, const std::string& index) {
     change("DELETE FROM MSysIndexes WHERE TableName = ? AND IndexName = ?", table, index);
+}
+
+void CatalogueTables::putDeletedIndex(const std::string& table, const std::string& sqlName) {
+    putIndex({.table = table, .index = deletedIndexPrefix + sqlName, .sqlName = sqlName});
+}
+
+void CatalogueTables::renameDeletedIndexes(const std::string& table, const std::vector<std::string>& oldNames,
+                                           const std::vector<std::string>& newNames) {
+    if (!exist())
+        return;
+    std::vector<std::string> deleted;
+    for (std::size_t at = 0; at < std::min(oldNames.size(), newNames.size()); ++at) {
+        auto query = m_connection.cached("SELECT 1 FROM MSysIndexes WHERE TableName = ? AND IndexName = ?");
+        query->bindAll(table, deletedIndexPrefix + oldNames[at]);
+        if (query->step())
+            deleted.push_back(newNames[at]);
+    }
+    m_connection.run("DELETE FROM MSysIndexes WHERE TableName = ? AND IndexName LIKE ? || '%'", table,
+                     deletedIndexPrefix);
+    for (const std::string& name : deleted)
+        putDeletedIndex(table, name);
 }
 
 void CatalogueTables::renameTable(const std::string& table, const std::string& newName) {

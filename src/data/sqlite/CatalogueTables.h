@@ -14,6 +14,10 @@ inline constexpr const char* rowKeyColumn = "MSysKey";
 /// Columns of deleted fields are called by this and a number.
 inline constexpr const char* hiddenColumnPrefix = "MSysDeleted";
 
+/// The index of a constraint that was deleted from the definition, while the constraint itself stays in force
+/// in the file, has a row in MSysIndexes under this and its name in the file.
+inline constexpr const char* deletedIndexPrefix = "MSysDeleted:";
+
 /// A row of MSysFields: what SQLite can't declare about a column.
 struct FieldRow {
     std::string table;  ///< the table's name in the file
@@ -60,6 +64,11 @@ class CatalogueTables {
 
     void putIndex(const IndexRow& row);
     void removeIndex(const std::string& table, const std::string& index);
+    /// The constraint's index is no part of the definition any more; "" stands for the row id.
+    void putDeletedIndex(const std::string& table, const std::string& sqlName);
+    /// The table's constraints have been made anew: of those that are left the old names and the new ones.
+    void renameDeletedIndexes(const std::string& table, const std::vector<std::string>& oldNames,
+                              const std::vector<std::string>& newNames);
 
     void renameTable(const std::string& table, const std::string& newName);
     void removeTable(const std::string& table);

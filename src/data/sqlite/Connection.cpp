@@ -39,6 +39,8 @@ void Connection::open() {
     // Of files that come from elsewhere: run no function or module that their schema names.
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_ENABLE_FKEY, 0, nullptr);
+    // An index on a column that is gone must not become one on a text.
+    sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     if (m_mode == Mode::ReadOnly)
         execute("PRAGMA query_only = ON");
 }
@@ -56,6 +58,13 @@ void Connection::execute(const std::string& sql) {
     const int code = sqlite3_exec(m_handle, sql.c_str(), nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
         fail(code);
+}
+
+bool Connection::tryExecute(const std::string& sql) {
+    const int code = sqlite3_exec(m_handle, sql.c_str(), nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK && code != SQLITE_ERROR)
+        fail(code);
+    return code == SQLITE_OK;
 }
 
 std::int64_t Connection::number(std::string_view sql) {

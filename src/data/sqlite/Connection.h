@@ -35,6 +35,8 @@ class Connection {
 
     /// Runs one or more statements that give no rows.
     void execute(const std::string& sql);
+    /// The same; false, with nothing changed, when SQLite finds that what the statement asks for can't be.
+    bool tryExecute(const std::string& sql);
     /// The first column of the first row as a number, or as a text; 0 and "" when there is no row.
     std::int64_t number(std::string_view sql);
     std::string text(std::string_view sql);

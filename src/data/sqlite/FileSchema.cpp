@@ -2,7 +2,8 @@
 #include "data/sqlite/FileSchema.h"
 
 #include "data/sqlite/Connection.h"
-#include "data/sqlite/SqlTokens.h"
+#include "data/sqlite/Sql.h"
+#include "runtime/RuntimeError.h"
 
 #include <algorithm>
 #include <array>
@@ -34,21 +35,23 @@ IndexOrigin origin(std::string_view letters) {
 }
 
 void readTables(Connection& connection, const std::string& one, FileSchema& tables) {
-    auto query = connection.cached(overTables(
-        "l.name, l.wr, l.strict, x.name, x.type, x.\"notnull\", x.dflt_value IS NOT NULL, x.pk, x.hidden",
-        ", pragma_table_xinfo(l.name, 'main') x", !one.empty()));
+    auto query = connection.cached(
+        overTables("l.name, l.wr, l.strict, x.name, x.type, x.\"notnull\", x.dflt_value, x.pk, x.hidden",
+                   ", pragma_table_xinfo(l.name, 'main') x", !one.empty()));
     bindIfOne(*query, one);
     while (query->step()) {
         SchemaTable& table = tables[std::string(query->text(0))];
         table.name = query->text(0);
         table.withoutRowId = query->integer(1) != 0;
         table.strict = query->integer(2) != 0;
-        table.columns.push_back({.name = std::string(query->text(3)),
-                                 .type = std::string(query->text(4)),
-                                 .notNull = query->integer(5) != 0,
-                                 .hasDefault = query->integer(6) != 0,
-                                 .keyPosition = static_cast<int>(query->integer(7)),
-                                 .generated = query->integer(8) != 0});
+        const bool hasDefault = !query->isNull(6);
+        table.columns.push_back(
+            {.name = std::string(query->text(3)),
+             .type = std::string(query->text(4)),
+             .notNull = query->integer(5) != 0,
+             .defaultValue = hasDefault ? std::optional(std::string(query->text(6))) : std::nullopt,
+             .keyPosition = static_cast<int>(query->integer(7)),
+             .generated = query->integer(8) != 0});
     }
 }
 
@@ -80,17 +83,24 @@ void readIndexes(Connection& connection, const std::string& one, FileSchema& tab
         std::ranges::reverse(table.indexes);
 }
 
-/// Only the texts tell what a UNIQUE constraint is called.
-void readConstraintTexts(Connection& connection, FileSchema& tables) {
-    for (auto& [name, table] : tables) {
-        if (std::ranges::find(table.indexes, IndexOrigin::UniqueConstraint, &SchemaIndex::origin) ==
-            table.indexes.end())
-            continue;
-        auto query = connection.cached("SELECT sql FROM sqlite_schema WHERE type = 'table' AND name = ?");
-        query->bind(1, name);
-        if (query->step())
-            table.sql = query->text(0);
+/// The last key that was declared comes first.
+std::vector<SchemaForeignKey> readForeignKeys(Connection& connection, const std::string& table) {
+    auto query = connection.cached("SELECT seq, \"table\", \"from\", \"to\", on_update, on_delete "
+                                   "FROM pragma_foreign_key_list(?1, 'main') ORDER BY id DESC, seq");
+    query->bind(1, table);
+    std::vector<SchemaForeignKey> keys;
+    while (query->step()) {
+        if (query->integer(0) == 0)
+            keys.push_back({.parent = std::string(query->text(1)),
+                            .columns = {},
+                            .parentColumns = {},
+                            .onUpdate = std::string(query->text(4)),
+                            .onDelete = std::string(query->text(5))});
+        keys.back().columns.emplace_back(query->text(2));
+        if (!query->isNull(3))
+            keys.back().parentColumns.emplace_back(query->text(3));
     }
+    return keys;
 }
 
 } // namespace
@@ -134,12 +144,30 @@ std::vector<std::string> SchemaTable::primaryKey() const {
     return names;
 }
 
+std::vector<std::string> SchemaTable::constraintNames() const {
+    std::vector<std::string> names;
+    if (rowIdAlias() != nullptr)
+        names.emplace_back();
+    for (const SchemaIndex& index : indexes)
+        if (index.origin != IndexOrigin::Created)
+            names.push_back(index.name);
+    return names;
+}
+
 FileSchema readSchema(Connection& connection, const std::string& table) {
     FileSchema tables;
     readTables(connection, table, tables);
     readIndexes(connection, table, tables);
-    readConstraintTexts(connection, tables);
     return tables;
+}
+
+SchemaTable requireSchema(Connection& connection, const std::string& table) {
+    FileSchema schema = readSchema(connection, table);
+    if (schema.empty())
+        runtime::raise(runtime::errTableNotFound, {table});
+    SchemaTable found = std::move(schema.begin()->second);
+    found.foreignKeys = readForeignKeys(connection, found.name);
+    return found;
 }
 
 } // namespace tol::data::sqlite

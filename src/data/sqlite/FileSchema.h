@@ -16,9 +16,9 @@ struct SchemaColumn {
     std::string name;
     std::string type; ///< as it was declared
     bool notNull = false;
-    bool hasDefault = false;
-    int keyPosition = 0;    ///< place in the primary key from 1, 0 outside of it
-    bool generated = false; ///< computed from others, or hidden in another way
+    std::optional<std::string> defaultValue; ///< as it was declared, without brackets
+    int keyPosition = 0;                     ///< place in the primary key from 1, 0 outside of it
+    bool generated = false;                  ///< computed from others, or hidden in another way
 };
 
 struct SchemaKey {
@@ -38,14 +38,21 @@ struct SchemaIndex {
     std::vector<SchemaKey> keys;
 };
 
+struct SchemaForeignKey {
+    std::string parent;
+    std::vector<std::string> columns;
+    std::vector<std::string> parentColumns; ///< none: the parent's primary key
+    std::string onUpdate, onDelete;
+};
+
 /// A table as SQLite tells it, before anything is read into it.
 struct SchemaTable {
     std::string name;
     bool withoutRowId = false;
     bool strict = false;
     std::vector<SchemaColumn> columns;
-    std::vector<SchemaIndex> indexes; ///< in the order in which they were made
-    std::string sql;                  ///< its CREATE TABLE text, where a UNIQUE constraint is in it
+    std::vector<SchemaIndex> indexes;          ///< in the order in which they were made
+    std::vector<SchemaForeignKey> foreignKeys; ///< of a table that was asked for by requireSchema()
 
     [[nodiscard]] const SchemaColumn* findColumn(std::string_view column) const;
     /// The INTEGER PRIMARY KEY, which stands for the row id; null when there is none.
@@ -55,14 +62,17 @@ struct SchemaTable {
     [[nodiscard]] std::optional<std::string> rowIdName() const;
     /// The primary key's columns in key order; none where there is no primary key.
     [[nodiscard]] std::vector<std::string> primaryKey() const;
+    /// The indexes behind its keys and UNIQUE constraints by their names, "" for that of the row id.
+    [[nodiscard]] std::vector<std::string> constraintNames() const;
 };
 
 /// Tables by their names.
 using FileSchema = std::map<std::string, SchemaTable>;
 
-/// The ordinary tables of a file, or the one of that name. Takes two statements, and one more for each
-/// table with UNIQUE constraints.
-/// SQLite's own tables, views and virtual tables with what lies behind them are none.
+/// The ordinary tables of a file, or the one of that name, in two statements. SQLite's own tables, views and
+/// virtual tables with what lies behind them are none.
 FileSchema readSchema(Connection& connection, const std::string& table = {});
+/// One table with all that SQLite tells of it; 3078 when there is none.
+SchemaTable requireSchema(Connection& connection, const std::string& table);
 
 } // namespace tol::data::sqlite

@@ -46,10 +46,8 @@ bool HiddenColumns::leaveRoom(const PhysicalTable& table) const {
 }
 
 void HiddenColumns::sweep() {
-    TableRebuild rebuild(m_connection, m_table);
-    for (const auto& name : names())
-        rebuild.removeColumn(name);
-    rebuild.run();
+    const std::vector<std::string> hidden = names();
+    withoutViews(m_connection, {}, [&] { TableRebuild(m_connection, m_table).removeColumns(hidden); });
     CatalogueTables(m_connection).removeDeletedFields(m_table);
 }
 

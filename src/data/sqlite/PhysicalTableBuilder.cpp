@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite/PhysicalTableBuilder.h"
 
-#include "data/sqlite/CreateTableSql.h"
 #include "data/sqlite/DeclaredTypes.h"
-#include "data/sqlite/SqlTokens.h"
+#include "data/sqlite/Sql.h"
 
 #include <algorithm>
 #include <numeric>
@@ -27,6 +26,14 @@ bool isText(FieldType type) {
 bool describesColumn(const FieldRow& row, const SchemaColumn& column, bool strict) {
     return isFieldType(row.type) &&
            sameSqlName(column.type, declaredType(static_cast<FieldType>(row.type), row.size, strict));
+}
+
+/// A constraint's index is called after its columns.
+std::string joinedColumns(const SchemaIndex& index) {
+    std::string name;
+    for (const SchemaKey& key : index.keys)
+        name += (name.empty() ? "" : "_") + key.column;
+    return name;
 }
 
 /// Brings `items` into the order of `positions`.
@@ -105,7 +112,7 @@ void PhysicalTableBuilder::addField(const SchemaColumn& column, int position) {
         place.own = true;
     } else {
         const ColumnType type = readDeclaredType(column.type);
-        const bool fillsItself = column.hasDefault || &column == m_schema.rowIdAlias();
+        const bool fillsItself = column.defaultValue.has_value() || &column == m_schema.rowIdAlias();
         field.type = type.type;
         field.size = type.size;
         field.required = column.notNull && !fillsItself;
@@ -132,7 +139,7 @@ void PhysicalTableBuilder::sortFields() {
 
 void PhysicalTableBuilder::addIndexes() {
     const SchemaColumn* alias = m_schema.rowIdAlias();
-    if (alias != nullptr && !m_table.own)
+    if (alias != nullptr && !m_table.own && !isDeleted(""))
         addRowIdIndex(*alias);
     for (const SchemaIndex& index : m_schema.indexes)
         if (isTold(index))
@@ -168,8 +175,16 @@ void PhysicalTableBuilder::addIndex(const SchemaIndex& index) {
 }
 
 bool PhysicalTableBuilder::isTold(const SchemaIndex& index) const {
+    if (index.origin != IndexOrigin::Created && isDeleted(index.name))
+        return false;
     return !index.partial && std::ranges::all_of(index.keys, [this](const SchemaKey& key) {
         return !key.expression && fieldOf(key.column) != nullptr && isKnown(key.collation);
+    });
+}
+
+bool PhysicalTableBuilder::isDeleted(const std::string& sqlName) const {
+    return std::ranges::any_of(m_indexRows, [&](const IndexRow& row) {
+        return row.sqlName == sqlName && row.index.starts_with(deletedIndexPrefix);
     });
 }
 
@@ -184,30 +199,11 @@ std::string PhysicalTableBuilder::indexName(const SchemaIndex& index) const {
     case IndexOrigin::PrimaryKey:
         return freeName(primaryKeyName);
     case IndexOrigin::UniqueConstraint:
-        return freeName(constraintName(index));
+        return freeName(joinedColumns(index));
     case IndexOrigin::Created:
         break;
     }
     return freeName(index.name);
-}
-
-/// The name that the CREATE TABLE text gives the constraint, else its columns'.
-std::string PhysicalTableBuilder::constraintName(const SchemaIndex& index) const {
-    std::vector<std::string> columns;
-    for (const SchemaKey& key : index.keys)
-        columns.push_back(key.column);
-    const auto belongs = [&](const ConstraintPart& part) {
-        return part.kind == ConstraintKind::Unique && !part.name.empty() &&
-               std::ranges::equal(part.columns, columns, sameSqlName);
-    };
-    if (const auto statement = CreateTableSql::parse(m_schema.sql))
-        for (const ConstraintPart& part : statement->allConstraints())
-            if (belongs(part))
-                return part.name;
-    std::string name = columns.front();
-    for (std::size_t at = 1; at < columns.size(); ++at)
-        name += "_" + columns[at];
-    return name;
 }
 
 /// Index names must differ within the table; a number tells two of the same name apart.

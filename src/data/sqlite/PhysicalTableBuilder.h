@@ -14,8 +14,8 @@ namespace tol::data::sqlite {
 
 /// Makes of a table, as SQLite tells it, and of its catalogue rows the table that the interface sees.
 /// Columns and indexes without a row are read as those of another maker. Not told are generated
-/// columns, deleted fields, and indexes that are partial, have an expression or an untold column as a
-/// key, or collate in a way that only their maker's program knows.
+/// columns, deleted fields, deleted indexes whose constraint is in force, and indexes that are partial, have
+/// an expression or an untold column as a key, or collate in a way that only their maker's program knows.
 class PhysicalTableBuilder {
   public:
     PhysicalTableBuilder(const SchemaTable& schema, std::span<const FieldRow> fields,
@@ -35,9 +35,10 @@ class PhysicalTableBuilder {
     void addRowIdIndex(const SchemaColumn& alias);
     void addIndex(const SchemaIndex& index);
     [[nodiscard]] bool isTold(const SchemaIndex& index) const;
+    /// Whether a constraint's index was deleted from the definition; "" stands for that of the row id.
+    [[nodiscard]] bool isDeleted(const std::string& sqlName) const;
     [[nodiscard]] bool isKnown(const std::string& collation) const;
     [[nodiscard]] std::string indexName(const SchemaIndex& index) const;
-    [[nodiscard]] std::string constraintName(const SchemaIndex& index) const;
     [[nodiscard]] std::string freeName(const std::string& wanted) const;
     [[nodiscard]] const FieldRow* fieldRow(const std::string& column) const;
     [[nodiscard]] const IndexRow* indexRow(const std::string& sqlName) const;

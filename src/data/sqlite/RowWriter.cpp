@@ -45,10 +45,14 @@ void namingDuplicates(const PhysicalTable& table, Step&& step) {
         const auto isMeant = [&](const IndexDef& index) {
             return index.unique && error.engineText().ends_with(": " + keyText(table, index));
         };
-        const auto meant = std::find_if(indexes.begin(), indexes.end(), isMeant);
-        if (error.number() != runtime::errDuplicateKey || meant == indexes.end())
+        if (error.number() != runtime::errDuplicateKey)
             throw;
-        runtime::raise(runtime::errDuplicateKey, {meant->name}, error.engineText());
+        const auto meant = std::find_if(indexes.begin(), indexes.end(), isMeant);
+        // One that is not told, such as a constraint's whose index was deleted, goes by its columns.
+        const std::string& text = error.engineText();
+        const std::string name =
+            meant == indexes.end() ? text.substr(std::min(text.size(), text.rfind(": ") + 2)) : meant->name;
+        runtime::raise(runtime::errDuplicateKey, {name}, text);
     }
 }
 

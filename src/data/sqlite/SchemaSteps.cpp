@@ -3,10 +3,9 @@
 
 #include "data/sqlite/AlterTable.h"
 #include "data/sqlite/DeclaredTypes.h"
+#include "data/sqlite/FileSchema.h"
 #include "data/sqlite/HiddenColumns.h"
 #include "data/sqlite/Sql.h"
-#include "data/sqlite/SqlTokens.h"
-#include "data/sqlite/TableRebuild.h"
 #include "data/sqlite/TextCollation.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
@@ -81,6 +80,7 @@ void SchemaSteps::dropTable(const PhysicalTable& table) {
 }
 
 void SchemaSteps::renameTable(const PhysicalTable& table, const std::string& newName) {
+    const std::vector<std::string> before = requireSchema(m_connection, table.sqlName).constraintNames();
     if (sameSqlName(table.sqlName, newName)) {
         // SQLite takes the other spelling for a second table of that name.
         const std::string between = table.sqlName + "~";
@@ -91,6 +91,7 @@ void SchemaSteps::renameTable(const PhysicalTable& table, const std::string& new
         sqlite::renameTable(m_connection, table.sqlName, newName);
     }
     m_catalogue.renameTable(table.sqlName, newName);
+    m_catalogue.renameDeletedIndexes(newName, before, requireSchema(m_connection, newName).constraintNames());
 }
 
 /// Tables share their names with views, triggers and indexes in SQLite.
@@ -113,33 +114,68 @@ void SchemaSteps::addField(const PhysicalTable& table, const FieldDef& field) {
     requireFieldName(field.name);
     HiddenColumns hidden(m_connection, table.sqlName);
     if (table.hiddenColumns > 0 && !hidden.leaveRoom(table))
-        hidden.sweep();
+        removeHiddenColumns(table);
     FieldDef added = field;
     if (added.ordinal < 0)
         added.ordinal = ordinalBehind(table.definition);
     m_connection.execute("ALTER TABLE " + quotedName(table.sqlName) + " ADD COLUMN " +
                          columnDefinition(added, table.strict));
     m_catalogue.putField(rowOf(table.sqlName, added));
+    restore(table.sqlName, added.name);
+}
+
+/// What had to go with a column of that name comes back.
+void SchemaSteps::restore(const std::string& table, const std::string& column) {
+    std::erase_if(m_losses, [&](const Loss& loss) {
+        return loss.note.table == table && sameSqlName(loss.column, column) && comesBack(loss);
+    });
+}
+
+bool SchemaSteps::comesBack(const Loss& loss) {
+    const bool wasLeft =
+        loss.note.kind == SchemaNote::Kind::View || loss.note.kind == SchemaNote::Kind::Reference;
+    return wasLeft || (!loss.sql.empty() && m_connection.tryExecute(loss.sql));
 }
 
 void SchemaSteps::dropField(const PhysicalTable& table, std::size_t field) {
     const std::string& column = table.columns[field].name;
-    if (!table.columns[field].own && !TableRebuild::canStayHidden(m_connection, table.sqlName, column)) {
-        removeColumn(table, column);
-        return;
+    ColumnRemoval removal(m_connection, table.sqlName);
+    if (table.own) {
+        const std::string hidden = HiddenColumns(m_connection, table.sqlName).freeName();
+        removal.hide(column, hidden);
+        putEntry(table, field);
+        m_catalogue.hideField(table.sqlName, column, hidden);
+    } else {
+        removal.drop(column);
+        m_catalogue.removeField(table.sqlName, column);
     }
-    const std::string hidden = HiddenColumns(m_connection, table.sqlName).freeName();
-    renameColumn(m_connection, table.sqlName, column, hidden);
-    putEntry(table, field);
-    m_catalogue.hideField(table.sqlName, column, hidden);
+    keepLosses(removal);
 }
 
-/// A column of another maker that would be in somebody's way can't stay behind.
-void SchemaSteps::removeColumn(const PhysicalTable& table, const std::string& column) {
-    TableRebuild rebuild(m_connection, table.sqlName);
-    rebuild.removeColumn(column);
-    rebuild.run();
-    m_catalogue.removeField(table.sqlName, column);
+void SchemaSteps::removeHiddenColumns(const PhysicalTable& table) {
+    HiddenColumns hidden(m_connection, table.sqlName);
+    if (table.own) {
+        hidden.sweep();
+        return;
+    }
+    ColumnRemoval removal(m_connection, table.sqlName);
+    for (const std::string& column : hidden.names())
+        removal.drop(column);
+    m_catalogue.removeDeletedFields(table.sqlName);
+    keepLosses(removal);
+}
+
+void SchemaSteps::keepLosses(const ColumnRemoval& removal) {
+    m_losses.insert(m_losses.end(), removal.losses().begin(), removal.losses().end());
+}
+
+std::vector<SchemaNote> SchemaSteps::takeNotes() {
+    std::vector<SchemaNote> notes;
+    for (const Loss& loss : m_losses)
+        notes.push_back(loss.note);
+    m_losses.clear();
+    m_committed.clear();
+    return notes;
 }
 
 void SchemaSteps::renameField(const PhysicalTable& table, std::size_t field, const std::string& newName) {
@@ -227,14 +263,15 @@ void SchemaSteps::requireNoNull(const PhysicalTable& table, const IndexDef& inde
 
 void SchemaSteps::dropIndex(const PhysicalTable& table, std::size_t index) {
     const PhysicalIndex& dropped = table.indexes[index];
+    const std::string& name = table.definition.indexes[index].name;
     if (dropped.kind == IndexKind::Constraint || dropped.kind == IndexKind::RowId) {
-        TableRebuild rebuild(m_connection, table.sqlName);
-        rebuild.removeKey(table, index);
-        rebuild.run();
+        m_catalogue.putDeletedIndex(table.sqlName, dropped.sqlName);
+        countEntryChange();
+        m_losses.push_back({{SchemaNote::Kind::StillInForce, table.sqlName, name}, "", ""});
     } else {
         m_connection.execute("DROP INDEX " + quotedName(dropped.sqlName));
+        m_catalogue.removeIndex(table.sqlName, name);
     }
-    m_catalogue.removeIndex(table.sqlName, table.definition.indexes[index].name);
 }
 
 } // namespace tol::data::sqlite

@@ -2,11 +2,12 @@
 #include "data/sqlite/SqliteStore.h"
 
 #include "data/sqlite/FileFormat.h"
-#include "data/sqlite/HiddenColumns.h"
 #include "data/sqlite/SqliteCursor.h"
 #include "data/sqlite/TextCollation.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
+
+#include <sqlite3.h>
 
 #include <algorithm>
 #include <utility>
@@ -46,6 +47,7 @@ SqliteStore::SqliteStore(const std::filesystem::path& file, Connection::Mode mod
       m_steps(m_session->connection()) {
     m_session->setTransactionEnd([this](bool committed) {
         m_locks.releaseHeld();
+        m_steps.ended(committed);
         if (!committed)
             m_mark.clear();
     });
@@ -280,6 +282,25 @@ void SqliteStore::setAllowZeroLength(std::string_view table, std::string_view fi
     });
 }
 
+/// A field that is gone for good needs neither its default nor its NOT NULL.
+SchemaNotes SqliteStore::takeNotes() {
+    enter();
+    SchemaNotes notes = m_steps.takeNotes();
+    std::erase_if(notes, [this](const SchemaNote& note) {
+        const bool isOfField =
+            note.kind == SchemaNote::Kind::Default || note.kind == SchemaNote::Kind::NotNull;
+        const auto table = find(note.table);
+        return isOfField && (!table || table->table->definition.findField(note.name) < 0);
+    });
+    return notes;
+}
+
+void SqliteStore::letTriggersFire(bool fire) {
+    m_triggersOff += fire ? -1 : 1;
+    sqlite3_db_config(m_session->connection().handle(), SQLITE_DBCONFIG_ENABLE_TRIGGER,
+                      m_triggersOff == 0 ? 1 : 0, nullptr);
+}
+
 /// The table's name as the file has it, which may differ in case.
 std::string SqliteStore::nameOf(std::string_view table) {
     enter();
@@ -343,7 +364,7 @@ void SqliteStore::compact() {
     run(tables, [&] {
         for (const auto& table : tables) {
             if (const auto found = find(table); found && found->table->hiddenColumns > 0)
-                HiddenColumns(m_session->connection(), found->table->sqlName).sweep();
+                m_steps.removeHiddenColumns(*found->table);
         }
     });
     settle();

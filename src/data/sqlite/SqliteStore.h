@@ -37,6 +37,9 @@ class SqliteStore : public Store, public std::enable_shared_from_this<SqliteStor
     void setOrdinal(std::string_view table, std::string_view field, int ordinal) override;
     void setAllowZeroLength(std::string_view table, std::string_view field, bool allow) override;
 
+    SchemaNotes takeNotes() override;
+    void letTriggersFire(bool fire) override;
+
     std::unique_ptr<TableUse> useTable(std::string_view table) override;
     std::unique_ptr<Cursor> openCursor(std::string_view table) override;
 
@@ -78,6 +81,7 @@ class SqliteStore : public Store, public std::enable_shared_from_this<SqliteStor
     std::uint64_t m_othersSeen = 0;
     std::string m_mark; ///< tells two states of the file's definitions apart
     bool m_outdatedCollation = false;
+    int m_triggersOff = 0; ///< how many want them off
 };
 
 } // namespace tol::data::sqlite

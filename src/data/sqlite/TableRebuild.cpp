@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite/TableRebuild.h"
 
-#include "data/sqlite/PragmaFlag.h"
 #include "data/sqlite/Sql.h"
 #include "runtime/RuntimeError.h"
 
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <array>
+#include <cctype>
 #include <optional>
 #include <string_view>
 
 namespace tol::data::sqlite {
-
 namespace {
 
 /// A name that nothing in the file has.
@@ -29,20 +27,26 @@ std::string freeTableName(Connection& connection) {
     return name;
 }
 
-/// The columns that a row is written to, quoted.
-std::vector<std::string> writtenColumns(const SchemaTable& table) {
-    std::vector<std::string> columns;
-    for (const SchemaColumn& column : table.columns)
-        if (!column.generated)
-            columns.push_back(quotedName(column.name));
-    return columns;
+std::string quotedList(const std::vector<std::string>& names) {
+    std::vector<std::string> quoted;
+    for (const std::string& name : names)
+        quoted.push_back(quotedName(name));
+    return listed(quoted);
 }
 
-std::string listed(const std::vector<std::string>& items, std::string_view behindEach = {}) {
-    std::string list;
-    for (const std::string& item : items)
-        list.append(list.empty() ? "" : ", ").append(item).append(behindEach);
-    return list;
+bool isWordCharacter(char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
+}
+
+/// Any text can be a type in quotes; STRICT tables want theirs without.
+std::string typeSql(const std::string& type) {
+    return type.empty() ? "" : " " + (std::ranges::all_of(type, isWordCharacter) ? type : quotedName(type));
+}
+
+/// An expression must stand in brackets, and a word or a name, which SQLite takes for a text, must not.
+std::string defaultSql(const std::string& value) {
+    const bool isWord = value.starts_with('"') || std::ranges::all_of(value, isWordCharacter);
+    return " DEFAULT " + (isWord ? value : "(" + value + ")");
 }
 
 /// What makes SQLite read a table from front to end, and not by an index that happens to have all columns.
@@ -57,104 +61,119 @@ std::string inStoredOrder(const SchemaTable& table) {
     return " ORDER BY " + listed(terms);
 }
 
-std::string textOf(Connection& connection, const std::string& table) {
-    auto query = connection.cached("SELECT sql FROM sqlite_schema WHERE type = 'table' AND name = ?");
-    query->bind(1, table);
-    return query->step() ? std::string(query->text(0)) : std::string();
-}
-
-CreateTableSql parsedText(Connection& connection, const std::string& table) {
-    auto statement = CreateTableSql::parse(textOf(connection, table));
-    if (!statement)
-        runtime::raise(runtime::errInvalidOperation, {},
-                       "the text of table " + table + " can't be taken apart");
-    return std::move(*statement);
-}
-
-bool numbersItsRows(const CreateTableSql& statement) {
-    return std::ranges::any_of(statement.allConstraints(), [&](const ConstraintPart& part) {
-        return part.kind == ConstraintKind::PrimaryKey && statement.uses(part, "AUTOINCREMENT");
-    });
-}
-
-SchemaTable schemaOf(Connection& connection, const std::string& table) {
-    FileSchema schema = readSchema(connection, table);
-    if (schema.empty())
-        runtime::raise(runtime::errTableNotFound, {table});
-    return std::move(schema.begin()->second);
+std::vector<const SchemaIndex*> constraintIndexes(const SchemaTable& table) {
+    std::vector<const SchemaIndex*> indexes;
+    for (const SchemaIndex& index : table.indexes)
+        if (index.origin != IndexOrigin::Created)
+            indexes.push_back(&index);
+    return indexes;
 }
 
 } // namespace
 
-TableRebuild::TableRebuild(Connection& connection, std::string table) : m_connection(connection) {
-    m_table.name = std::move(table);
-}
+TableRebuild::TableRebuild(Connection& connection, const std::string& table)
+    : m_connection(connection), m_table(requireSchema(connection, table)) {}
 
-void TableRebuild::removeKey(const PhysicalTable& table, std::size_t index) {
-    const IndexDef& definition = table.definition.indexes[index];
-    if (definition.primary) {
-        m_removals.addPrimaryKey();
-        return;
-    }
-    std::vector<std::string> columns;
-    for (const std::string& field : definition.fields)
-        columns.push_back(table.columns[static_cast<std::size_t>(table.definition.findField(field))].name);
-    m_removals.addUnique(std::move(columns));
-}
-
-void TableRebuild::run() {
-    m_connection.run("SAVEPOINT rebuild");
-    try {
-        rebuild();
-    } catch (...) {
-        if (m_connection.inTransaction()) // else SQLite has given up all of it
-            m_connection.execute("ROLLBACK TO rebuild; RELEASE rebuild");
-        throw;
-    }
-    m_connection.run("RELEASE rebuild");
-}
-
-void TableRebuild::rebuild() {
-    m_table = schemaOf(m_connection, m_table.name);
-    const std::vector<SchemaObject> indexes = objects("index");
-    const std::vector<SchemaObject> triggers = objects("trigger");
-    makeNewTable();
+void TableRebuild::removeColumns(std::vector<std::string> columns) {
+    m_removed = std::move(columns);
+    const std::vector<SchemaObject> indexes = createdIndexes(m_connection, m_table.name);
+    m_newName = freeTableName(m_connection);
+    m_connection.execute(newTableSql());
     copyRows();
     replaceTable();
     restoreIndexes(indexes);
-    restoreTriggers(triggers);
+    followDeletedIndexes();
 }
 
-/// What was made by hand, in the order in which it was made.
-std::vector<TableRebuild::SchemaObject> TableRebuild::objects(const std::string& type) {
-    auto query =
-        m_connection.cached("SELECT name, sql FROM sqlite_schema "
-                            "WHERE type = ? AND tbl_name = ? COLLATE NOCASE AND sql <> '' ORDER BY rowid");
-    query->bindAll(type, m_table.name);
-    std::vector<SchemaObject> found;
-    while (query->step())
-        found.push_back({std::string(query->text(0)), std::string(query->text(1))});
-    return found;
+// ---------------------------------------------------------------- the new table
+
+bool TableRebuild::stays(const SchemaColumn& column) const {
+    return !column.generated && !containsName(m_removed, column.name);
 }
 
-void TableRebuild::makeNewTable() {
-    CreateTableSql statement = parsedText(m_connection, m_table.name);
-    m_removals.applyTo(statement, m_table);
-    m_newName = freeTableName(m_connection);
-    const std::string sql = statement.text(m_newName);
-    m_connection.execute(sql);
-    m_autoincrement = numbersItsRows(CreateTableSql::parse(sql).value());
-}
-
-/// Rows that are there were let in once: checks don't look at them again. But none may be passed over
-/// or replaced, whatever a constraint says about conflicts. They come in stored order.
-void TableRebuild::copyRows() {
-    const PragmaFlag unchecked(m_connection, "ignore_check_constraints");
-    const SchemaTable made = schemaOf(m_connection, m_newName);
-    std::vector<std::string> targets = writtenColumns(made);
-    std::erase_if(targets, [this](const std::string& column) {
-        return m_table.findColumn(unquotedName(column)) == nullptr;
+/// A key on an expression or on a generated column is none of a constraint.
+bool TableRebuild::stays(const SchemaIndex& index) const {
+    return std::ranges::all_of(index.keys, [this](const SchemaKey& key) {
+        const SchemaColumn* column = m_table.findColumn(key.column);
+        return column != nullptr && stays(*column);
     });
+}
+
+std::string TableRebuild::newTableSql() {
+    std::vector<std::string> parts;
+    bool keyed = false; // a table without row ids needs its primary key
+    for (const SchemaColumn& column : m_table.columns)
+        if (stays(column))
+            parts.push_back(columnSql(column));
+    if (parts.empty())
+        parts.push_back(quotedName(rowKeyColumn) + " INTEGER PRIMARY KEY AUTOINCREMENT");
+    for (const SchemaIndex* index : constraintIndexes(m_table)) {
+        if (!stays(*index))
+            continue;
+        keyed = keyed || index->origin == IndexOrigin::PrimaryKey;
+        parts.push_back(keySql(*index));
+    }
+    for (const SchemaForeignKey& key : m_table.foreignKeys)
+        if (std::string sql = foreignKeySql(key); !sql.empty())
+            parts.push_back(std::move(sql));
+    std::vector<std::string> options;
+    if (m_table.withoutRowId && keyed)
+        options.emplace_back("WITHOUT ROWID");
+    if (m_table.strict)
+        options.emplace_back("STRICT");
+    return "CREATE TABLE " + quotedName(m_newName) + " (" + listed(parts) + ")" +
+           (options.empty() ? "" : " " + listed(options));
+}
+
+std::string TableRebuild::columnSql(const SchemaColumn& column) {
+    const char* collation = "";
+    int autoincrement = 0;
+    sqlite3_table_column_metadata(m_connection.handle(), "main", m_table.name.c_str(), column.name.c_str(),
+                                  nullptr, &collation, nullptr, nullptr, &autoincrement);
+    std::string sql = quotedName(column.name) + typeSql(column.type);
+    if (&column == m_table.rowIdAlias()) {
+        m_autoincrement = autoincrement != 0;
+        sql += std::string(" PRIMARY KEY") + (m_autoincrement ? " AUTOINCREMENT" : "");
+    }
+    if (!sameSqlName(collation, "BINARY"))
+        sql += " COLLATE " + quotedName(collation);
+    if (column.notNull)
+        sql += " NOT NULL";
+    if (column.defaultValue)
+        sql += defaultSql(*column.defaultValue);
+    return sql;
+}
+
+std::string TableRebuild::keySql(const SchemaIndex& index) const {
+    std::vector<std::string> keys;
+    for (const SchemaKey& key : index.keys)
+        keys.push_back(quotedName(key.column) + " COLLATE " + quotedName(key.collation) +
+                       (key.descending ? " DESC" : ""));
+    return (index.origin == IndexOrigin::PrimaryKey ? "PRIMARY KEY (" : "UNIQUE (") + listed(keys) + ")";
+}
+
+/// "" for one that a removed column is in, on either side of a table's reference to itself.
+std::string TableRebuild::foreignKeySql(const SchemaForeignKey& key) const {
+    const auto isRemoved = [this](const std::string& column) { return containsName(m_removed, column); };
+    const bool toItself = sameSqlName(key.parent, m_table.name);
+    if (std::ranges::any_of(key.columns, isRemoved) ||
+        (toItself && std::ranges::any_of(key.parentColumns, isRemoved)))
+        return "";
+    std::string sql = "FOREIGN KEY (" + quotedList(key.columns) + ") REFERENCES " + quotedName(key.parent);
+    if (!key.parentColumns.empty())
+        sql += " (" + quotedList(key.parentColumns) + ")";
+    return sql + " ON UPDATE " + key.onUpdate + " ON DELETE " + key.onDelete;
+}
+
+// ---------------------------------------------------------------- rows and what hangs on the table
+
+/// In stored order. None may be passed over or replaced.
+void TableRebuild::copyRows() {
+    const SchemaTable made = requireSchema(m_connection, m_newName);
+    std::vector<std::string> targets;
+    for (const SchemaColumn& column : m_table.columns)
+        if (stays(column))
+            targets.push_back(quotedName(column.name));
     std::vector<std::string> sources = targets;
     const auto from = m_table.rowIdName();
     const auto to = made.rowIdName();
@@ -168,8 +187,8 @@ void TableRebuild::copyRows() {
                          inStoredOrder(m_table));
 }
 
-/// In the old way of renaming, what other tables, views and triggers say stays as it is: they mean the
-/// table by that name, not the one that is dropped.
+/// The table's place is taken under its own name, so that what other tables say about it stays as it is.
+/// Numbers that were given to rows since deleted are not given again.
 void TableRebuild::replaceTable() {
     std::optional<std::int64_t> lastNumber;
     if (m_autoincrement) {
@@ -178,7 +197,6 @@ void TableRebuild::replaceTable() {
         if (query->step())
             lastNumber = query->integer(0);
     }
-    const PragmaFlag oldWay(m_connection, "legacy_alter_table");
     m_connection.execute("DROP TABLE " + quotedName(m_table.name));
     m_connection.execute("ALTER TABLE " + quotedName(m_newName) + " RENAME TO " + quotedName(m_table.name));
     if (lastNumber) {
@@ -187,52 +205,23 @@ void TableRebuild::replaceTable() {
     }
 }
 
+/// One that uses a generated column can't be made any more.
 void TableRebuild::restoreIndexes(const std::vector<SchemaObject>& indexes) {
-    for (const SchemaObject& index : indexes) {
-        const auto schema = std::ranges::find(m_table.indexes, index.name, &SchemaIndex::name);
-        if (schema == m_table.indexes.end() || !m_removals.concernIndex(*schema, index.sql))
-            m_connection.execute(index.sql);
-    }
+    for (const SchemaObject& index : indexes)
+        static_cast<void>(m_connection.tryExecute(index.sql));
 }
 
-void TableRebuild::restoreTriggers(const std::vector<SchemaObject>& triggers) {
-    for (const SchemaObject& trigger : triggers) {
-        m_connection.execute(trigger.sql);
-        if (m_removals.areNamedIn(trigger.sql) && isBrokenByTrigger())
-            m_connection.execute("DROP TRIGGER " + quotedName(trigger.name));
-    }
-}
-
-/// SQLite looks up a trigger's columns when it prepares a statement that would set it off.
-bool TableRebuild::isBrokenByTrigger() {
-    const SchemaTable made = schemaOf(m_connection, m_table.name);
-    const std::string table = quotedName(m_table.name);
-    const std::array<std::string, 3> statements = {
-        "INSERT INTO " + table + " DEFAULT VALUES",
-        "UPDATE " + table + " SET " + listed(writtenColumns(made), " = NULL"),
-        "DELETE FROM " + table,
-    };
-    return std::ranges::any_of(statements, [this](const std::string& sql) {
-        sqlite3_stmt* statement = nullptr;
-        const int code = sqlite3_prepare_v2(m_connection.handle(), sql.c_str(), -1, &statement, nullptr);
-        const std::string_view message = code == SQLITE_OK ? "" : sqlite3_errmsg(m_connection.handle());
-        sqlite3_finalize(statement);
-        return message.starts_with("no such column") || message.find("has no column named") != message.npos;
-    });
-}
-
-bool TableRebuild::canStayHidden(Connection& connection, const std::string& table,
-                                 const std::string& column) {
-    const SchemaTable schema = schemaOf(connection, table);
-    const SchemaColumn* found = schema.findColumn(column);
-    if (found == nullptr || (found->notNull && !found->hasDefault) || found->keyPosition > 0)
-        return false;
-    const CreateTableSql statement = parsedText(connection, schema.name);
-    return std::ranges::none_of(statement.allConstraints(), [&](const ConstraintPart& part) {
-        const bool computes = part.kind == ConstraintKind::Check || part.kind == ConstraintKind::Generated;
-        return (computes && statement.uses(part, column)) ||
-               (part.kind == ConstraintKind::ForeignKey && containsName(part.columns, column));
-    });
+/// SQLite numbers the indexes of constraints anew.
+void TableRebuild::followDeletedIndexes() {
+    std::vector<std::string> left;
+    if (const SchemaColumn* alias = m_table.rowIdAlias(); alias != nullptr && stays(*alias))
+        left.emplace_back();
+    for (const SchemaIndex* index : constraintIndexes(m_table))
+        if (stays(*index))
+            left.push_back(index->name);
+    CatalogueTables(m_connection)
+        .renameDeletedIndexes(m_table.name, left,
+                              requireSchema(m_connection, m_table.name).constraintNames());
 }
 
 } // namespace tol::data::sqlite

@@ -2,6 +2,7 @@
 #include "EngineTest.h"
 #include "ForeignFilesTest.h"
 #include "runtime/Conversions.h"
+#include "runtime/Host.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,19 +15,128 @@ using testing::IsEmpty;
 
 class ForeignDefinitions : public ForeignFilesTest {};
 
-TEST_F(ForeignDefinitions, MakeARowIdTableWhenAPrimaryKeyIsDeleted) {
-    make("CREATE TABLE t(k TEXT PRIMARY KEY, v TEXT) WITHOUT ROWID; INSERT INTO t VALUES('b', '2'), ('a', "
-         "'1')");
+namespace {
+
+std::vector<std::string> wordsOf(const SchemaNotes& notes) {
+    std::vector<std::string> words;
+    for (const SchemaNote& note : notes)
+        words.push_back(note.table + ": " + kindWord(note.kind) + " " + note.name);
+    return words;
+}
+
+} // namespace
+
+TEST_F(ForeignDefinitions, KeepAConstraintInForceWhoseIndexIsDeleted) {
+    make("CREATE TABLE t(k TEXT PRIMARY KEY, v TEXT UNIQUE, n INT) WITHOUT ROWID; INSERT INTO t VALUES('b', "
+         "'2', 1), ('a', '1', 2)");
     database.TableDefs("t").Indexes().Delete("PrimaryKey");
+    database.TableDefs("t").Indexes().Delete("v");
+    EXPECT_THAT(wordsOf(database.takeNotes()),
+                ElementsAre("t: still in force PrimaryKey", "t: still in force v"));
+    EXPECT_THAT(database.takeNotes(), IsEmpty());
+    reopen();
+    EXPECT_THAT(indexesOf(database.TableDefs("t")), IsEmpty());
     {
         Recordset rows = database.OpenRecordset("t");
-        EXPECT_THAT(walk(rows), ElementsAre("a|1", "b|2"));
-        add(rows, {{"k", "a"}, {"v", "3"}});
-        EXPECT_EQ(rows.LastModified(), "3");
+        EXPECT_THAT(walk(rows), ElementsAre("a|1|2", "b|2|1"));
+        const auto error = errorOf([&] { add(rows, {{"k", "a"}, {"v", "3"}}); });
+        EXPECT_EQ(error.number(), 3022);
+        EXPECT_THAT(error.description(), testing::HasSubstr("'t.k'")) << "no message has a gap";
+        EXPECT_EQ(errorOf([&] { add(rows, {{"k", "c"}, {"v", "1"}}); }).number(), 3022);
     }
-    database.TableDefs("t").Fields().Delete("k");
+    TableDef table = database.TableDefs("t");
+    Index index = table.CreateIndex("PrimaryKey");
+    index.Fields().Append(index.CreateField("k"));
+    table.Indexes().Append(index);
+    reopen();
+    EXPECT_THAT(indexesOf(database.TableDefs("t")), ElementsAre("PrimaryKey"));
+    EXPECT_FALSE(database.TableDefs("t").Indexes()("PrimaryKey").Primary());
+    {
+        Recordset rows = database.OpenRecordset("t");
+        EXPECT_THAT(walkBy(rows, "PrimaryKey"), ElementsAre("a|1|2", "b|2|1"));
+    }
+    database.TableDefs("t").Name("u");
+    reopen();
+    EXPECT_THAT(indexesOf(database.TableDefs("u")), ElementsAre("PrimaryKey"));
+    database.TableDefs("u").Indexes().Delete("PrimaryKey");
+    database.TableDefs("u").Fields().Delete("v"); // the table is made anew
+    EXPECT_THAT(wordsOf(database.takeNotes()), ElementsAre("u: unique v"));
+    EXPECT_THAT(indexesOf(database.TableDefs("u")), IsEmpty()) << "the primary key's stays deleted";
+    EXPECT_EQ(file.value("SELECT count(*) FROM pragma_index_list('u') WHERE origin = 'pk'"), "1");
+}
+
+TEST_F(ForeignDefinitions, WalkAnIndexOnTheRowId) {
+    make("CREATE TABLE t(id INTEGER PRIMARY KEY AUTOINCREMENT, a TEXT); INSERT INTO t VALUES(3, 'c'), (1, "
+         "'a'), (20, 'z')");
+    TableDef table = database.TableDefs("t");
+    table.Indexes().Delete("PrimaryKey");
+    Index index = table.CreateIndex("PrimaryKey");
+    index.Fields().Append(index.CreateField("id"));
+    table.Indexes().Append(index);
+    {
+        Recordset rows = database.OpenRecordset("t");
+        EXPECT_THAT(walkBy(rows, "PrimaryKey"), ElementsAre("1|a", "3|c", "20|z"));
+        EXPECT_THAT(walkBack(rows, 0), ElementsAre("20", "3", "1"));
+        rows.Seek(">=", {4});
+        EXPECT_EQ(valueText(rows.Fields("a").Value()), "z");
+        rows.Seek("=", {4});
+        EXPECT_TRUE(rows.NoMatch());
+    }
+    EXPECT_EQ(file.value("PRAGMA integrity_check"), "ok");
+    file.run("INSERT INTO t(a) VALUES('next')");
+    EXPECT_EQ(file.value("SELECT max(id) FROM t"), "21");
+}
+
+TEST_F(ForeignDefinitions, BringBackWithAFieldWhatWentWithIt) {
+    make(
+        "CREATE TABLE t(id INTEGER PRIMARY KEY, a INT, b INT NOT NULL DEFAULT 3); CREATE TABLE log(x);"
+        "CREATE VIEW v AS SELECT b FROM t; CREATE INDEX part ON t(a) WHERE b > 1; CREATE INDEX expr ON t(b + "
+        "1); CREATE TRIGGER r AFTER UPDATE OF b ON t BEGIN INSERT INTO log VALUES(new.b); END;"
+        "INSERT INTO t VALUES(1, 2, 3)");
+    const std::string others =
+        "SELECT type, name, sql FROM sqlite_schema WHERE name NOT IN ('t') AND name NOT "
+        "LIKE 'MSys%' ORDER BY name";
+    const auto before = file.rows(others);
+    database.TableDefs("t").Fields().Delete("b");
+    TableDef table = database.TableDefs("t");
+    table.Fields().Append(table.CreateField("B", dbText, 5));
+    runtime::settle();
+    EXPECT_EQ(file.rows(others), before);
+    EXPECT_THAT(wordsOf(database.takeNotes()), ElementsAre("t: default b", "t: not null b"));
+    table.Fields().Delete("B");
+    EXPECT_THAT(wordsOf(database.takeNotes()),
+                testing::UnorderedElementsAre("t: view v", "t: index part", "t: index expr", "t: trigger r"));
+    runtime::settle();
+    EXPECT_THAT(file.rows(others),
+                ElementsAre("table|log|CREATE TABLE log(x)", "view|v|CREATE VIEW v AS SELECT b FROM t"));
+}
+
+TEST_F(ForeignDefinitions, ForgetWhatARollbackBringsBack) {
+    make("CREATE TABLE t(a INT, b INT DEFAULT 3); CREATE VIEW v AS SELECT b FROM t");
+    const auto shared = StoreRegistry::instance().open(file.path(), false);
+    Store& store = shared->store();
+    store.begin();
+    store.dropField("t", "b");
+    store.rollback();
+    EXPECT_THAT(store.takeNotes(), IsEmpty());
+    EXPECT_EQ(store.definition("t")->fields.size(), 2U);
+    EXPECT_EQ(file.value("SELECT sql FROM sqlite_schema WHERE name = 'v'"),
+              "CREATE VIEW v AS SELECT b FROM t");
+}
+
+TEST_F(ForeignDefinitions, SetNoTriggersOffWhereNobodyWants) {
+    make("CREATE TABLE t(a INT); CREATE TABLE log(x); CREATE TRIGGER r AFTER UPDATE ON t BEGIN INSERT INTO "
+         "log "
+         "VALUES(new.a); END; INSERT INTO t VALUES(1)");
     Recordset rows = database.OpenRecordset("t");
-    EXPECT_THAT(walk(rows), ElementsAre("1", "2", "3"));
+    {
+        const TriggersOff off(database);
+        set(rows, "a", 2);
+    }
+    EXPECT_EQ(file.value("SELECT count(*) FROM log"), "0");
+    set(rows, "a", 3);
+    rows.Close();
+    EXPECT_EQ(file.value("SELECT x FROM log"), "3");
 }
 
 TEST_F(ForeignDefinitions, TakeNewFieldsAndIndexes) {
@@ -88,7 +198,7 @@ TEST_F(ForeignDefinitions, LoseFieldsThatMayStayBehindAtOnce) {
     EXPECT_THAT(file.rows("SELECT * FROM v"), ElementsAre("1", "2"));
 }
 
-TEST_F(ForeignDefinitions, LoseFieldsThatMustHaveValuesByARebuild) {
+TEST_F(ForeignDefinitions, LoseFieldsThatMustHaveValues) {
     make("CREATE TABLE t(a INT NOT NULL, b TEXT CHECK(b <> ''), c INT); CREATE INDEX i ON t(c); INSERT INTO "
          "t(rowid, a, b, c) VALUES(7, 1, 'x', 2)");
     database.TableDefs("t").Fields().Delete("a");
@@ -98,7 +208,7 @@ TEST_F(ForeignDefinitions, LoseFieldsThatMustHaveValuesByARebuild) {
     add(rows, {{"c", 3}});
     EXPECT_THAT(walkBy(rows, "i"), ElementsAre("2", "3"));
     rows.Close();
-    EXPECT_EQ(file.value("SELECT sql FROM sqlite_schema WHERE name = 't'"), "CREATE TABLE \"t\"(  c INT)");
+    EXPECT_EQ(file.value("SELECT sql FROM sqlite_schema WHERE name = 't'"), "CREATE TABLE t(c INT)");
 }
 
 TEST_F(ForeignDefinitions, RenameFieldsWithAllThatNamesThem) {
@@ -165,17 +275,15 @@ TEST_F(ForeignDefinitions, LoseIndexesOfEveryKind) {
     make("CREATE TABLE t(id INTEGER PRIMARY KEY, a TEXT UNIQUE, b INT, c INT, CONSTRAINT pair UNIQUE(b, c)); "
          "CREATE INDEX byC ON t(c);"
          "CREATE INDEX part ON t(c) WHERE b > 1; INSERT INTO t VALUES(5, 'x', 1, 2)");
-    EXPECT_THAT(indexesOf(database.TableDefs("t")), ElementsAre("PrimaryKey", "a", "pair", "byC"));
-    for (const char* name : {"pair", "PrimaryKey", "byC", "a"})
+    EXPECT_THAT(indexesOf(database.TableDefs("t")), ElementsAre("PrimaryKey", "a", "b_c", "byC"));
+    for (const char* name : {"b_c", "PrimaryKey", "byC", "a"})
         database.TableDefs("t").Indexes().Delete(name);
     EXPECT_THAT(indexesOf(database.TableDefs("t")), IsEmpty());
     Recordset rows = database.OpenRecordset("t");
     EXPECT_EQ(rows.Bookmark(), "5");
-    add(rows, {{"id", 5}, {"a", "x"}, {"b", 1}, {"c", 2}});
+    add(rows, {{"a", "y"}, {"b", 1}, {"c", 3}});
     EXPECT_EQ(rows.LastModified(), "6");
     rows.Close();
-    EXPECT_EQ(file.value("SELECT sql FROM sqlite_schema WHERE name = 't'"),
-              "CREATE TABLE \"t\"(id INTEGER , a TEXT , b INT, c INT)");
     EXPECT_EQ(file.value("SELECT count(*) FROM sqlite_schema WHERE name = 'part'"), "1");
 }
 
