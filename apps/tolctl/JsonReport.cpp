@@ -72,4 +72,17 @@ void printJsonMessages(const MessageLog& messages) {
     }
 }
 
+void printJsonNotes(const std::vector<update::DefinitionNote>& notes) {
+    JsonArray array;
+    for (const update::DefinitionNote& note : notes) {
+        const std::string what = data::kindWord(note.note.kind);
+        array.next();
+        printObject(std::initializer_list<Member>{{"site", note.PATHNAME},
+                                                  {"database", note.DBNAME},
+                                                  {"table", note.note.table},
+                                                  {"what", what},
+                                                  {"name", note.note.name}});
+    }
+}
+
 } // namespace tol::ctl

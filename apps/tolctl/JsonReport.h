@@ -5,6 +5,7 @@
 #include "tolctl/MessageLog.h"
 
 #include <string_view>
+#include <vector>
 
 namespace tol::ctl {
 
@@ -15,5 +16,7 @@ void printJsonText(std::string_view text);
 void printJsonActivity();
 /// The boxes of a run as an array of objects.
 void printJsonMessages(const MessageLog& messages);
+/// What a run could not keep of what other programs had declared, as an array of objects.
+void printJsonNotes(const std::vector<update::DefinitionNote>& notes);
 
 } // namespace tol::ctl

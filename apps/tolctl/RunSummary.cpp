@@ -105,6 +105,14 @@ void RunSummary::print(std::ostream& out) const {
     printTroubles(out);
 }
 
+void RunSummary::printNotes(std::ostream& out, const std::vector<update::DefinitionNote>& notes) {
+    std::vector<std::string> lines;
+    for (const update::DefinitionNote& note : notes)
+        lines.push_back(
+            fmt::format("{}, {}: {}", trim(note.PATHNAME), trim(note.DBNAME), data::noteText(note.note)));
+    printList(out, "  What other programs had declared and could not be kept as it was:", lines);
+}
+
 void RunSummary::printLosses(std::ostream& out) const {
     std::vector<std::string> lines;
     for (const auto& [field, rows] : m_unconvertible)

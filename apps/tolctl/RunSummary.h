@@ -25,6 +25,7 @@ class RunSummary {
     void addUnconvertible(const std::string& where, const std::string& question);
 
     void print(std::ostream& out) const;
+    static void printNotes(std::ostream& out, const std::vector<update::DefinitionNote>& notes);
 
   private:
     void printLosses(std::ostream& out) const;

@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 namespace tol::ctl {
 
 using runtime::trim;
@@ -21,6 +23,11 @@ void TerminalView::showLabel(RunLabel label, const std::string& text) {
 
 void TerminalView::showRecordLabels(bool visible) {
     m_recordLabels = visible;
+}
+
+void TerminalView::showNote(const update::DefinitionNote& note) {
+    if (std::ranges::count(m_notes, note) == 0)
+        m_notes.push_back(note);
 }
 
 std::string TerminalView::place() const {

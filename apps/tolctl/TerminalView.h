@@ -7,6 +7,7 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace tol::ctl {
 
@@ -23,10 +24,13 @@ class TerminalView : public update::UpdateView {
     void resetActivity() override {}
     void showActivity(const update::ActivityRow& row) override { m_activity(row); }
     void fillActivity() override {}
+    void showNote(const update::DefinitionNote& note) override;
 
     [[nodiscard]] const std::string& label(update::RunLabel label) const {
         return m_labels[static_cast<std::size_t>(label)];
     }
+    /// Each once.
+    [[nodiscard]] const std::vector<update::DefinitionNote>& notes() const { return m_notes; }
     /// Names the table in work, differently for each visit of a database.
     [[nodiscard]] std::string place() const;
 
@@ -37,6 +41,7 @@ class TerminalView : public update::UpdateView {
     std::function<void(const update::ActivityRow&)> m_activity;
     std::array<std::string, 6> m_labels;
     bool m_recordLabels = false;
+    std::vector<update::DefinitionNote> m_notes;
     long m_visits = 0;
 };
 

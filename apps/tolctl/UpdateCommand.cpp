@@ -24,7 +24,7 @@ constexpr const char* stopped = "STOPPED";
 constexpr const char* closing =
     "Without --site and --all the only Job Site of the list is taken; where there are several, one must be\n"
     "chosen. Standard output gets the rows of the log as they are written, or with --json one object with\n"
-    "\"result\", \"rows\" and \"messages\".\n"
+    "\"result\", \"rows\", \"messages\" and \"notes\".\n"
     "A value that can't convert to its field's new type is lost. \"ask\" asks before (usual where there is "
     "a\n"
     "terminal), \"continue\" goes on and warns again, \"quiet\" goes on without warning: the later rows of "
@@ -106,11 +106,14 @@ void UpdateCommand::report(const TerminalHost& host, const TerminalView& view,
         printJsonActivity();
         std::cout << ",\n \"messages\": ";
         printJsonMessages(host.messages());
+        std::cout << ",\n \"notes\": ";
+        printJsonNotes(view.notes());
         std::cout << "}\n";
         return;
     }
     std::cout << std::flush;
     summary.print(std::cerr);
+    summary.printNotes(std::cerr, view.notes());
     std::cerr << result << ". "
               << (m_ended ? view.label(RunLabel::NPPATHTEXT) : "An error broke the run off.")
               << "\nThe whole log: tolctl --dir '" << platform::currentFolder() << "' log\n";

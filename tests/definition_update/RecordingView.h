@@ -22,6 +22,7 @@ class RecordingView : public update::UpdateView {
     void resetActivity() override { activity.clear(); }
     void showActivity(const update::ActivityRow& row) override { activity.push_back(row); }
     void fillActivity() override { ++fills; }
+    void showNote(const update::DefinitionNote& note) override { notes.push_back(note); }
 
     std::vector<update::RunState> states;
     std::vector<int> tagged;
@@ -30,6 +31,7 @@ class RecordingView : public update::UpdateView {
     bool recordLabels = false;
     std::vector<update::ActivityRow> activity;
     int fills = 0;
+    std::vector<update::DefinitionNote> notes;
 };
 
 } // namespace tol::test

@@ -3,7 +3,6 @@
 
 #include "data/sqlite/PragmaFlag.h"
 #include "data/sqlite/Sql.h"
-#include "runtime/RuntimeError.h"
 
 #include <algorithm>
 #include <set>
@@ -16,18 +15,6 @@ namespace {
 constexpr const char* lenient = "writable_schema";
 /// The old way of renaming rewrites the table and its own indexes and triggers only.
 constexpr const char* oldWay = "legacy_alter_table";
-
-/// Whether it went well; false when a view or a trigger was in the way.
-bool tryStatement(Connection& connection, const std::string& sql) {
-    try {
-        connection.execute(sql);
-        return true;
-    } catch (const runtime::RuntimeError& error) {
-        if (error.engineText().starts_with("error in "))
-            return false;
-        throw;
-    }
-}
 
 std::set<std::string> triggerTexts(Connection& connection, const std::string& table) {
     auto query = connection.cached(
@@ -47,8 +34,8 @@ bool anyInCommon(const std::set<std::string>& left, const std::set<std::string>&
 
 void renameTable(Connection& connection, const std::string& table, const std::string& newName) {
     const std::string sql = "ALTER TABLE " + quotedName(table) + " RENAME TO " + quotedName(newName);
-    if (tryStatement(connection, sql))
-        return;
+    if (connection.tryExecute(sql))
+        return; // else a view or a trigger was in the way
     const std::set<std::string> before = triggerTexts(connection, table);
     connection.execute("SAVEPOINT rename_table");
     {
@@ -68,7 +55,7 @@ void renameColumn(Connection& connection, const std::string& table, const std::s
                   const std::string& newName) {
     const std::string sql = "ALTER TABLE " + quotedName(table) + " RENAME COLUMN " + quotedName(column) +
                             " TO " + quotedName(newName);
-    if (tryStatement(connection, sql))
+    if (connection.tryExecute(sql))
         return;
     const PragmaFlag flag(connection, lenient);
     connection.execute(sql);

@@ -183,6 +183,7 @@ void SchemaSteps::renameField(const PhysicalTable& table, std::size_t field, con
     const std::string& column = table.columns[field].name;
     renameColumn(m_connection, table.sqlName, column, newName);
     m_catalogue.renameField(table.sqlName, column, newName, newName);
+    restore(table.sqlName, newName);
 }
 
 void SchemaSteps::putEntry(const PhysicalTable& table, std::size_t field) {

@@ -7,6 +7,8 @@
 #include "definition_update/engine/IndexReconciliation.h"
 #include "definition_update/engine/TableReconciliation.h"
 
+#include <utility>
+
 namespace tol::update {
 
 namespace {
@@ -41,7 +43,9 @@ void emptyCapture(UpdateState& s, data::Recordset& rows, const std::string& name
 
 // Indexes come behind the tables: a new table gets its indexes there, and positions are set when every
 // field stands.
+// Rows change only in their form: what other programs want done on a change is none of its business.
 void reconcile(UpdateState& s) {
+    const data::TriggersOff off(s.target);
     TableReconciliation tables(s);
     IndexReconciliation indexes(s, tables);
     tables.UpdateTableDefs();
@@ -50,6 +54,11 @@ void reconcile(UpdateState& s) {
         if (s.ContinueRun)
             indexes.UpdateOPOS();
     }
+}
+
+void tellNotes(UpdateState& s) {
+    for (data::SchemaNote& note : s.target.takeNotes())
+        s.view.showNote({s.siteName, s.DBNAME, std::move(note)});
 }
 
 } // namespace
@@ -71,6 +80,7 @@ void UpdateDatabaseDefinition(UpdateState& s) {
         FillTableDef(s);
         FillIndexDef(s);
         reconcile(s);
+        tellNotes(s);
     });
 }
 

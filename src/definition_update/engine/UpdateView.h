@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "data/SchemaNote.h"
+
 #include <string>
 
 namespace tol::update {
@@ -8,6 +10,13 @@ namespace tol::update {
 /// One row of ACTIVITYLOG, as it is stored and shown.
 struct ActivityRow {
     std::string PATHNAME, DBNAME, TABLENAME, INDEXNAME, FIELDNAME, Action, FDATE, PTIME;
+};
+
+/// What a change could not keep of what another program had declared in its file.
+struct DefinitionNote {
+    std::string PATHNAME, DBNAME;
+    data::SchemaNote note;
+    bool operator==(const DefinitionNote&) const = default;
 };
 
 /// The labels that a run writes to.
@@ -41,6 +50,8 @@ class UpdateView {
     virtual void showActivity(const ActivityRow& row) = 0;
     /// The run has ended and the log was reopened: fill the activity list from its first row.
     virtual void fillActivity() = 0;
+    /// Told of each database when its changes are done.
+    virtual void showNote(const DefinitionNote& /*note*/) {}
 };
 
 /// What a refresh of the wanted definition shows while it works.

@@ -111,6 +111,23 @@ TEST_F(ForeignDefinitions, BringBackWithAFieldWhatWentWithIt) {
                 ElementsAre("table|log|CREATE TABLE log(x)", "view|v|CREATE VIEW v AS SELECT b FROM t"));
 }
 
+TEST_F(ForeignDefinitions, BringBackWithANameWhatWentWithIt) {
+    make("CREATE TABLE t(id INTEGER PRIMARY KEY, a INT, b INT); CREATE VIEW v AS SELECT b FROM t; CREATE "
+         "INDEX "
+         "part ON t(a) WHERE b > 1; CREATE TRIGGER r AFTER UPDATE OF b ON t BEGIN SELECT new.b; END");
+    const std::string others =
+        "SELECT type, name, sql FROM sqlite_schema WHERE name NOT IN ('t') AND name NOT "
+        "LIKE 'MSys%' ORDER BY name";
+    const auto before = file.rows(others);
+    TableDef table = database.TableDefs("t");
+    table.Fields().Append(table.CreateField("TEMPFIELD", dbDouble));
+    table.Fields().Delete("b");
+    table.Fields()("TEMPFIELD").Name("b");
+    runtime::settle();
+    EXPECT_EQ(file.rows(others), before);
+    EXPECT_THAT(database.takeNotes(), IsEmpty());
+}
+
 TEST_F(ForeignDefinitions, ForgetWhatARollbackBringsBack) {
     make("CREATE TABLE t(a INT, b INT DEFAULT 3); CREATE VIEW v AS SELECT b FROM t");
     const auto shared = StoreRegistry::instance().open(file.path(), false);
