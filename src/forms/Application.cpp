@@ -8,6 +8,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <QWidget>
 
 #include <cstdio>
@@ -24,13 +25,23 @@ char* argumentTexts[] = {programName, nullptr};
 
 std::string programTitle;
 
+/// Whether the form takes the key. Who watches what Alt is held for, as a menu bar does, is told as of a
+/// shortcut, since the key itself goes no further.
+bool isTaken(QWidget& widget, const QKeyEvent& key) {
+    if (!Form::previewKey(widget, key))
+        return false;
+    QShortcutEvent used(QKeySequence(), 0);
+    QCoreApplication::sendEvent(qApp, &used);
+    return true;
+}
+
 /// Whether the event is a key that a form takes before the control that has the focus.
 bool isForForm(QObject* receiver, QEvent* event) {
     if (!receiver->isWidgetType())
         return false;
     auto& widget = *static_cast<QWidget*>(receiver);
     if (event->type() == QEvent::KeyPress)
-        return Form::previewKey(widget, *static_cast<QKeyEvent*>(event));
+        return isTaken(widget, *static_cast<QKeyEvent*>(event));
     // Asked whether a key is more than a shortcut: the form's own letters go before those of the menu.
     const bool claimed = event->type() == QEvent::ShortcutOverride &&
                          Form::hasMnemonic(widget, *static_cast<QKeyEvent*>(event));

@@ -98,6 +98,16 @@ void PlainStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     painter->restore();
 }
 
+void PlainStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element != CE_MenuBarItem || item == nullptr || widget == nullptr || !widget->hasFocus())
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    QStyleOptionMenuItem lit(*item); // like that of an open menu
+    lit.state.setFlag(State_Sunken, lit.state.testFlag(State_Selected));
+    QProxyStyle::drawControl(element, &lit, painter, widget);
+}
+
 QIcon PlainStyle::standardIcon(StandardPixmap standard, const QStyleOption* option,
                                const QWidget* widget) const {
     const auto* icon = std::ranges::find(messageIcons, standard, &MessageIcon::standard);

@@ -17,6 +17,9 @@ class PlainStyle : public QProxyStyle {
     /// Gives lists that have the focus a frame of another color.
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    /// Lights the chosen title of a menu bar that has the keyboard.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
     QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
                        const QWidget* widget) const override;
 };

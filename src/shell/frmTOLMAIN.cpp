@@ -5,6 +5,7 @@
 #include "forms/Application.h"
 #include "forms/EventProcedure.h"
 #include "forms/LoadedForms.h"
+#include "forms/MenuBar.h"
 #include "platform/Paths.h"
 #include "runtime/Host.h"
 #include "runtime/RuntimeError.h"
@@ -14,7 +15,6 @@
 #include "shell/vdfunctions/vdfunctions.h"
 
 #include <QIcon>
-#include <QMenuBar>
 
 #include <cstdlib>
 #include <fmt/format.h>
@@ -58,8 +58,10 @@ void frmTOLMAIN::onClick() {
 // The menu.
 
 void frmTOLMAIN::buildMenu() {
+    auto& bar = *new forms::MenuBar(this);
+    setMenuBar(&bar);
     for (const Menu& menu : mainMenu()) {
-        QMenu& shown = *menuBar()->addMenu(menu.caption);
+        QMenu& shown = *bar.addMenu(menu.caption);
         shown.setObjectName(menu.name);
         for (const MenuItem& item : menu.items) {
             QAction& action = *shown.addAction(item.caption);
