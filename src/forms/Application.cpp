@@ -40,6 +40,8 @@ bool isForForm(QObject* receiver, QEvent* event) {
     if (!receiver->isWidgetType())
         return false;
     auto& widget = *static_cast<QWidget*>(receiver);
+    if (event->type() == QEvent::FocusIn)
+        Form::noteFocus(widget, static_cast<QFocusEvent*>(event)->reason());
     if (event->type() == QEvent::KeyPress)
         return isTaken(widget, *static_cast<QKeyEvent*>(event));
     // Asked whether a key is more than a shortcut: the form's own letters go before those of the menu.

@@ -39,9 +39,10 @@ class ClickFilter : public QObject {
 } // namespace
 
 void runEvent(QWidget& control, const EventProcedure& procedure) {
-    if (endingOnError())
+    Form* form = Form::of(&control);
+    if (endingOnError() || (form != nullptr && !form->takesEventsOf(control)))
         return;
-    const Form::Hold hold(Form::of(&control));
+    const Form::Hold hold(form);
     guarded(procedure);
 }
 

@@ -9,9 +9,10 @@ namespace tol::forms {
 
 using EventProcedure = std::function<void()>;
 
-/// Runs an event procedure of the window that the control is on. An error that leaves it goes to the
-/// error guard; once that shows its box, no further event procedure runs. The window object outlives its
-/// running procedures even if one of them unloads it.
+/// Runs an event procedure of the window that the control is on, unless the window is closing, minimised or
+/// hidden. An error that
+/// leaves it goes to the error guard; once that shows its box, no further event procedure runs. The window
+/// object outlives its running procedures even if one of them unloads it.
 void runEvent(QWidget& control, const EventProcedure& procedure);
 
 /// Has the procedure run when the left button goes down and up again on the control. A click on a control

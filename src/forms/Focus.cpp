@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "forms/Focus.h"
 
+#include "forms/Form.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QWidget>
@@ -24,6 +26,11 @@ void pressTab() {
         sendTab(QEvent::KeyRelease); // the focus has moved on by then
     };
     QMetaObject::invokeMethod(qApp, press, Qt::QueuedConnection);
+}
+
+bool hearsOfFocus(QWidget& control) {
+    const Form* form = Form::of(&control);
+    return form == nullptr || form->isInFront();
 }
 
 void announce(QWidget& control, const QString& text) {

@@ -17,6 +17,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace tol::forms {
 namespace {
@@ -39,6 +40,8 @@ void Form::load() {
     if (m_loaded)
         return;
     m_loaded = true;
+    m_away = false;
+    m_focus = nullptr;
     LoadedForms::add(*this);
     const Busy busy(*this);
     onLoad();
@@ -75,6 +78,8 @@ void Form::showModal(QWidget* owner) {
     if (m_loaded)
         untilUnloaded.exec();
     m_modalLoop = nullptr;
+    if (owner != nullptr)
+        activateBelow(*owner);
 }
 
 void Form::unload() {
@@ -114,7 +119,9 @@ Form* Form::of(QWidget* widget) {
 // The form behind a box or an opened menu is no form of its keys.
 Form* Form::typedOn(QWidget& receiver) {
     Form* form = of(&receiver);
-    return form != nullptr && form->m_loaded && receiver.window() == form->window() ? form : nullptr;
+    const bool typed =
+        form != nullptr && receiver.window() == form->window() && form->m_loaded && !form->m_away;
+    return typed ? form : nullptr;
 }
 
 bool Form::previewKey(QWidget& receiver, const QKeyEvent& event) {
@@ -173,9 +180,75 @@ void Form::closeEvent(QCloseEvent* event) {
 
 bool Form::event(QEvent* event) {
     // A child of the MDI area also gets this when the main window comes to the front.
-    if (event->type() == QEvent::WindowActivate && m_loaded && isWindow())
-        runEvent(*this, [this] { onActivate(); });
+    if (event->type() == QEvent::WindowActivate && isWindow())
+        activate();
     return QWidget::event(event);
+}
+
+// It comes more than once, and behind the first the focus wanders.
+void Form::hideEvent(QHideEvent* event) {
+    m_away = true;
+    QWidget::hideEvent(event);
+}
+
+// It comes before a frame that is hidden meanwhile, too.
+void Form::showEvent(QShowEvent* event) {
+    m_away = !isVisible();
+    if (m_focus != nullptr && !m_focus->hasFocus())
+        restoreFocus();
+    QWidget::showEvent(event);
+}
+
+// A child has been given a focus while it was still behind: some control's, and nobody was told.
+void Form::comeToFront() {
+    if (QWidget* given = focusWidget(); given != nullptr && given->hasFocus()) {
+        if (m_focus == nullptr)
+            m_focus = given;
+        given->clearFocus();
+    }
+    restoreFocus();
+    activate();
+}
+
+void Form::activate() {
+    runEvent(*this, [this] { onActivate(); });
+}
+
+// To the child of a main window, the platform does not tell that a modal window above it is gone.
+void Form::activateBelow(const QWidget& owner) {
+    const auto* area = owner.window()->findChild<QMdiArea*>();
+    const QMdiSubWindow* frame = area != nullptr ? area->currentSubWindow() : nullptr;
+    if (Form* form = frame != nullptr ? of(frame->widget()) : nullptr)
+        form->activate();
+}
+
+bool Form::isInFront() const {
+    return m_loaded && !m_away && (m_frame == nullptr || m_frame->mdiArea()->currentSubWindow() == m_frame);
+}
+
+void Form::focusOn(QWidget& control) {
+    m_focus = &control;
+    m_focusReason = Qt::OtherFocusReason;
+    restoreFocus();
+}
+
+void Form::restoreFocus() {
+    if (m_focus != nullptr && isInFront())
+        m_focus->setFocus(m_focusReason);
+}
+
+// A click on a control behind another window brings the window to the front: it is what the person means.
+void Form::noteFocus(QWidget& control, Qt::FocusReason reason) {
+    Form* form = of(&control);
+    const bool isClick = reason == Qt::MouseFocusReason;
+    if (form == nullptr || form->m_away || !(form->isInFront() || isClick))
+        return;
+    form->m_focus = &control;
+    form->m_focusReason = isClick ? reason : Qt::OtherFocusReason;
+}
+
+bool Form::takesEventsOf(const QWidget& widget) const {
+    return m_loaded && (&widget == this || !m_away);
 }
 
 QWidget& Form::outer() {

@@ -54,6 +54,18 @@ class Form : public QWidget {
     void setCancelButton(QAbstractButton* button) { m_cancelButton = button; }
     void setDefaultButton(QAbstractButton* button) { m_defaultButton = button; }
 
+    /// Moves the focus to a control of the form. A form that is behind another one or out of sight stays
+    /// there and takes no keyboard from anybody: its control gets the focus when it comes to the front.
+    void focusOn(QWidget& control);
+    /// Whether the form is loaded, in sight, and before the other children of the MDI area. While it is not,
+    /// the focus may wander over its controls, of which nobody is to be told.
+    [[nodiscard]] bool isInFront() const;
+    /// Whether events of a widget on the form, or of the form itself, may reach it: not before Load and
+    /// after Unload, and those of its controls not while it is minimised or hidden.
+    [[nodiscard]] bool takesEventsOf(const QWidget& widget) const;
+    /// To be told whenever a control gets the focus.
+    static void noteFocus(QWidget& control, Qt::FocusReason reason);
+
     QSize sizeHint() const override { return m_size; }
 
     /// The form that a widget is on, or is; null when there is none.
@@ -103,6 +115,8 @@ class Form : public QWidget {
 
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
@@ -112,6 +126,11 @@ class Form : public QWidget {
     [[nodiscard]] QWidget& outer();
     void fitBefore(const QWidget& owner);
     void discardIfDone();
+    void restoreFocus();
+    /// A child has come to the front of the MDI area.
+    void comeToFront();
+    void activate();
+    static void activateBelow(const QWidget& owner);
     static Form* typedOn(QWidget& receiver);
     static bool pressButton(QAbstractButton* button);
     [[nodiscard]] QAbstractButton* mnemonicButton(const QKeyEvent& event) const;
@@ -121,10 +140,13 @@ class Form : public QWidget {
     QMdiSubWindow* m_frame = nullptr; ///< in the MDI area, which then owns the form
     QAbstractButton* m_cancelButton = nullptr;
     QAbstractButton* m_defaultButton = nullptr;
+    QPointer<QWidget> m_focus; ///< the control that has the focus, or gets it when the form is in front
+    Qt::FocusReason m_focusReason = Qt::OtherFocusReason; ///< how the control came by it
     int m_running = 0;
     int m_busy = 0;
     bool m_unloadWaits = false; ///< until the form is no longer busy
     bool m_loaded = false;
+    bool m_away = false; ///< hidden or minimised after it was shown
     bool m_sizable = false;
     bool m_keyPreview = false;
 };

@@ -55,8 +55,8 @@ MdiForm::MdiForm(const QString& name) : m_area(*new MdiArea(*this, [this] { onCl
     setObjectName(name);
     setCentralWidget(&m_area);
     connect(&m_area, &QMdiArea::subWindowActivated, this, [](QMdiSubWindow* frame) {
-        if (Form* form = formIn(frame); form != nullptr && form->isLoaded())
-            runEvent(*form, [form] { form->onActivate(); });
+        if (Form* form = formIn(frame))
+            form->comeToFront();
     });
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/TextBox.h"
 
+#include "forms/Focus.h"
 #include "forms/Form.h"
 #include "forms/Keys.h"
 
@@ -118,7 +119,7 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event) {
 
 void TextBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (std::exchange(m_entered, true))
+    if (!hearsOfFocus(*this) || std::exchange(m_entered, true))
         return;
     m_newClick = event->reason() == Qt::MouseFocusReason;
     if (m_gotFocus)
@@ -126,14 +127,18 @@ void TextBox::focusInEvent(QFocusEvent* event) {
 }
 
 void TextBox::focusOutEvent(QFocusEvent* event) {
-    QLineEdit::focusOutEvent(event);
+    const bool stays = isOwnFocus(*event) || !hearsOfFocus(*this);
+    QFocusEvent told(QEvent::FocusOut,
+                     stays ? Qt::PopupFocusReason : event->reason()); // keeps what is marked
+    QLineEdit::focusOutEvent(&told);
     m_newClick = false;
-    if (!isOwnFocus(*event))
+    if (!stays)
         leave();
 }
 
+// A window that is minimised or hidden keeps its focus for the time when it comes back.
 void TextBox::leave() {
-    if (std::exchange(m_entered, false) && m_lostFocus)
+    if (hearsOfFocus(*this) && std::exchange(m_entered, false) && m_lostFocus)
         runEvent(*this, m_lostFocus);
 }
 

@@ -24,7 +24,7 @@ class BrowsePage {
     [[nodiscard]] virtual std::string caption(int row, int column) const = 0;
     /// Back colour of all labels of a row.
     virtual void setRowColor(int row, std::uint32_t color) = 0;
-    /// Gives the keyboard back to the list, unless it is out of use.
+    /// Gives the keyboard of the window back to the list, unless it is out of use.
     virtual void takeFocus() = 0;
     /// Whether the window of the page is visible.
     [[nodiscard]] virtual bool isShown() const = 0;

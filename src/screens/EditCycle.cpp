@@ -4,6 +4,7 @@
 #include "forms/Buttons.h"
 #include "forms/Controls.h"
 #include "forms/EventProcedure.h"
+#include "forms/Focus.h"
 #include "forms/Form.h"
 #include "forms/TextBox.h"
 #include "runtime/Host.h"
@@ -38,7 +39,7 @@ class FocusFilter : public QObject {
     }
 
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::FocusIn &&
+        if (event->type() == QEvent::FocusIn && forms::hearsOfFocus(m_control) &&
             static_cast<QFocusEvent*>(event)->reason() != Qt::ActiveWindowFocusReason)
             forms::runEvent(m_control, m_procedure);
         return false;

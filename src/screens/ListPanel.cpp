@@ -223,7 +223,7 @@ void ListPanel::tellHighlight(int row) {
 }
 
 void ListPanel::takeFocus() {
-    m_focusHolder->setFocus();
+    m_form.focusOn(*m_focusHolder);
 }
 
 bool ListPanel::isShown() const {

@@ -3,6 +3,7 @@
 #include "UpdateWindow.h"
 
 #include "forms/LoadedForms.h"
+#include "forms/TextBox.h"
 #include "forms/WindowHost.h"
 #include "shell/frmTOLMAIN.h"
 #include "support/BoxAnswerer.h"
@@ -13,8 +14,10 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QLabel>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTest>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -202,6 +205,54 @@ TEST_F(Leaving, TheLogIsPrintedInAWindowOfItsOwn) {
     click("cmdPrint");
     EXPECT_EQ(seen, "frmDBUPrint, Report Finished, Press 'P' to Print");
 }
+
+// The keyboard goes to the log, but not from somebody who is at work in another window.
+TEST_F(Leaving, TheEndOfARunLeavesTheKeyboardToAnotherWindow) {
+    addOutdatedSite(5);
+    open();
+    forms::TextBox* box = nullptr;
+    atYield(2, [&] {
+        auto other = std::make_unique<forms::Form>("frmOther");
+        box = &forms::TextBox::add(*other, "txtOTHER", 9, {150, 150, 1500, 315});
+        main.showChild(std::move(other));
+        box->setFocus();
+        QTest::keyClicks(box, "be");
+    });
+    click("cmdCancel");
+    EXPECT_EQ(text("lblNPPATHNAME"), "Finished");
+    ASSERT_NE(box, nullptr);
+    ASSERT_TRUE(box->hasFocus());
+    QTest::keyClicks(QApplication::focusWidget(), "gun");
+    EXPECT_EQ(box->Text(), "begun");
+    main.findChild<QMdiArea*>()->setActiveSubWindow(&frame());
+    EXPECT_EQ(focus(), "hsbALMAIN");
+    EXPECT_TRUE(window().focusWidget()->hasFocus());
+}
+
+class UnderAModalWindow : public Leaving, public testing::WithParamInterface<const char*> {};
+
+TEST_P(UnderAModalWindow, TheListGetsTheKeyboardBack) {
+    world.folder.write("drives/c/VBP/ZOV/ZOVORV.vbp", "");
+    open();
+    for (const char* list : {"hsbMAIN", "hsbALMAIN"}) {
+        person().control(list).setFocus();
+        QTimer untilShown;
+        untilShown.callOnTimeout([] {
+            if (QWidget* modal = QApplication::activeModalWidget();
+                modal != nullptr && modal->isActiveWindow())
+                modal->close();
+        });
+        untilShown.start(1);
+        click(GetParam());
+        main.activateWindow(); // as a window manager does
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&main));
+        EXPECT_EQ(focus(), list);
+        EXPECT_TRUE(person().control(list).hasFocus());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, UnderAModalWindow, testing::Values("cmdPrint", "cmdRefresh"),
+                         [](const auto& instance) { return std::string(instance.param); });
 
 /// The whole program around the window: its main window with its menu.
 class Program : public UpdateWindow {

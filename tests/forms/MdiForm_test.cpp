@@ -5,6 +5,7 @@
 #include "forms/EventProcedure.h"
 #include "forms/Form.h"
 #include "forms/LoadedForms.h"
+#include "forms/TextBox.h"
 
 #include <gmock/gmock.h>
 
@@ -15,6 +16,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QTest>
+#include <QTimer>
 
 namespace tol::forms {
 namespace {
@@ -246,6 +248,59 @@ TEST_F(Mdi, ChildrenAreToldWhenTheyComeToTheFront) {
     parent.events.clear();
     parent.findChild<QMdiArea*>()->setActiveSubWindow(&frameOf(first));
     EXPECT_THAT(parent.events, ElementsAre("Activate frmA"));
+}
+
+TEST_F(Mdi, AMinimisedChildHearsNothingAndKeepsItsFocus) {
+    Child& child = add("frmChild");
+    TextBox& first = TextBox::add(child, "txtFIRST", 9, {0, 0, 1500, 315});
+    TextBox& second = TextBox::add(child, "txtSECOND", 9, {0, 450, 1500, 315});
+    child.show();
+    first.show();
+    second.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&parent));
+    first.setFocus();
+    int events = 0;
+    for (TextBox* box : {&first, &second}) {
+        box->onGotFocus([&] { ++events; });
+        box->onLostFocus([&] { ++events; });
+    }
+    frameOf(child).showMinimized();
+    EXPECT_EQ(events, 0);
+    frameOf(child).showNormal();
+    EXPECT_TRUE(first.hasFocus());
+    EXPECT_EQ(events, 0);
+    QTest::keyClick(&first, Qt::Key_Tab);
+    EXPECT_EQ(events, 2);
+}
+
+TEST_F(Mdi, AFocusGivenBehindAnotherChildWaitsUntilItComesToTheFront) {
+    Child& behind = add("frmA");
+    TextBox& first = TextBox::add(behind, "txtFIRST", 9, {0, 0, 1500, 315});
+    TextBox& second = TextBox::add(behind, "txtSECOND", 9, {0, 450, 1500, 315});
+    first.show();
+    second.show();
+    Child& inFront = add("frmB");
+    TextBox& typedIn = TextBox::add(inFront, "txtTYPED", 9, {0, 0, 1500, 315});
+    typedIn.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&parent));
+    typedIn.setFocus();
+    behind.focusOn(second);
+    EXPECT_TRUE(typedIn.hasFocus());
+    EXPECT_EQ(parent.findChild<QMdiArea*>()->activeSubWindow(), &frameOf(inFront));
+    parent.findChild<QMdiArea*>()->setActiveSubWindow(&frameOf(behind));
+    EXPECT_TRUE(second.hasFocus());
+    behind.focusOn(first);
+    EXPECT_TRUE(first.hasFocus());
+}
+
+TEST_F(Mdi, AChildIsToldThatAModalWindowAboveItIsGone) {
+    Child& child = add("frmA");
+    parent.events.clear();
+    Form modal("frmModal");
+    QTimer::singleShot(0, &modal, [&] { modal.close(); });
+    modal.showModal(&child);
+    EXPECT_THAT(parent.events, ElementsAre("Activate frmA"));
+    modal.setParent(nullptr);
 }
 
 TEST_F(Mdi, ALetterWithAltPressesTheChildsButtonRatherThanOpensAMenu) {
