@@ -10,6 +10,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyleOption>
 
 #include <algorithm>
 #include <utility>
@@ -46,6 +47,10 @@ QString textOf(int character) {
     return QString::fromStdU32String({static_cast<char32_t>(character)});
 }
 
+bool isBlank(const QString& text) {
+    return !text.isEmpty() && text.trimmed().isEmpty();
+}
+
 /// A line has no tabs and line ends; they come in by pasting.
 QString withoutControlCharacters(QString text) {
     return text.removeIf([](QChar c) {
@@ -64,6 +69,7 @@ TextBox& TextBox::add(QWidget& parent, const QString& name, int maxLength, Place
 
 TextBox::TextBox(QWidget& parent, int maxLength) : QLineEdit(&parent), m_maxLength(maxLength) {
     connect(this, &QLineEdit::textEdited, this, [this] { trimEdited(); });
+    connect(this, &QLineEdit::textChanged, this, [this] { noteText(); });
     // Behind a box, the program may have moved the focus without an event.
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         if (now != nullptr && now != this && now->window() == window() && Form::of(now) == Form::of(this))
@@ -73,21 +79,53 @@ TextBox::TextBox(QWidget& parent, int maxLength) : QLineEdit(&parent), m_maxLeng
 
 void TextBox::Text(const std::string& text) {
     const QString line = QString::fromStdString(text);
-    setText(m_maxLength > 0 ? leftCharacters(line, static_cast<std::size_t>(m_maxLength)) : line);
+    m_given = m_maxLength > 0 ? leftCharacters(line, static_cast<std::size_t>(m_maxLength)) : line;
+    setText(m_given);
 }
 
-// What was put in ends at the cursor, so that is where the text is cut.
+// With blanks, which have no end to be seen, the cursor stays at the begin.
+void TextBox::selectAllText() {
+    if (isBlank(text()))
+        setSelection(static_cast<int>(text().size()), -static_cast<int>(text().size()));
+    else
+        selectAll();
+}
+
+// What was put in ends at the cursor, so that is where the text is cut. Nothing is kept of blanks that the
+// program had set.
 void TextBox::trimEdited() {
+    const bool intoBlanks = isGivenBlanks(m_noted);
     const QString edited = text();
-    const QString before = edited.left(cursorPosition());
-    const QString after = edited.mid(cursorPosition());
-    QString kept = withoutControlCharacters(before);
+    const QString before = intoBlanks ? edited : edited.left(cursorPosition());
+    const QString after = edited.mid(before.size());
+    QString kept = withoutControlCharacters(intoBlanks ? edited.trimmed() : before);
     if (const auto limit = static_cast<std::size_t>(m_maxLength); limit > 0)
         kept = leftCharacters(kept, limit - std::min(limit, characters(after)));
     if (kept == before)
         return;
     setSelection(0, static_cast<int>(before.size()));
     insert(kept);
+}
+
+bool TextBox::isGivenBlanks(const QString& text) const {
+    return text == m_given && isBlank(text);
+}
+
+// Marked blanks would be a bar of a length that tells nothing.
+void TextBox::noteText() {
+    const bool wasBlank = isBlank(std::exchange(m_noted, text()));
+    if (wasBlank == isBlank(m_noted))
+        return;
+    QPalette colors;
+    if (!wasBlank)
+        colors.setBrush(QPalette::Highlight, palette().base());
+    setPalette(colors);
+}
+
+// The frame tells that the box has the focus in the same colour as ever.
+void TextBox::initStyleOption(QStyleOptionFrame* option) const {
+    QLineEdit::initStyleOption(option);
+    option->palette.setBrush(QPalette::Highlight, QApplication::palette().highlight());
 }
 
 int TextBox::pressed(int typed) {
@@ -142,8 +180,18 @@ void TextBox::leave() {
         runEvent(*this, m_lostFocus);
 }
 
+void TextBox::hideEvent(QHideEvent* event) {
+    if (const Form* form = Form::of(this); form != nullptr && !form->isLoaded())
+        m_entered = false;
+    QLineEdit::hideEvent(event);
+}
+
 void TextBox::mousePressEvent(QMouseEvent* event) {
     m_newClick = m_newClick && hasSelectedText();
+    if (event->button() == Qt::LeftButton && isGivenBlanks(text())) {
+        selectAllText();
+        m_newClick = true;
+    }
     if (!m_newClick)
         QLineEdit::mousePressEvent(event);
 }

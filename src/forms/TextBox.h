@@ -15,6 +15,9 @@ namespace tol::forms {
 /// number): what is typed, pasted or set beyond them is dropped. The procedures run guarded. While another
 /// window is in front or a menu is open, the box keeps the focus, unless the program moves it meanwhile. The
 /// click that brings the focus leaves alone what GotFocus has marked.
+///
+/// A text of nothing but blanks stands for none. Such a text as the program has set gives way to the first
+/// thing that is typed or pasted, wherever the cursor is; a click marks it; marked, it is not to be seen.
 class TextBox : public QLineEdit {
   public:
     /// Put on the parent, which owns it.
@@ -24,7 +27,7 @@ class TextBox : public QLineEdit {
     void Text(const std::string& text);
     [[nodiscard]] int MaxLength() const { return m_maxLength; }
     /// Marks the whole text.
-    void selectAllText() { selectAll(); }
+    void selectAllText();
 
     /// A character about to be typed, by its code (13 for Enter): what is returned is typed in its
     /// place, 0 for nothing.
@@ -40,19 +43,25 @@ class TextBox : public QLineEdit {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void initStyleOption(QStyleOptionFrame* option) const override;
 
   private:
     TextBox(QWidget& parent, int maxLength);
     /// What the KeyPress procedure makes of a character.
     int pressed(int typed);
     void trimEdited();
+    void noteText();
+    [[nodiscard]] bool isGivenBlanks(const QString& text) const;
     void leave();
 
     std::function<int(int)> m_keyPress;
     EventProcedure m_gotFocus, m_lostFocus;
     int m_maxLength;
+    QString m_given;         ///< what the program has set
+    QString m_noted;         ///< the text, during an edit the one before it
     bool m_entered = false;  ///< between GotFocus and LostFocus
-    bool m_newClick = false; ///< the mouse button went down and brought the focus
+    bool m_newClick = false; ///< the mouse button went down, and all is marked for it
 };
 
 } // namespace tol::forms

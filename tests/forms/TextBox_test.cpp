@@ -97,6 +97,59 @@ TEST_F(TextBoxTest, CutsWhatIsSetBeyondItsMaxLength) {
     EXPECT_EQ(second.Text().size(), 30000U);
 }
 
+TEST_F(TextBoxTest, BlanksGiveWayToWhatIsTypedWhereverTheCursorIs) {
+    for (const int cursor : {0, 2, 4}) {
+        first.Text("    ");
+        first.setCursorPosition(cursor);
+        QTest::keyClicks(&first, "a bcd");
+        EXPECT_EQ(first.Text(), "a bc") << cursor;
+    }
+}
+
+TEST_F(TextBoxTest, BlanksGiveWayToWhatIsPasted) {
+    first.Text("    ");
+    first.setCursorPosition(2);
+    paste(first, " x");
+    EXPECT_EQ(first.Text(), "x");
+    EXPECT_EQ(first.cursorPosition(), 1);
+}
+
+TEST_F(TextBoxTest, BlanksGoAllAtOnce) {
+    first.Text("    ");
+    first.setCursorPosition(2);
+    QTest::keyClick(&first, Qt::Key_Backspace);
+    EXPECT_EQ(first.Text(), "");
+    QTest::keyClicks(&first, "ab");
+    first.undo();
+    first.undo();
+    QTest::keyClicks(&first, "c");
+    EXPECT_EQ(first.Text(), "c");
+}
+
+TEST_F(TextBoxTest, BlanksThatWereTypedStay) {
+    QTest::keyClicks(&first, "  ab");
+    EXPECT_EQ(first.Text(), "  ab");
+}
+
+TEST_F(TextBoxTest, MarkedBlanksAreNotToBeSeen) {
+    second.setFocus();
+    second.Text(std::string(60, ' '));
+    const QImage unmarked = second.grab().toImage();
+    second.selectAllText();
+    EXPECT_EQ(second.selectedText().size(), 60);
+    EXPECT_EQ(second.cursorPosition(), 0);
+    const QImage marked = second.grab().toImage();
+    const QRect inside = marked.rect().adjusted(4, 4, -4, -4);
+    for (int x = inside.left(); x <= inside.right(); ++x)
+        EXPECT_NE(marked.pixelColor(x, inside.center().y()), QApplication::palette().highlight().color())
+            << x;
+    EXPECT_EQ(marked.pixelColor(0, marked.height() / 2), unmarked.pixelColor(0, marked.height() / 2))
+        << "the frame";
+    second.Text("text");
+    second.selectAllText();
+    EXPECT_EQ(second.palette().highlight().color(), QApplication::palette().highlight().color());
+}
+
 TEST_F(TextBoxTest, TakesNoControlCharacters) {
     paste(second, "C:\\JOBS\t\nNORTH\r\n");
     EXPECT_EQ(second.Text(), "C:\\JOBSNORTH");
@@ -251,6 +304,16 @@ TEST_F(TwoBoxes, TheClickThatBringsTheFocusLeavesTheMarkedText) {
     EXPECT_EQ(second.selectedText(), "some text");
     QTest::mouseClick(&second, Qt::LeftButton, {}, {10, 10});
     EXPECT_FALSE(second.hasSelectedText()) << "the next one puts the cursor";
+}
+
+TEST_F(TwoBoxes, EveryClickMarksBlanks) {
+    first.Text("         ");
+    for (int click = 0; click < 3; ++click) {
+        QTest::mouseClick(&first, Qt::LeftButton, {}, {30, 10});
+        EXPECT_EQ(first.selectedText(), "         ");
+    }
+    QTest::keyClicks(&first, "a");
+    EXPECT_EQ(first.Text(), "a");
 }
 
 } // namespace
