@@ -29,7 +29,7 @@ EditCheck uniqueKeyCheck(std::string index, std::string whenBlank, std::string w
             whenDuplicate = std::move(whenDuplicate), fold](EditedField& edited) {
         if (shell::vdIsBlank(edited.text))
             return whenBlank;
-        edited.text = fold(edited.text);
+        edited.setText(fold(edited.text));
         return isTaken(edited, index) ? whenDuplicate : std::string();
     };
 }

@@ -230,12 +230,11 @@ std::string EditCycle::failureOf(std::size_t position) {
     const EditField& field = m_description.fields[position];
     if (!field.check)
         return {};
-    const std::string before = m_boxes[position]->Text();
-    std::string text = before;
-    EditedField edited{text, m_list.recordset(), mMode, m_list.currentMark()};
+    forms::TextBox& box = *m_boxes[position];
+    EditedField edited{box.Text(), box.MaxLength(), m_list.recordset(), mMode, m_list.currentMark()};
     std::string failure = field.check(edited);
-    if (text != before)
-        m_boxes[position]->Text(text);
+    if (edited.text != box.Text())
+        box.Text(edited.text);
     return failure;
 }
 

@@ -3,10 +3,12 @@
 
 #include "data/Recordset.h"
 #include "forms/EventProcedure.h"
+#include "runtime/Text.h"
 #include "runtime/Value.h"
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -20,10 +22,16 @@ enum class EditForm { Plain, FieldCheck };
 
 /// What a check is told of the record being edited.
 struct EditedField {
-    std::string& text;          ///< what the box holds; a change is written back into it
+    std::string text;           ///< what the box holds and the record will
+    int maxLength;              ///< of the box, 0 for any
     data::Recordset& recordset; ///< may be moved
     EditMode mode;
     const std::string& currentMark; ///< bookmark of the record in mode Edit
+
+    /// Changes what the box holds, which is cut to its length.
+    void setText(std::string_view changed) {
+        text = maxLength > 0 ? runtime::left(changed, maxLength) : changed;
+    }
 };
 
 /// Returns what is wrong, "" for nothing.

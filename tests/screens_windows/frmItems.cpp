@@ -22,7 +22,7 @@ std::string allowed(data::Recordset& item) {
 std::string CheckAllowed(EditedField& edited) {
     if (shell::vdIsBlank(edited.text))
         return "Blank Option.";
-    edited.text = runtime::upperCase(edited.text);
+    edited.setText(runtime::upperCase(edited.text));
     return edited.text == "Y" || edited.text == "N" ? "" : "Option Must Be Y/N.";
 }
 
@@ -115,7 +115,7 @@ std::string frmItems::codeForEdit(data::Recordset& item) {
 std::string frmItems::CheckCode(EditedField& edited) {
     if (shell::vdIsBlank(edited.text))
         return "Blank Code Detected.";
-    edited.text = runtime::upperCase(edited.text);
+    edited.setText(runtime::upperCase(edited.text));
     m_goods.Index("CODE");
     m_goods.Seek("=", {edited.text});
     if (m_goods.NoMatch())
