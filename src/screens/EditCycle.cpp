@@ -175,11 +175,15 @@ void EditCycle::add() {
         return m_panel.takeFocus();
     for (std::size_t i = 0; i < m_boxes.size(); ++i)
         m_boxes[i]->Text(runtime::space(m_description.fields[i].maxLength));
+    if (m_description.begin)
+        m_description.begin(EditMode::Add);
+    enterAdd();
+}
+
+void EditCycle::enterAdd() {
     mMode = EditMode::Add;
     mEditField = 1;
     mAddRow = static_cast<std::int16_t>(m_list.rowForAdd(m_description.form == EditForm::FieldCheck));
-    if (m_description.begin)
-        m_description.begin(mMode);
     mRowTop = m_panel.rowTop(mAddRow);
     EnterEditState();
 }
@@ -288,7 +292,18 @@ bool EditCycle::isReadyToSave() {
     return bValid;
 }
 
+// The list shows itself afresh, without the record. What was typed is the person's.
+void EditCycle::turnIntoAdd() {
+    sMsgTitle = "Cannot Update Record";
+    sMsgText = "This Record has been Deleted by Another User.\n"
+               "Click Update to Add it as a New Record, or Cancel to Give it Up.";
+    runtime::host().msgBox(sMsgText, {MsgIcon::Critical, MsgButtons::Ok}, sMsgTitle);
+    enterAdd();
+}
+
 void EditCycle::save() {
+    if (mMode == EditMode::Edit && !m_list.goToCurrent())
+        return turnIntoAdd();
     data::Recordset& recordset = m_list.recordset();
     int row = m_list.row();
     if (mMode == EditMode::Add) {
@@ -299,8 +314,6 @@ void EditCycle::save() {
         for (const auto& [field, value] : added)
             recordset.Fields(field).Value(value);
     } else {
-        if (!m_list.goToCurrent())
-            return LeaveEditState(); // another user has deleted the record: there is nothing to change
         recordset.Edit();
     }
     writeFields();

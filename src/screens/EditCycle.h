@@ -70,6 +70,8 @@ class EditCycle {
     [[nodiscard]] int sideButtonWidth(int column) const;
     void placeOver(int top, bool home);
 
+    void enterAdd();
+    void turnIntoAdd();
     void EnterEditState();
     void LeaveEditState();
     void showBrowseButtons(bool show);

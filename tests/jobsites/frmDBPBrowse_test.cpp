@@ -263,6 +263,25 @@ TEST_F(JobSites, AFailedNumberIsTakenForZero) {
     EXPECT_THAT(table.rows(), ElementsAre("0|N|X"));
 }
 
+TEST_F(JobSites, ARecordThatAnotherDeletedIsToldAndMayBeAdded) {
+    counter.add({{std::int32_t{7}}});
+    openWith({site(1, "NORTH", "C:\\NORTH"), site(2, "SOUTH", "C:\\SOUTH")});
+    desk->press(Qt::Key_E);
+    fill("east", "c:\\east");
+    table.remove("PATHNAME", "NORTH");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    expectBox("This Record has been Deleted by Another User.\n"
+              "Click Update to Add it as a New Record, or Cancel to Give it Up.",
+              QMessageBox::Critical, "Cannot Update Record");
+    EXPECT_TRUE(isEditing());
+    expectBoxesOver(1);
+    EXPECT_EQ(desk->text("txtPATHTEXT"), "C:\\EAST");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_THAT(table.rows(), ElementsAre("7|EAST|C:\\EAST", "2|SOUTH|C:\\SOUTH"));
+    desk->press(Qt::Key_X);
+    EXPECT_EQ(person.boxes.size(), 1U) << "nothing was changed of which to remind";
+}
+
 // Deleting.
 
 TEST_F(JobSites, ADeleteAsksFirst) {
@@ -354,6 +373,13 @@ TEST_F(PickingALocation, CancelBlanksTheBoxSoThatUpdateRefusesIt) {
     desk->click("cmdUpdate");
     ASSERT_EQ(person.boxes.size(), 1U);
     EXPECT_THAT(person.boxes[0].text, testing::HasSubstr("Path String is Empty."));
+}
+
+TEST_F(PickingALocation, AfterCancelABoxOfBlanksTakesAPath) {
+    pickAndPress(Qt::Key_C, Qt::AltModifier);
+    desk->click("txtPATHTEXT");
+    desk->type("c:\\east");
+    EXPECT_EQ(desk->text("txtPATHTEXT"), "c:\\east");
 }
 
 TEST_F(JobSites, PrintsTheList) {

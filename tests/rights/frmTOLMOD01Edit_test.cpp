@@ -281,6 +281,19 @@ TEST_F(Modules, AFailedCheckDoesNotOutliveItsEdit) {
     EXPECT_EQ(person.boxes.size(), 1U);
 }
 
+TEST_F(Modules, ABoxOfBlanksTakesTypingAfterClicks) {
+    openWith({{"A", "First"}});
+    desk->press(Qt::Key_A);
+    desk->click("txtMODULEID");
+    desk->type("b");
+    desk->click("txtMODULENAME");
+    desk->click("txtMODULENAME");
+    desk->type("second");
+    EXPECT_EQ(desk->text("txtMODULENAME"), "second");
+    desk->click("cmdUpdate");
+    EXPECT_THAT(table.rows(), ElementsAre("A|First", "B|second"));
+}
+
 // Deleting.
 
 TEST_F(Modules, ADeleteAsksFirst) {

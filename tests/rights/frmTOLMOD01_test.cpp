@@ -159,16 +159,71 @@ TEST_F(Modules, ARecordThatGoesWhileTheQuestionStandsIsNotDeletedAgain) {
     EXPECT_EQ(highlight(), 0);
 }
 
-TEST_F(Modules, ARecordThatGoesWhileItIsEditedEndsTheEdit) {
-    openWith({{"A", "First"}, {"B", "Second"}});
+const char* const deletedText = "This Record has been Deleted by Another User.\n"
+                                "Click Update to Add it as a New Record, or Cancel to Give it Up.";
+
+class ModuleGone : public Modules {
+  protected:
+    ModuleGone() {
+        openWith({{"A", "First"}, {"B", "Second"}, {"C", "Third"}});
+        desk->press(Qt::Key_Down);
+        desk->press(Qt::Key_E);
+        desk->press(Qt::Key_Tab);
+        desk->type("Typed");
+        table.remove("MODULEID", "B");
+        desk->press(Qt::Key_U, Qt::AltModifier);
+    }
+};
+
+TEST_F(ModuleGone, IsToldAndWhatWasTypedStaysInTheBoxes) {
+    expectRefusal(deletedText);
+    EXPECT_THAT(person.boxes[0].buttons, ElementsAre("cmdOK"));
+    EXPECT_TRUE(isEditing());
+    expectBoxesOver(2);
+    EXPECT_EQ(desk->text("txtMODULEID"), "B");
+    EXPECT_EQ(desk->text("txtMODULENAME"), "Typed");
+    EXPECT_EQ(desk->focus(), "txtMODULEID");
+    EXPECT_EQ(highlight(), -1);
+    EXPECT_THAT(page(), ElementsAre("A|First", "C|Third", " |End of List."));
+    desk->keepPicture("modules-record-gone");
+}
+
+TEST_F(ModuleGone, IsAddedByAnotherUpdate) {
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_EQ(person.boxes.size(), 1U);
+    EXPECT_FALSE(isEditing());
+    EXPECT_THAT(table.rows(), ElementsAre("A|First", "B|Typed", "C|Third"));
+    EXPECT_THAT(page(), ElementsAre("A|First", "B|Typed", "C|Third", " |End of List."));
+}
+
+TEST_F(ModuleGone, IsNotAddedOverAnother) {
+    table.add({{"B", "Theirs"}});
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    ASSERT_EQ(person.boxes.size(), 2U);
+    EXPECT_EQ(person.boxes[1].text,
+              "Duplicate Module Code Detected.\nThe Module Code you have entered already exists.");
+    EXPECT_THAT(table.rows(), ElementsAre("A|First", "B|Theirs", "C|Third"));
+}
+
+TEST_F(ModuleGone, IsGivenUpByCancel) {
+    desk->press(Qt::Key_Escape);
+    EXPECT_FALSE(isEditing());
+    EXPECT_THAT(table.rows(), ElementsAre("A|First", "C|Third"));
+    EXPECT_THAT(page(), ElementsAre("A|First", "C|Third", " |End of List."));
+    EXPECT_EQ(highlight(), 0);
+    EXPECT_EQ(desk->focus(), "hsbMAIN");
+}
+
+TEST_F(Modules, TheOnlyRecordMayGoWhileItIsEdited) {
+    openWith({{"A", "First"}});
     desk->press(Qt::Key_E);
     table.remove("MODULEID", "A");
     desk->press(Qt::Key_U, Qt::AltModifier);
-    EXPECT_FALSE(isEditing());
-    EXPECT_THAT(table.rows(), ElementsAre("B|Second"));
-    EXPECT_THAT(page(), ElementsAre("B|Second", " |End of List."));
-    EXPECT_EQ(highlight(), 0);
-    EXPECT_EQ(desk->focus(), "hsbMAIN");
+    expectRefusal(deletedText);
+    expectBoxesOver(0);
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_THAT(table.rows(), ElementsAre("A|First"));
+    EXPECT_THAT(page(), ElementsAre("A|First", " |End of List."));
 }
 
 TEST_F(Modules, ComesBackFreshFromUnderAnotherWindow) {
