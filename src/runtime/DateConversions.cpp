@@ -182,6 +182,14 @@ char* writeDigits(char* out, int value, int digits) {
     return out + digits;
 }
 
+/// ".5", ".123Z", "Z" or nothing, behind the seconds. Dates hold whole seconds, and no zone.
+bool isFractionAndZone(std::string_view text) {
+    if (text.ends_with('Z'))
+        text.remove_suffix(1);
+    return text.empty() || (text.size() > 1 && text.front() == '.' &&
+                            text.find_first_not_of("0123456789", 1) == std::string_view::npos);
+}
+
 } // namespace
 
 Date toDate(const Value& value) {
@@ -245,10 +253,7 @@ Date dateFromIso(std::string_view text) {
     if (valid && !in.atEnd()) {
         valid = (in.takeIf(' ') || in.takeIf('T')) && in.takeNumber(2, 2, parts.hour) && in.takeIf(':') &&
                 in.takeNumber(2, 2, parts.minute) && in.takeIf(':') && in.takeNumber(2, 2, parts.second);
-        if (valid && in.takeIf('.'))
-            valid = !in.atEnd() && in.rest().find_first_not_of("0123456789") == std::string_view::npos;
-        else
-            valid = valid && in.atEnd();
+        valid = valid && isFractionAndZone(in.rest());
     }
     const auto date = valid ? dateOf(parts) : std::nullopt;
     if (!date)

@@ -2,6 +2,8 @@
 #include "data/sqlite/Catalogue.h"
 
 #include "data/sqlite/PhysicalTableBuilder.h"
+#include "data/sqlite/Sql.h"
+#include "runtime/RuntimeError.h"
 
 #include <array>
 #include <string_view>
@@ -20,6 +22,16 @@ std::string overRows(std::string_view query, bool one) {
 void bindIfOne(Statement& query, const std::string& table) {
     if (!table.empty())
         query.bind(1, table);
+}
+
+/// Characters of the longest whole number of 64 bits, with its sign.
+constexpr int textSize = 20;
+
+/// The NumberRange of a value: whole numbers count in a Double up to 2^53.
+std::string rangeOf(const std::string& column) {
+    return "CASE typeof(" + column + ") WHEN 'real' THEN 1 WHEN 'integer' THEN (" + column +
+           " NOT BETWEEN -2147483648 AND 2147483647) + (" + column +
+           " NOT BETWEEN -9007199254740992 AND 9007199254740992) ELSE 0 END";
 }
 
 } // namespace
@@ -97,11 +109,53 @@ void Catalogue::readIndexRows(const std::string& sqlName) {
     }
 }
 
-std::optional<PhysicalTable> Catalogue::build(const SchemaTable& table) const {
+std::optional<PhysicalTable> Catalogue::build(const SchemaTable& table) {
     const auto found = m_rows.find(table.name);
     static const CatalogueRows none;
     const CatalogueRows& rows = found == m_rows.end() ? none : found->second;
-    return PhysicalTableBuilder(table, rows.fields, rows.indexes, m_collations).build();
+    auto built = PhysicalTableBuilder(table, rows.fields, rows.indexes, m_collations).build();
+    if (built)
+        fitNumbers(*built);
+    return built;
+}
+
+void Catalogue::fitNumbers(PhysicalTable& table) {
+    std::vector<std::string> unknown;
+    for (const Column& column : table.columns)
+        if (column.holdsNumbers && !m_ranges.contains({table.sqlName, column.name}))
+            unknown.push_back(column.name);
+    if (!unknown.empty())
+        measureNumbers(table, unknown);
+    for (std::size_t at = 0; at < table.columns.size(); ++at) {
+        const auto range = m_ranges.find({table.sqlName, table.columns[at].name});
+        if (!table.columns[at].holdsNumbers || range == m_ranges.end())
+            continue;
+        FieldDef& field = table.definition.fields[at];
+        if (range->second == NumberRange::Text)
+            field.type = dbText;
+        else if (range->second == NumberRange::Double)
+            field.type = dbDouble;
+        if (range->second != NumberRange::Long)
+            table.columns[at].storage = Storage::WholeNumber;
+        field.size = reportedSize(field.type, textSize);
+    }
+}
+
+/// A damaged table is told as it is declared; who reads it hears of the damage.
+void Catalogue::measureNumbers(const PhysicalTable& table, const std::vector<std::string>& columns) {
+    std::string sql;
+    for (const std::string& column : columns)
+        sql += (sql.empty() ? "SELECT max(" : ", max(") + rangeOf(quotedName(column)) + ")";
+    try {
+        auto query = m_connection.cached(sql + " FROM " + quotedName(table.sqlName));
+        if (query->step())
+            for (std::size_t at = 0; at < columns.size(); ++at)
+                m_ranges[{table.sqlName, columns[at]}] =
+                    static_cast<NumberRange>(query->integer(static_cast<int>(at)));
+    } catch (const runtime::RuntimeError& error) {
+        if (error.number() != runtime::errCannotOpen)
+            throw;
+    }
 }
 
 } // namespace tol::data::sqlite

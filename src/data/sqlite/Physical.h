@@ -14,6 +14,7 @@ enum class Storage {
     Native,          ///< integers, REAL, TEXT and BLOB as SQLite has them
     ScaledCurrency,  ///< Currency as the integer count of ten-thousandths (this program's own columns)
     DecimalCurrency, ///< Currency as a plain number (columns of other makers)
+    WholeNumber,     ///< Double or text, as the integer that it is (columns of other makers)
     IsoDate,         ///< Date as "YYYY-MM-DD HH:MM:SS"; Julian days and Unix seconds are read too
 };
 
@@ -21,7 +22,8 @@ enum class Storage {
 struct Column {
     std::string name; ///< the column's name in the file
     Storage storage = Storage::Native;
-    bool own = false; ///< made by this program: has a row in the catalogue tables
+    bool own = false;          ///< made by this program: has a row in the catalogue tables
+    bool holdsNumbers = false; ///< made by another for whole numbers, of which some may be beyond a Long
 };
 
 enum class IndexKind {

@@ -118,6 +118,7 @@ void PhysicalTableBuilder::addField(const SchemaColumn& column, int position) {
         field.required = column.notNull && !fillsItself;
         field.allowZeroLength = isText(type.type);
         place.storage = type.storage;
+        place.holdsNumbers = type.type == dbLong || type.type == dbDouble;
     }
     if (row != nullptr) {
         field.name = row->field;

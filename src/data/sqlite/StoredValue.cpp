@@ -7,9 +7,11 @@
 
 #include <sqlite3.h>
 
+#include <charconv>
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -23,6 +25,7 @@ constexpr std::int64_t currencyScale = 10000;
 constexpr double dayOfUnixEpoch = 25569;       // 1 January 1970, counted from 30 December 1899
 constexpr double dayOfJulianEpoch = 2415018.5; // Julian day of 30 December 1899, midnight
 constexpr double secondsOfDay = 86400;
+constexpr double exactInDouble = 9007199254740992; // 2^53
 
 std::string_view viewOf(const runtime::Bytes& bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -41,6 +44,12 @@ StoredValue storedCurrency(runtime::Currency amount, Storage storage) {
     if (amount.tenThousandths % currencyScale == 0)
         return StoredValue::ofInteger(amount.tenThousandths / currencyScale);
     return StoredValue::ofReal(static_cast<double>(amount.tenThousandths) / currencyScale);
+}
+
+std::optional<std::int64_t> wholeNumber(std::string_view text) {
+    std::int64_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
 }
 
 /// The value without regard to the field: a whole number, a Double, a text or bytes.
@@ -148,10 +157,18 @@ StoredValue toStored(const Value& value, Storage storage, std::string& buffer) {
             buffer = runtime::isoText(date);
             return StoredValue::ofText(buffer);
         },
-        [](const std::string& text) { return StoredValue::ofText(text); },
+        [&](const std::string& text) {
+            const auto number = storage == Storage::WholeNumber ? wholeNumber(text) : std::nullopt;
+            return number ? StoredValue::ofInteger(*number) : StoredValue::ofText(text);
+        },
         [](const runtime::Bytes& bytes) { return StoredValue::ofBlob(viewOf(bytes)); },
-        [](std::floating_point auto number) {
-            return std::isnan(number) ? StoredValue() : StoredValue::ofReal(number); // as SQLite would
+        [&](std::floating_point auto number) {
+            if (std::isnan(number))
+                return StoredValue(); // as SQLite would
+            const bool isWhole = storage == Storage::WholeNumber && std::fabs(number) <= exactInDouble &&
+                                 std::trunc(number) == number;
+            return isWhole ? StoredValue::ofInteger(static_cast<std::int64_t>(number))
+                           : StoredValue::ofReal(number);
         },
         [](std::integral auto number) { return StoredValue::ofInteger(number); },
     });

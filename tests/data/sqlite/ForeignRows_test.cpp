@@ -39,11 +39,54 @@ TEST_F(ForeignRows, ReadValuesAsTheirFieldTypes) {
 TEST_F(ForeignRows, ReadDatesInEveryFormThatSqliteKnows) {
     make("CREATE TABLE t(d DATETIME); INSERT INTO t VALUES('2009-01-31 10:20:30'), ('2009-01-31'), "
          "('2009-01-31T10:20:30'), "
-         "('2009-01-31 10:20:30.500'), (1233397230), (2454862.9309027777)");
+         "('2009-01-31 10:20:30.500'), (1233397230), (2454862.9309027777), ('2009-01-31T10:20:30Z'), "
+         "('2009-01-31T10:20:30.123456Z')");
     Recordset rows = database.OpenRecordset("t");
     EXPECT_THAT(walk(rows),
                 ElementsAre("1/31/2009 10:20:30 AM", "1/31/2009", "1/31/2009 10:20:30 AM",
-                            "1/31/2009 10:20:30 AM", "1/31/2009 10:20:30 AM", "1/31/2009 10:20:30 AM"));
+                            "1/31/2009 10:20:30 AM", "1/31/2009 10:20:30 AM", "1/31/2009 10:20:30 AM",
+                            "1/31/2009 10:20:30 AM", "1/31/2009 10:20:30 AM"));
+}
+
+TEST_F(ForeignRows, HoldNumbersThatAreTooLargeForTheirDeclaredType) {
+    make("CREATE TABLE t(id INTEGER PRIMARY KEY, l INTEGER, d INT, b INTEGER, g BIGINT, r INT); CREATE INDEX "
+         "byB "
+         "ON t(b);"
+         "INSERT INTO t VALUES(1, 2147483647, 2147483648, 9007199254740993, -9223372036854775808, 1.5), (2, "
+         "-2147483648, -9007199254740992, 7, 5, 2)");
+    EXPECT_THAT(fieldsOf(database.TableDefs("t")),
+                ElementsAre("id:4/4", "l:4/4", "d:7/8", "b:10/20", "g:10/20", "r:7/8"));
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_EQ(rows.Fields("d").Value(), Value(2147483648.0));
+    EXPECT_EQ(rows.Fields("b").Value(), Value(std::string("9007199254740993")));
+    EXPECT_EQ(rows.Fields("g").Value(), Value(std::string("-9223372036854775808")));
+    EXPECT_EQ(rows.Fields("r").Value(), Value(1.5));
+    rows.Index("byB");
+    rows.Seek("=", {"9007199254740993"});
+    ASSERT_FALSE(rows.NoMatch());
+    EXPECT_EQ(rows.Bookmark(), "1");
+    set(rows, "b", "9223372036854775807");
+    set(rows, "d", 4294967296.0);
+    EXPECT_EQ(valueText(rows.Fields("b").Value()), "9223372036854775807");
+    rows.Close();
+    EXPECT_EQ(file.value("SELECT b, typeof(b), d, typeof(d) FROM t WHERE id = 1"),
+              "9223372036854775807|integer|4294967296|integer");
+    reopen();
+    EXPECT_THAT(fieldsOf(database.TableDefs("t")),
+                ElementsAre("id:4/4", "l:4/4", "d:7/8", "b:10/20", "g:10/20", "r:7/8"));
+}
+
+TEST_F(ForeignRows, CountByNumbersThatAreTooLargeForALong) {
+    make("CREATE TABLE t(id INTEGER PRIMARY KEY, a TEXT); INSERT INTO t VALUES(9007199254740993, 'x'), (5, "
+         "'y')");
+    EXPECT_THAT(fieldsOf(database.TableDefs("t")), ElementsAre("id:10/20", "a:12/0"));
+    Recordset rows = database.OpenRecordset("t");
+    EXPECT_THAT(walkBy(rows, "PrimaryKey"), ElementsAre("5|y", "9007199254740993|x"));
+    rows.Seek("=", {"9007199254740993"});
+    ASSERT_FALSE(rows.NoMatch());
+    set(rows, "id", "9007199254740995");
+    EXPECT_EQ(rows.LastModified(), "9007199254740995");
+    EXPECT_EQ(valueText(rows.Fields("a").Value()), "x");
 }
 
 TEST_F(ForeignRows, SayWhichValueHasNoMeaningInItsField) {
