@@ -150,5 +150,36 @@ TEST_F(ForeignUpdate, leavesFullTextTablesInStep) {
         "3\n4\n");
 }
 
+TEST_F(ForeignUpdate, asksAboutValuesThatAreNoneOfTheirType) {
+    sql("CREATE TABLE Pay(Id INTEGER PRIMARY KEY, Born DATE, Count SMALLINT); INSERT INTO Pay VALUES(1, "
+        "'soon', "
+        "5), (2, '2009-01-31T00:00:00Z', 'many'), (3, '1999-12-31', 70000), (4, NULL, 7)");
+    want(
+        R"({"Pay": {"fields": [["Id", 4], ["Born", 10, 12], ["Count", 4]], "indexes": {"PrimaryKey": ["Id"]}}})");
+    EXPECT_THAT(update(), testing::IsSupersetOf({std::string("Pay Born Changed Field Type.  "),
+                                                 std::string("Pay Count Changed Field Type.  ")}));
+    std::vector<std::string> titles;
+    for (const Box& box : world.host.boxes)
+        titles.push_back(box.title);
+    EXPECT_THAT(titles, ElementsAre("Data Will Be Lost", "Continue Warning?", "Data Will Be Lost",
+                                    "Continue Warning?", "Data Will Be Lost", "Continue Warning?"));
+    EXPECT_THAT(world.host.boxes.front().text, HasSubstr("Unable to Convert Data in Field: Born located in "
+                                                         "Table: Pay"));
+    EXPECT_EQ(sql("SELECT Id, trim(Born), Count FROM Pay"),
+              "1||5\n2|1/31/2009|0\n3|12/31/1999|0\n4|1/1/1900|7\n");
+}
+
+TEST_F(ForeignUpdate, keepsTheFieldWhereAnUnreadableValueIsNotToBeLost) {
+    sql("CREATE TABLE Pay(Id INTEGER PRIMARY KEY, Count SMALLINT); INSERT INTO Pay VALUES(1, 5), (2, "
+        "'many')");
+    want(R"({"Pay": {"fields": [["Id", 4], ["Count", 4]], "indexes": {"PrimaryKey": ["Id"]}}})");
+    world.host.answers = {runtime::MsgResult::No};
+    UpdateRun run;
+    run(world);
+    EXPECT_FALSE(run.finished);
+    EXPECT_THAT(world.host.texts(), ElementsAre(HasSubstr("OK to Continue?"), HasSubstr("TEMPFIELD")));
+    EXPECT_EQ(sql("SELECT Id, Count FROM Pay"), "1|5\n2|many\n");
+}
+
 } // namespace
 } // namespace tol::test

@@ -9,6 +9,7 @@
 #include "runtime/Text.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace tol::update {
 
@@ -22,6 +23,19 @@ namespace {
 
 const std::string temporaryField = "TEMPFIELD";
 constexpr MsgStyle yesNo{runtime::MsgIcon::Question, runtime::MsgButtons::YesNo};
+
+/// The value through vdNullCheck; nothing for what another program stored there and what is no value of the
+/// field's type.
+std::optional<Value> readableValue(const data::Field& field) {
+    try {
+        Value value = field.Value();
+        return value.isNull() ? vdNullCheck(field) : value;
+    } catch (const runtime::RuntimeError& error) {
+        if (error.number() == runtime::errDataConversion)
+            return std::nullopt;
+        return vdNullCheck(field);
+    }
+}
 
 } // namespace
 
@@ -52,6 +66,7 @@ void FieldConversion::ConvertFieldType() {
 // Unlike a change of type, a change of size keeps the old field whenever the run was stopped.
 void FieldConversion::ChangeFieldSize() {
     reportErrors(updateForm, "ChangeFieldSize", [this] {
+        m_s.WarnUnconvertible = true;
         showLabels();
         deleteAllIndexes(*m_s.tableDef);
         appendField(temporaryField, false);
@@ -76,7 +91,8 @@ void FieldConversion::convertRows() {
     Value converted;
     eachRow(rows, [&] {
         m_s.UnableToConvert = false;
-        m_s.UnableToConvert = !convert(vdNullCheck(from), m_s.FSIZE, converted);
+        const std::optional<Value> value = readableValue(from);
+        m_s.UnableToConvert = !value || !convert(*value, m_s.FSIZE, converted);
         if (!m_s.UnableToConvert)
             to.Value(converted);
         if (!m_s.WarnUnconvertible)
@@ -109,11 +125,16 @@ void FieldConversion::resizeRows() {
     data::Field to = rows.Fields(temporaryField);
     m_s.UnableToConvert = m_s.liveSize > m_s.FSIZE;
     eachRow(rows, [&] {
-        const Value value = vdNullCheck(from);
+        const std::optional<Value> value = readableValue(from);
+        if (!value) {
+            if (m_s.WarnUnconvertible)
+                askAboutUnconvertible();
+            return;
+        }
         if (m_s.UnableToConvert)
-            to.Value(runtime::left(runtime::toText(value), m_s.FSIZE));
+            to.Value(runtime::left(runtime::toText(*value), m_s.FSIZE));
         else
-            to.Value(value);
+            to.Value(*value);
         rows.Update();
     });
     rows.Close();
