@@ -263,6 +263,17 @@ TEST_F(JobSites, AFailedNumberIsTakenForZero) {
     EXPECT_THAT(table.rows(), ElementsAre("0|N|X"));
 }
 
+// Both boxes are full, so that nothing may grow in upper case.
+TEST_F(JobSites, ANameAndAPathAreStoredWhole) {
+    open();
+    desk->press(Qt::Key_A);
+    const QString name("gro\u00dfe stra\u00dfe 123");
+    const QString path = "c:\\" + QString(97, QChar(0xdf));
+    fill(name, path);
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_THAT(table.rows(), ElementsAre("1|GRO\u00dfE STRA\u00dfE 123|C" + path.mid(1).toStdString()));
+}
+
 TEST_F(JobSites, ARecordThatAnotherDeletedIsToldAndMayBeAdded) {
     counter.add({{std::int32_t{7}}});
     openWith({site(1, "NORTH", "C:\\NORTH"), site(2, "SOUTH", "C:\\SOUTH")});

@@ -281,6 +281,22 @@ TEST_F(Modules, AFailedCheckDoesNotOutliveItsEdit) {
     EXPECT_EQ(person.boxes.size(), 1U);
 }
 
+// A letter whose capitals are two keeps its one place.
+TEST_F(Modules, ACodeIsAsLongInUpperCase) {
+    openWith({{"A\u00dfB", "First"}, {"ASS", "Second"}});
+    desk->press(Qt::Key_A);
+    desk->type("a\u00dfb");
+    desk->press(Qt::Key_Tab);
+    expectRefusal(duplicateText);
+    EXPECT_EQ(desk->text("txtMODULEID"), "A\u00dfB");
+    desk->type("a\u00dfc");
+    desk->press(Qt::Key_Tab);
+    desk->type("Third");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_EQ(person.boxes.size(), 1U);
+    EXPECT_THAT(table.rows(), testing::Contains("A\u00dfC|Third"));
+}
+
 TEST_F(Modules, ABoxOfBlanksTakesTypingAfterClicks) {
     openWith({{"A", "First"}});
     desk->press(Qt::Key_A);
