@@ -2,9 +2,11 @@
 #include "tolctl/CompactCommand.h"
 
 #include "data/DBEngine.h"
+#include "platform/Paths.h"
 
 #include <filesystem>
 #include <iostream>
+#include <system_error>
 
 namespace tol::ctl {
 
@@ -14,12 +16,10 @@ CompactCommand::CompactCommand(CLI::App& program)
 }
 
 ExitStatus CompactCommand::execute() {
-    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksCOMPACT");
-    data::Database database = workspace.OpenDatabase(m_file);
-    const std::filesystem::path file = database.Name();
-    const auto before = std::filesystem::file_size(file);
-    database.Compact();
-    database.Close();
+    const std::filesystem::path file = platform::hostPath(m_file);
+    std::error_code missing; // which the engine tells
+    const auto before = std::filesystem::file_size(file, missing);
+    data::DBEngine::CompactDatabase(m_file);
     std::cerr << file.string() << ": " << before << " bytes before, " << std::filesystem::file_size(file)
               << " now\n";
     return ExitStatus::Finished;

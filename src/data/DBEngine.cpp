@@ -3,6 +3,7 @@
 
 #include "data/StoreRegistry.h"
 #include "data/WorkspaceCore.h"
+#include "platform/Paths.h"
 #include "runtime/Host.h"
 #include "runtime/RuntimeError.h"
 
@@ -28,6 +29,10 @@ Workspace DBEngine::CreateWorkspace(const std::string& name, [[maybe_unused]] co
         runtime::raise(runtime::errInvalidArgument);
     registerSettlerOnce();
     return Workspace(std::make_shared<WorkspaceCore>(name));
+}
+
+void DBEngine::CompactDatabase(const std::string& name) {
+    StoreRegistry::instance().compact(platform::hostPath(name));
 }
 
 void DBEngine::addEngine(std::unique_ptr<Engine> engine) {

@@ -57,10 +57,6 @@ TableDef Database::CreateTableDef(const std::string& name) const {
     return TableDef(std::make_shared<TableCore>(name));
 }
 
-void Database::Compact() {
-    core().changeDefinitions([](Store& store) { store.compact(); });
-}
-
 SchemaNotes Database::takeNotes() {
     return core().store().takeNotes();
 }

@@ -36,8 +36,6 @@ class Database {
     [[nodiscard]] data::TableDefs TableDefs() const;
     [[nodiscard]] data::TableDef TableDefs(std::string_view name) const { return TableDefs()(name); }
     [[nodiscard]] TableDef CreateTableDef(const std::string& name) const;
-    /// Removes the bytes of deleted fields and rows; 3211 when a table is open.
-    void Compact();
     /// What changes of definitions since the last call could not keep of what other programs had declared.
     SchemaNotes takeNotes();
     void Close();

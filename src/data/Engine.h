@@ -122,9 +122,6 @@ class Store {
     virtual void commit() = 0;
     virtual void rollback() = 0;
     virtual void settle() = 0;
-
-    /// Removes the bytes of deleted fields and rows from the file. Raises 3211 when a table is open.
-    virtual void compact() = 0;
 };
 
 /// A kind of storage.
@@ -136,6 +133,9 @@ class Engine {
     virtual std::shared_ptr<Store> open(const std::filesystem::path& file, bool readOnly) = 0;
     /// Makes a new, empty database; the file must not exist.
     virtual std::shared_ptr<Store> create(const std::filesystem::path& file) = 0;
+    /// Makes the file anew without the bytes of deleted fields and rows; bookmarks stay. It must not be
+    /// open (3045). After an error it is what it was.
+    virtual void compact(const std::filesystem::path& file) = 0;
 };
 
 } // namespace tol::data

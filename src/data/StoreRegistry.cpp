@@ -97,6 +97,12 @@ std::shared_ptr<SharedStore> StoreRegistry::create(const fs::path& file) {
     return keep(entry, false, std::move(store));
 }
 
+void StoreRegistry::compact(const fs::path& file) {
+    if (entryFor(identityOf(file)).isUsed())
+        throw fileError(runtime::errFileInUse, file);
+    engineFor(file).compact(file);
+}
+
 void StoreRegistry::settle() {
     FirstError errors;
     for (std::size_t i = 0; i < m_open.size(); ++i) {

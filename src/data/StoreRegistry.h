@@ -27,6 +27,8 @@ class StoreRegistry {
 
     std::shared_ptr<SharedStore> open(const std::filesystem::path& file, bool readOnly);
     std::shared_ptr<SharedStore> create(const std::filesystem::path& file);
+    /// 3045 when the file is open in this process.
+    void compact(const std::filesystem::path& file);
     /// Settles every open store; the first error is raised when all have been tried.
     void settle();
 

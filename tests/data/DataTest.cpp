@@ -93,4 +93,10 @@ void DataTest::reopen() {
     database = workspace.OpenDatabase("TEST.MDB");
 }
 
+void DataTest::compact() {
+    database.Close();
+    data::DBEngine::CompactDatabase("TEST.MDB");
+    database = workspace.OpenDatabase("TEST.MDB");
+}
+
 } // namespace tol::test

@@ -58,6 +58,8 @@ class DataTest : public testing::TestWithParam<EngineUnderTest> {
     data::Recordset open(const std::string& table) { return database.OpenRecordset(table); }
     /// Closes the database, and with it the file, and opens it again.
     void reopen();
+    /// The same with a compaction between.
+    void compact();
 
     TempFolder folder;
     EngineScope engine;

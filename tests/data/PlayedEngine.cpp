@@ -100,7 +100,6 @@ class PlayedStore : public Store {
     void commit() override { m_calls->tell("commit " + m_path.filename().string()); }
     void rollback() override { m_calls->tell("rollback " + m_path.filename().string()); }
     void settle() override { m_calls->tell("settle"); }
-    void compact() override { m_calls->tell("compact"); }
 
   private:
     std::filesystem::path m_path;
@@ -124,6 +123,10 @@ std::shared_ptr<Store> PlayedEngine::create(const std::filesystem::path& file) {
     m_calls->tell(m_mark + " creates " + file.filename().string());
     std::ofstream(file) << m_mark;
     return std::make_shared<PlayedStore>(file, m_calls, m_indexes);
+}
+
+void PlayedEngine::compact(const std::filesystem::path& file) {
+    m_calls->tell("compact " + file.filename().string());
 }
 
 } // namespace tol::test

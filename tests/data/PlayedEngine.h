@@ -37,6 +37,7 @@ class PlayedEngine : public data::Engine {
     [[nodiscard]] bool recognises(std::string_view firstBytes) const override;
     std::shared_ptr<data::Store> open(const std::filesystem::path& file, bool readOnly) override;
     std::shared_ptr<data::Store> create(const std::filesystem::path& file) override;
+    void compact(const std::filesystem::path& file) override;
 
   private:
     std::string m_mark;

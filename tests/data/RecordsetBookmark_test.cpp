@@ -108,8 +108,7 @@ TEST_P(RecordsetBookmark, StaysWithTheRecordWhateverChanges) {
     table.Fields().Append(table.CreateField("N2", dbLong));
     table.Fields().Delete("MORE");
     table.Name("RENAMED");
-    database.Compact();
-    reopen();
+    compact();
     Recordset rows = open("RENAMED");
     rows.Bookmark(marks[0]);
     EXPECT_EQ(at(rows, "N"), "5");

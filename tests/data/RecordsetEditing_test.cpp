@@ -277,7 +277,6 @@ TEST_P(RecordsetEditing, ReadOnlyDatabaseTakesNoChange) {
     EXPECT_EQ(raised([&] { return rows.Delete(); }), expected);
     EXPECT_EQ(raised([&] { return reader.TableDefs().Delete("T"); }), expected);
     EXPECT_EQ(raised([&] { return reader.TableDefs("T").Fields("ID").OrdinalPosition(5); }), expected);
-    EXPECT_EQ(raised([&] { return reader.Compact(); }), expected);
 }
 
 TOL_OVER_ALL_ENGINES(RecordsetEditing);

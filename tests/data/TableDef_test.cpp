@@ -495,12 +495,13 @@ TEST_P(TableDefinitions, CompactKeepsEverythingThatIsTold) {
             add(rows, {{"A", i}, {"GONE", std::string(5000, 'x')}});
         workspace.CommitTrans();
         mark = rows.LastModified();
-        EXPECT_EQ(raised([&] { return database.Compact(); }).substr(0, 4), "3211");
     }
     TableDef table = database.TableDefs("T");
     table.Fields().Delete("GONE");
     const auto sizeBefore = std::filesystem::file_size("TEST.MDB");
-    database.Compact();
+    EXPECT_EQ(raised([&] { DBEngine::CompactDatabase("TEST.MDB"); }).substr(0, 4), "3045");
+    compact();
+    table = database.TableDefs("T");
     EXPECT_LT(std::filesystem::file_size("TEST.MDB"), sizeBefore / 4);
     EXPECT_EQ(fieldNames(table), Texts{"A"});
     EXPECT_EQ(indexNames(table), Texts{"A"});

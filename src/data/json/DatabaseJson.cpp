@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "data/json/DatabaseJson.h"
 
+#include "data/FileError.h"
+#include "data/StagedFile.h"
 #include "data/json/DatabaseReader.h"
 #include "data/json/DatabaseWriter.h"
 #include "data/json/JsonStream.h"
-#include "data/json/StagedFile.h"
 #include "platform/Paths.h"
 
+#include <filesystem>
 #include <sstream>
 
 namespace tol::data::json {
@@ -27,7 +29,10 @@ void readDatabase(std::istream& in, Database& database, const RowWatcher& watche
 }
 
 void makeDatabase(const std::string& file, std::istream& in, const RowWatcher& watcher) {
-    StagedFile staged(platform::hostPath(file));
+    const std::filesystem::path target = platform::hostPath(file);
+    if (std::filesystem::exists(std::filesystem::symlink_status(target)))
+        throw fileError(runtime::errDatabaseExists, target);
+    StagedFile staged(target);
     {
         Workspace workspace = DBEngine::CreateWorkspace("wksJSON");
         Database database = workspace.CreateDatabase(staged.path().string());

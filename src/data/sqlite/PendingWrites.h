@@ -53,7 +53,6 @@ class PendingWrites {
     void begin();
     void commit();
     void rollback();
-    [[nodiscard]] bool inCallersTransaction() const { return m_depth > 0; }
 
     /// Commits what is held. Nothing happens to a transaction of the caller's.
     void settle();

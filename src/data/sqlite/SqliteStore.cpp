@@ -355,22 +355,4 @@ void SqliteStore::settle() {
     m_session->writes().settle();
 }
 
-/// Rows keep their keys, and with them their bookmarks.
-void SqliteStore::compact() {
-    if (m_session->writes().inCallersTransaction())
-        runtime::raise(runtime::errInvalidOperation);
-    settle();
-    const std::vector<std::string> tables = tableNames();
-    run(tables, [&] {
-        for (const auto& table : tables) {
-            if (const auto found = find(table); found && found->table->hiddenColumns > 0)
-                m_steps.removeHiddenColumns(*found->table);
-        }
-    });
-    settle();
-    m_session->connection().execute("VACUUM");
-    m_session->changedAnything();
-    m_mark.clear();
-}
-
 } // namespace tol::data::sqlite

@@ -54,13 +54,13 @@ TEST_F(CompactTest, RemovesTheBytesOfDeletedFields) {
     EXPECT_EQ(m_case.run({"dump", "A.MDB"}).out, dump);
 }
 
-TEST_F(CompactTest, FailsWhileATableIsOpen) {
+TEST_F(CompactTest, FailsWhileSomebodyHasItOpen) {
     data::Workspace workspace;
     data::Database database;
     const data::Recordset rows = use(workspace, database);
     const Outcome outcome = m_case.run({"compact", "A.MDB"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.err, HasSubstr("(error 3211)"));
+    EXPECT_THAT(outcome.err, HasSubstr("(error 3045)"));
 }
 
 TEST_F(CompactTest, NeedsTheFile) {

@@ -86,49 +86,6 @@ TEST_F(SqliteStoreTest, HidesADeletedFieldAtOnceAndKeepsItsBytes) {
               "Note1,Note1");
 }
 
-TEST_F(SqliteStoreTest, CompactionRemovesTheBytesAndKeepsTheBookmarks) {
-    makeTable(*store);
-    addRows(*store, "T", 1, 50);
-    auto cursor = store->openCursor("T");
-    ASSERT_TRUE(cursor->last());
-    const Assignment change[] = {{2, "a note that is soon gone"}};
-    cursor->update(change);
-    const std::string bookmark = cursor->bookmark();
-    ASSERT_TRUE(cursor->previous());
-    const Assignment row[] = {{2, "a row that is soon gone"}};
-    cursor->update(row);
-    store->settle();
-    cursor->remove();
-    cursor.reset();
-    store->dropField("T", "Note");
-    store->compact();
-    EXPECT_FALSE(fileContains("soon gone"));
-    EXPECT_EQ(inFile("SELECT group_concat(name) FROM pragma_table_info('T')"), "MSysKey,Id,Name");
-    EXPECT_EQ(inFile("SELECT count(*) FROM MSysFields WHERE Deleted"), "0");
-    EXPECT_TRUE(PlainSqlite(file()).isIntact());
-    EXPECT_EQ(store->definition("T")->indexes.size(), 2U);
-    cursor = store->openCursor("T");
-    ASSERT_TRUE(cursor->seekBookmark(bookmark));
-    EXPECT_EQ(cursor->value(0), Value(50));
-    EXPECT_EQ(cursor->insert({}), "51"); // and no key is given out twice
-}
-
-TEST_F(SqliteStoreTest, CompactionNeedsAllTables) {
-    makeTable(*store);
-    makeTable(*store, "U");
-    const auto use = store->useTable("U");
-    const auto error = errorOf([&] { store->compact(); });
-    EXPECT_EQ(error.number(), 3211);
-    EXPECT_EQ(error.description(), "Could not lock table 'U'; it is in use by another user or process.");
-    EXPECT_NE(store->useTable("T"), nullptr); // which was held for a moment
-}
-
-TEST_F(SqliteStoreTest, CompactionIsRefusedInATransaction) {
-    store->begin();
-    EXPECT_EQ(errorOf([&] { store->compact(); }).number(), 3219);
-    store->rollback();
-}
-
 TEST_F(SqliteStoreTest, SweepsDeletedFieldsOutBeforeTheColumnsRunOut) {
     makeTable(*store);
     addRows(*store, "T", 1, 3);
