@@ -82,6 +82,10 @@ std::string_view pattern(ErrorNumber number) {
     return found->text;
 }
 
+std::string_view shownName(std::string_view name) {
+    return name.find_first_not_of(' ') == std::string_view::npos ? "(no name)" : name;
+}
+
 } // namespace
 
 RuntimeError::RuntimeError(int number, std::string description, std::string engineText)
@@ -98,8 +102,7 @@ std::string describe(ErrorNumber number, std::initializer_list<std::string_view>
     const auto* argument = arguments.begin();
     for (auto at = rest.find(place); at != std::string_view::npos; at = rest.find(place)) {
         result += rest.substr(0, at);
-        if (argument != arguments.end())
-            result += *argument++;
+        result += shownName(argument == arguments.end() ? "" : *argument++);
         rest.remove_prefix(at + place.size());
     }
     return result.append(rest);

@@ -88,7 +88,7 @@ class RuntimeError : public std::exception {
 /// (a table's, file's or field's name).
 [[noreturn]] void raise(ErrorNumber number, std::initializer_list<std::string_view> arguments = {},
                         std::string engineText = {});
-/// The description that raise() would give.
+/// The description that raise() would give. A name that is missing, or nothing but blanks, is told as such.
 std::string describe(ErrorNumber number, std::initializer_list<std::string_view> arguments = {});
 
 } // namespace tol::runtime

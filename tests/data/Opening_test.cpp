@@ -170,7 +170,7 @@ TEST_P(Opening, OnlyTablesAreOpened) {
     Recordset rows = database.OpenRecordset("T", dbOpenTable, dbSeeChanges, dbPessimistic);
     EXPECT_EQ(rows.RecordCount(), 0);
     EXPECT_EQ(raised([&] { return database.OpenRecordset("NONE"); }), "3078 Cannot find the table 'NONE'.");
-    EXPECT_EQ(raised([&] { return database.OpenRecordset(""); }), "3078 Cannot find the table ''.");
+    EXPECT_EQ(raised([&] { return database.OpenRecordset(""); }), "3078 Cannot find the table '(no name)'.");
 }
 
 TEST_P(Opening, ClosedObjectsAreInvalid) {

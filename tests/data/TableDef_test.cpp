@@ -121,7 +121,8 @@ TEST_P(TableDefinitions, NamesHaveRules) {
          {std::string(), std::string(" A"), std::string("A.B"), std::string("A!B"), std::string("A`B"),
           std::string("[A"), std::string("A]"), std::string("A\tB"), std::string("A\0B", 3),
           std::string("A\x7f"), longest + "x"}) {
-        const std::string expected = "3125 '" + name + "' is not a valid name.";
+        const std::string told = name.empty() ? "(no name)" : name;
+        const std::string expected = "3125 '" + told + "' is not a valid name.";
         EXPECT_EQ(raised([&] { return make(name, {field("A", dbLong)}); }), expected);
         EXPECT_EQ(raised([&] { return table.Name(name); }), expected);
         EXPECT_EQ(raised([&] { return table.Fields().Append(table.CreateField(name, dbLong)); }), expected);

@@ -22,7 +22,9 @@ TEST(RuntimeError, PutsNamesInTheirPlaces) {
 }
 
 TEST(RuntimeError, LeavesAPlaceEmptyWithoutANameAndDropsANameWithoutAPlace) {
-    EXPECT_EQ(describe(runtime::errTableExists), "Table '' already exists.");
+    EXPECT_EQ(describe(runtime::errTableExists), "Table '(no name)' already exists.");
+    EXPECT_EQ(describe(runtime::errTableInUse, {"  "}),
+              "Could not lock table '(no name)'; it is in use by another user or process.");
     EXPECT_EQ(describe(runtime::errNoCurrentRecord, {"X"}), "No current record.");
 }
 
