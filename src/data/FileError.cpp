@@ -5,10 +5,13 @@ namespace tol::data {
 
 runtime::RuntimeError fileError(runtime::ErrorNumber number, const std::filesystem::path& file,
                                 std::string engineText) {
-    std::string text = runtime::describe(number, {file.native()});
-    if (text.find(file.native()) == std::string::npos)
-        text += " (" + file.native() + ")";
-    return {number, std::move(text), std::move(engineText)};
+    return aboutFile({number, runtime::describe(number, {file.native()}), std::move(engineText)}, file);
+}
+
+runtime::RuntimeError aboutFile(const runtime::RuntimeError& error, const std::filesystem::path& file) {
+    if (error.description().find(file.native()) != std::string::npos)
+        return error;
+    return {error.number(), error.description() + " (" + file.native() + ")", error.engineText()};
 }
 
 runtime::RuntimeError withRemark(const runtime::RuntimeError& error, std::string_view sentence) {

@@ -13,6 +13,8 @@ namespace tol::data {
 /// place for one: an error about a file always names it.
 runtime::RuntimeError fileError(runtime::ErrorNumber number, const std::filesystem::path& file,
                                 std::string engineText = {});
+/// Any error, told as one about the file: with its name behind it, unless it has it already.
+runtime::RuntimeError aboutFile(const runtime::RuntimeError& error, const std::filesystem::path& file);
 /// The same error with a sentence more.
 runtime::RuntimeError withRemark(const runtime::RuntimeError& error, std::string_view sentence);
 

@@ -87,14 +87,19 @@ void Compaction::copy(Connection& from, const fs::path& to) const {
 void Compaction::make(const StagedFile& staged) {
     const fs::path unswept = staged.folder() / "unswept";
     copy(m_original, unswept);
-    {
-        Connection copied(unswept, Connection::Mode::ReadWrite);
-        sweep(copied);
-        copy(copied, staged.path());
+    try {
+        {
+            Connection copied(unswept, Connection::Mode::ReadWrite);
+            sweep(copied);
+            copy(copied, staged.path());
+        }
+        Connection made(staged.path(), Connection::Mode::ReadWrite);
+        requireSound(made);
+        restoreMode(made);
+    } catch (const runtime::RuntimeError& error) {
+        // What is wrong with the copy was wrong with the file; nobody knows the copy's name.
+        throw fileError(static_cast<runtime::ErrorNumber>(error.number()), m_file, error.engineText());
     }
-    Connection made(staged.path(), Connection::Mode::ReadWrite);
-    requireSound(made);
-    restoreMode(made);
 }
 
 void Compaction::sweep(Connection& copy) const {
@@ -128,7 +133,11 @@ void Compaction::endLog() {
 } // namespace
 
 void compactFile(const fs::path& file) {
-    Compaction(file).run();
+    try {
+        Compaction(file).run();
+    } catch (const runtime::RuntimeError& error) {
+        throw aboutFile(error, fs::canonical(file));
+    }
 }
 
 } // namespace tol::data::sqlite

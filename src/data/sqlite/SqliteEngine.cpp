@@ -38,8 +38,12 @@ bool SqliteEngine::recognises(std::string_view firstBytes) const {
 }
 
 std::shared_ptr<Store> SqliteEngine::open(const std::filesystem::path& file, bool readOnly) {
-    return std::make_shared<SqliteStore>(file,
-                                         readOnly ? Connection::Mode::ReadOnly : Connection::Mode::ReadWrite);
+    try {
+        return std::make_shared<SqliteStore>(file, readOnly ? Connection::Mode::ReadOnly
+                                                            : Connection::Mode::ReadWrite);
+    } catch (const runtime::RuntimeError& error) {
+        throw aboutFile(error, file);
+    }
 }
 
 std::shared_ptr<Store> SqliteEngine::create(const std::filesystem::path& file) {
