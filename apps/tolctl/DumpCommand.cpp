@@ -32,9 +32,16 @@ DumpCommand::DumpCommand(CLI::App& program)
 ExitStatus DumpCommand::execute() {
     data::Workspace workspace = data::DBEngine::CreateWorkspace("wksDUMP");
     data::Database database = workspace.OpenDatabase(m_file, false, true);
-    data::json::writeDatabase(database, std::cout, {m_schemaOnly, rowReport(m_progress)});
+    ExitStatus status = ExitStatus::Finished;
+    const auto complain = [&](const runtime::RuntimeError& error) {
+        m_progress.clear();
+        std::cerr << "tolctl: can't be loaded again: " << error.description() << " (error " << error.number()
+                  << ")\n";
+        status = ExitStatus::NeedsAttention;
+    };
+    data::json::writeDatabase(database, std::cout, {m_schemaOnly, rowReport(m_progress), complain});
     m_progress.clear();
-    return finishOutput() ? ExitStatus::Finished : ExitStatus::CouldNotStart;
+    return finishOutput() ? status : ExitStatus::CouldNotStart;
 }
 
 } // namespace tol::ctl

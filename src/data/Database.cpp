@@ -54,7 +54,11 @@ TableDefs Database::TableDefs() const {
 
 TableDef Database::CreateTableDef(const std::string& name) const {
     core().requireOpen();
-    return TableDef(std::make_shared<TableCore>(name));
+    return TableDef(std::make_shared<TableCore>(name, core().acceptsAsFound()));
+}
+
+void Database::AcceptAsFound() {
+    core().acceptAsFound();
 }
 
 SchemaNotes Database::takeNotes() {

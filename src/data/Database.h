@@ -38,6 +38,9 @@ class Database {
     [[nodiscard]] TableDef CreateTableDef(const std::string& name) const;
     /// What changes of definitions since the last call could not keep of what other programs had declared.
     SchemaNotes takeNotes();
+    /// From now on takes names and values as another database had them: names that nothing new may have,
+    /// infinite numbers, identifiers of any form.
+    void AcceptAsFound();
     void Close();
 
   private:

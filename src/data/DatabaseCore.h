@@ -33,6 +33,11 @@ class DatabaseCore : public std::enable_shared_from_this<DatabaseCore> {
 
     /// 3420 once closed, 3027 when opened for reading, 3218 in another workspace's transaction.
     void requireWritable() const;
+    /// What is written through this handle comes from another database, and is taken as it was there: names
+    /// that nothing new may have, and values of the fields' own types that no assignment would give.
+    void acceptAsFound() { m_asFound = true; }
+    [[nodiscard]] bool acceptsAsFound() const { return m_asFound; }
+
     /// Runs a step that changes definitions.
     template <typename Step>
     void changeDefinitions(Step&& step) {
@@ -55,6 +60,7 @@ class DatabaseCore : public std::enable_shared_from_this<DatabaseCore> {
     std::shared_ptr<SharedStore> m_store;
     const WorkspaceCore* m_workspace;
     bool m_readOnly;
+    bool m_asFound = false;
     std::vector<std::weak_ptr<RecordsetCore>> m_recordsets;
     std::vector<std::weak_ptr<TableCore>> m_tables;
 };

@@ -14,11 +14,15 @@ bool isForbidden(unsigned char c) {
     return c < 0x20 || c == 0x7f || reservedCharacters.find(static_cast<char>(c)) != std::string_view::npos;
 }
 
+bool isFitForNew(std::string_view name) {
+    return name.front() != ' ' && runtime::length(name) <= maxNameLength &&
+           std::none_of(name.begin(), name.end(), isForbidden);
+}
+
 } // namespace
 
-void requireNewName(std::string_view name) {
-    const bool valid = !name.empty() && name.front() != ' ' && runtime::length(name) <= maxNameLength &&
-                       std::none_of(name.begin(), name.end(), isForbidden);
+void requireNewName(std::string_view name, bool asFound) {
+    const bool valid = !name.empty() && (asFound || isFitForNew(name));
     if (!valid)
         runtime::raise(runtime::errInvalidName, {name});
 }

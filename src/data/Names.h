@@ -17,7 +17,8 @@ inline bool sameName(std::string_view left, std::string_view right) {
 
 /// Raises 3125 for a name that nothing new may have: an empty or too long one, one that begins with a
 /// blank, or that holds a control character or one of . ! ` [ ]. What a database has already is
-/// opened, read and deleted whatever it is called.
-void requireNewName(std::string_view name);
+/// opened, read and deleted whatever it is called. A name taken as it was found elsewhere is refused when it
+/// is empty only.
+void requireNewName(std::string_view name, bool asFound = false);
 
 } // namespace tol::data

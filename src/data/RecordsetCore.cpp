@@ -204,7 +204,8 @@ void RecordsetCore::setValue(std::size_t field, const Value& value) {
     const FieldDef& definition = this->field(field);
     if (m_buffer == Buffer::None)
         runtime::raise(runtime::errNoCopyBuffer);
-    Value converted = toFieldType(definition.type, value);
+    const bool asFound = m_database->acceptsAsFound() && hasOwnType(definition.type, value);
+    Value converted = asFound ? value : toFieldType(definition.type, value);
     requireFits(definition, converted);
     if (converted.is<std::string>() && converted.get<std::string>().empty() && !allowsZeroLength(field))
         runtime::raise(runtime::errZeroLength, {definition.name});

@@ -26,8 +26,8 @@ FieldDef completed(FieldDef field) {
     return field;
 }
 
-void requireValid(const IndexDef& index, const TableDefinition& table) {
-    requireNewName(index.name);
+void requireValid(const IndexDef& index, const TableDefinition& table, bool asFound) {
+    requireNewName(index.name, asFound);
     if (index.fields.empty())
         runtime::raise(runtime::errNoFieldDefined, {index.name});
     if (table.findIndex(index.name) >= 0)
@@ -73,7 +73,7 @@ void sortByOrdinal(TableDefinition& table) {
 
 } // namespace
 
-TableCore::TableCore(std::string name) : m_name(std::move(name)) {
+TableCore::TableCore(std::string name, bool asFound) : m_name(std::move(name)), m_asFound(asFound) {
     m_draft.name = m_name;
 }
 
@@ -104,10 +104,14 @@ const FieldDef& TableCore::field(std::string_view name, std::size_t position) co
     return fields[requirePosition(definition().findField(name), fields.size())];
 }
 
+bool TableCore::acceptsAsFound() const {
+    return isAppended() ? m_database->acceptsAsFound() : m_asFound;
+}
+
 void TableCore::appendTo(const std::shared_ptr<DatabaseCore>& database) {
     if (isAppended())
         runtime::raise(runtime::errObjectExists, {m_name});
-    requireNewName(m_name);
+    requireNewName(m_name, database->acceptsAsFound());
     requireNoSuchTable(*database, m_name);
     database->changeDefinitions([&](Store& store) { store.createTable(m_draft); });
     m_database = database;
@@ -117,7 +121,7 @@ void TableCore::appendTo(const std::shared_ptr<DatabaseCore>& database) {
 void TableCore::rename(const std::string& newName) {
     if (newName == m_name)
         return;
-    requireNewName(newName);
+    requireNewName(newName, acceptsAsFound());
     if (isAppended() && !sameName(newName, m_name))
         requireNoSuchTable(*m_database, newName);
     change([&](TableDefinition& draft) { draft.name = newName; },
@@ -127,7 +131,7 @@ void TableCore::rename(const std::string& newName) {
 
 void TableCore::addField(FieldDef field) {
     const TableDefinition& table = definition();
-    requireNewName(field.name);
+    requireNewName(field.name, acceptsAsFound());
     field = completed(std::move(field));
     if (table.findField(field.name) >= 0)
         runtime::raise(runtime::errFieldTwice, {field.name});
@@ -166,7 +170,7 @@ void TableCore::renameField(std::string_view name, const std::string& newName) {
     const std::string exact = table.fields[position].name;
     if (newName == exact)
         return;
-    requireNewName(newName);
+    requireNewName(newName, acceptsAsFound());
     const int other = table.findField(newName);
     if (other >= 0 && static_cast<std::size_t>(other) != position)
         runtime::raise(runtime::errFieldTwice, {newName});
@@ -205,7 +209,7 @@ void TableCore::setAllowZeroLength(std::string_view field, bool allow) {
 
 void TableCore::addIndex(const IndexDef& index) {
     const TableDefinition& table = definition();
-    requireValid(index, table);
+    requireValid(index, table, acceptsAsFound());
     const IndexDef complete = completed(index, table);
     change([&](TableDefinition& draft) { draft.indexes.push_back(complete); },
            [&](Store& store) { store.createIndex(m_name, complete); });

@@ -18,7 +18,7 @@ class DatabaseCore;
 class TableCore : public std::enable_shared_from_this<TableCore> {
   public:
     /// A definition under construction.
-    explicit TableCore(std::string name);
+    explicit TableCore(std::string name, bool asFound = false);
     TableCore(std::shared_ptr<DatabaseCore> database, std::shared_ptr<const TableDefinition> definition);
     TableCore(const TableCore&) = delete;
     TableCore& operator=(const TableCore&) = delete;
@@ -44,11 +44,13 @@ class TableCore : public std::enable_shared_from_this<TableCore> {
     void dropIndex(std::string_view name);
 
   private:
+    [[nodiscard]] bool acceptsAsFound() const;
     template <typename OnDraft, typename OnStore>
     void change(OnDraft&& onDraft, OnStore&& onStore);
 
     std::shared_ptr<DatabaseCore> m_database; ///< null for a draft
     std::string m_name;
+    bool m_asFound = false; ///< of a draft; see DatabaseCore::acceptAsFound()
     TableDefinition m_draft;
     mutable std::shared_ptr<const TableDefinition> m_snapshot;
     mutable std::uint64_t m_seenVersion = 0;

@@ -14,7 +14,7 @@
 namespace tol::data::json {
 
 void writeDatabase(Database& database, std::ostream& out, const WriteOptions& options) {
-    DatabaseWriter(database, out, options.watcher).write(options.schemaOnly);
+    DatabaseWriter(database, out, options).write();
 }
 
 std::string databaseText(Database& database, const WriteOptions& options) {
@@ -36,6 +36,7 @@ void makeDatabase(const std::string& file, std::istream& in, const RowWatcher& w
     {
         Workspace workspace = DBEngine::CreateWorkspace("wksJSON");
         Database database = workspace.CreateDatabase(staged.path().string());
+        database.AcceptAsFound();
         workspace.BeginTrans();
         readDatabase(in, database, watcher);
         workspace.CommitTrans();

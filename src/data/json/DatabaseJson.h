@@ -3,6 +3,7 @@
 
 #include "data/DBEngine.h"
 #include "data/json/RowProgress.h"
+#include "data/json/WriteOptions.h"
 
 #include <istream>
 #include <ostream>
@@ -22,11 +23,7 @@ namespace tol::data::json {
 /// one row at a time. A text written from a database that was made from a written text is the same
 /// text, byte for byte.
 
-/// What to write, and whom to tell of each row.
-struct WriteOptions {
-    bool schemaOnly = false; ///< tables without "rows"
-    RowWatcher watcher = {};
-};
+/// Errors name the file.
 void writeDatabase(Database& database, std::ostream& out, const WriteOptions& options = {});
 /// The same as a string, for small databases.
 std::string databaseText(Database& database, const WriteOptions& options = {});

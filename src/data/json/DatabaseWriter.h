@@ -2,11 +2,13 @@
 #pragma once
 
 #include "data/DBEngine.h"
-#include "data/json/RowProgress.h"
+#include "data/json/WriteOptions.h"
 
+#include <cstdint>
 #include <ostream>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace tol::data::json {
 
@@ -14,22 +16,28 @@ namespace tol::data::json {
 /// holds one row at a time.
 class DatabaseWriter {
   public:
-    DatabaseWriter(Database& database, std::ostream& out, RowWatcher watcher = {})
-        : m_database(database), m_out(out), m_watcher(std::move(watcher)) {}
+    DatabaseWriter(Database& database, std::ostream& out, WriteOptions options)
+        : m_database(database), m_out(out), m_options(std::move(options)) {}
 
-    void write(bool schemaOnly);
+    void write();
 
   private:
-    void writeTable(const TableDefinition& table, bool schemaOnly);
+    void writeTables();
+    void writeTable(const TableDefinition& table);
     void writeRows(const TableDefinition& table);
-    void appendRow(const std::vector<Field>& fields);
+    void appendRow(const TableDefinition& table, const std::vector<Field>& fields);
+    /// Runs a check of what a load would say, and complains of its error at that place.
+    template <typename Place, typename Check>
+    bool passes(const Place& place, Check&& check);
     /// Passes the text that was put together on to the stream; 3043 when the stream fails.
     void flush();
 
     Database& m_database;
     std::ostream& m_out;
-    RowWatcher m_watcher;
+    WriteOptions m_options;
     std::string m_text;
+    std::int64_t m_row = 0;
+    std::vector<bool> m_told; ///< of which fields a value was complained of
 };
 
 } // namespace tol::data::json

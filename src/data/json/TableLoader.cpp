@@ -2,6 +2,7 @@
 #include "data/json/TableLoader.h"
 
 #include "data/json/JsonValue.h"
+#include "data/json/TableDraft.h"
 #include "runtime/RuntimeError.h"
 
 #include <fmt/format.h>
@@ -34,31 +35,12 @@ void TableLoader::beginTable() {
 }
 
 void TableLoader::makeTable() {
-    TableDef table = m_database.CreateTableDef(m_wanted.name);
-    for (const FieldDef& wanted : m_wanted.fields) {
-        Field field = table.CreateField(wanted.name, wanted.type, wanted.size);
-        if (wanted.ordinal >= 0)
-            field.OrdinalPosition(wanted.ordinal);
-        if (wanted.allowZeroLength)
-            field.AllowZeroLength(true);
-        table.Fields().Append(field);
-    }
     const auto lastUnique = std::find_if(m_wanted.indexes.rbegin(), m_wanted.indexes.rend(),
                                          [](const IndexDef& index) { return index.unique || index.primary; });
     m_indexesMade = static_cast<std::size_t>(m_wanted.indexes.rend() - lastUnique);
-    for (std::size_t index = 0; index < m_indexesMade; ++index)
-        table.Indexes().Append(makeIndex(table, m_wanted.indexes[index]));
+    TableDef table = draftOf(m_database, m_wanted, m_indexesMade);
     m_database.TableDefs().Append(table);
     m_made = true;
-}
-
-Index TableLoader::makeIndex(TableDef& table, const IndexDef& wanted) const {
-    Index index = table.CreateIndex(wanted.name);
-    for (const std::string& field : wanted.fields)
-        index.Fields().Append(index.CreateField(field));
-    index.Unique(wanted.unique);
-    index.Primary(wanted.primary);
-    return index;
 }
 
 void TableLoader::beginRows() {
@@ -130,7 +112,7 @@ void TableLoader::makeRemainingIndexes() {
         return;
     TableDef table = m_database.TableDefs(m_wanted.name);
     for (std::size_t index = m_indexesMade; index < m_wanted.indexes.size(); ++index)
-        table.Indexes().Append(makeIndex(table, m_wanted.indexes[index]));
+        table.Indexes().Append(indexOf(table, m_wanted.indexes[index]));
 }
 
 std::string TableLoader::place() const {

@@ -39,7 +39,6 @@ class TableLoader {
   private:
     void makeTable();
     void makeRemainingIndexes();
-    [[nodiscard]] Index makeIndex(TableDef& table, const IndexDef& wanted) const;
     template <typename MakeValue>
     void store(MakeValue&& makeValue);
     [[nodiscard]] std::string place() const;
