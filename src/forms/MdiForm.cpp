@@ -27,12 +27,15 @@ class ScrolledForm : public QScrollArea {
         setWidget(&form);
         connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
             if (now != nullptr && isAncestorOf(now))
-                ensureWidgetVisible(now);
+                ensureWidgetVisible(now, aroundFocus, aroundFocus);
         });
     }
 
   protected:
     void closeEvent(QCloseEvent* event) override { event->setAccepted(widget()->close()); }
+
+  private:
+    static constexpr int aroundFocus = 8; // pixels
 };
 
 Form* formIn(const QMdiSubWindow* frame) {

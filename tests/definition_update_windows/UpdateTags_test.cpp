@@ -134,8 +134,7 @@ TEST_F(Tags, TheUpdatesOwnTextsFitAndNamesAreCutInTheirMiddle) {
                                        "Cannot Empty OLDINDEXES Table."};
     Json log = Json::array();
     for (const char* action : actions)
-        log.push_back(
-            Json::array({"SITE", "ZOVINVOICE", "SUPPLIERPAYMENTDETAILS1", " ", "F", action, "", ""}));
+        log.push_back(Json::array({"SITE", "COSTCODE", "SUPPLIERPAYMENTDETAILS1", " ", "F", action, "", ""}));
     UpdateWorld::addRowsOf("ACTIVITYLOG", log);
     open();
     const auto shown = [&](const QString& label) {
@@ -143,6 +142,7 @@ TEST_F(Tags, TheUpdatesOwnTextsFitAndNamesAreCutInTheirMiddle) {
     };
     for (int row = 0; row < 8; ++row)
         EXPECT_EQ(shown(QString("lblACTION(%1)").arg(row)), actions[row]);
+    EXPECT_EQ(shown("lblDBNAME(0)"), "COSTCODE");
     const QString cut = shown("lblTABLENAME(0)");
     EXPECT_TRUE(cut.startsWith("SUPP") && cut.endsWith("S1") && cut.contains(u'\u2026')) << cut.toStdString();
 }
