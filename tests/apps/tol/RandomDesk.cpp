@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// The windowed program in the current folder, with a person before it who presses keys and clicks at random.
+// Arguments: seed, seconds.
+#include "RandomPerson.h"
+#include "data/sqlite/SqliteEngine.h"
+#include "forms/Application.h"
+#include "forms/ErrorGuard.h"
+#include "forms/WindowHost.h"
+#include "shell/frmTOLMAIN.h"
+#include "tol/Windows.h"
+
+#include <string>
+
+int main(int count, char** arguments) {
+    if (count != 3)
+        return 2;
+    const tol::forms::Application application("Tolvane Module");
+    const tol::forms::WindowHost host;
+    tol::data::sqlite::addSqliteEngine();
+    tol::shell::frmTOLMAIN mainWindow;
+    tol::addWindows(mainWindow);
+    tol::forms::guarded([&] { mainWindow.load(); });
+    const tol::test::RandomPerson person(static_cast<unsigned>(std::stoul(arguments[1])),
+                                         std::chrono::seconds(std::stol(arguments[2])));
+    return tol::forms::Application::exec();
+}
