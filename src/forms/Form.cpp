@@ -14,6 +14,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
+#include <QScrollArea>
 #include <QWindow>
 
 #include <algorithm>
@@ -218,8 +219,15 @@ void Form::activate() {
 void Form::activateBelow(const QWidget& owner) {
     const auto* area = owner.window()->findChild<QMdiArea*>();
     const QMdiSubWindow* frame = area != nullptr ? area->currentSubWindow() : nullptr;
-    if (Form* form = frame != nullptr ? of(frame->widget()) : nullptr)
+    if (Form* form = in(frame))
         form->activate();
+}
+
+Form* Form::in(const QMdiSubWindow* frame) {
+    if (frame == nullptr)
+        return nullptr;
+    const auto* view = qobject_cast<QScrollArea*>(frame->widget());
+    return of(view != nullptr ? view->widget() : frame->widget());
 }
 
 bool Form::isInFront() const {
@@ -235,6 +243,16 @@ void Form::focusOn(QWidget& control) {
 void Form::restoreFocus() {
     if (m_focus != nullptr && isInFront())
         m_focus->setFocus(m_focusReason);
+}
+
+void Form::takeFocusFromFrame() {
+    restoreFocus();
+    QWidget* control = nextInFocusChain();
+    while (m_frame->hasFocus() && isAncestorOf(control)) {
+        if (control->isVisible() && (control->focusPolicy() & Qt::TabFocus) != 0)
+            control->setFocus(); // unless it is out of use
+        control = control->nextInFocusChain();
+    }
 }
 
 // A click on a control behind another window brings the window to the front: it is what the person means.

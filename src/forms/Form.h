@@ -70,6 +70,8 @@ class Form : public QWidget {
 
     /// The form that a widget is on, or is; null when there is none.
     static Form* of(QWidget* widget);
+    /// The form in a frame of the MDI area, which may lie in a view that scrolls; null for none.
+    static Form* in(const QMdiSubWindow* frame);
     /// Lets the form that the receiver lies on see a key first; not that of the window behind a box. True
     /// when the form swallowed it.
     static bool previewKey(QWidget& receiver, const QKeyEvent& event);
@@ -127,6 +129,9 @@ class Form : public QWidget {
     void fitBefore(const QWidget& owner);
     void discardIfDone();
     void restoreFocus();
+    /// The frame itself has the focus and shows nothing of it, as after a click on a label: a control takes
+    /// it.
+    void takeFocusFromFrame();
     /// A child has come to the front of the MDI area.
     void comeToFront();
     void activate();

@@ -38,13 +38,6 @@ class ScrolledForm : public QScrollArea {
     static constexpr int aroundFocus = 8; // pixels
 };
 
-Form* formIn(const QMdiSubWindow* frame) {
-    if (frame == nullptr)
-        return nullptr;
-    const auto* view = qobject_cast<QScrollArea*>(frame->widget());
-    return Form::of(view != nullptr ? view->widget() : frame->widget());
-}
-
 Qt::WindowFlags frameFlags(bool sizable) {
     const Qt::WindowFlags fixed = Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                   Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
@@ -58,9 +51,18 @@ MdiForm::MdiForm(const QString& name) : m_area(*new MdiArea(*this, [this] { onCl
     setObjectName(name);
     setCentralWidget(&m_area);
     connect(&m_area, &QMdiArea::subWindowActivated, this, [](QMdiSubWindow* frame) {
-        if (Form* form = formIn(frame))
+        if (Form* form = Form::in(frame))
             form->comeToFront();
     });
+    // Behind Qt's own handling of the focus.
+    connect(
+        qApp, &QApplication::focusChanged, this,
+        [] {
+            const auto* frame = qobject_cast<QMdiSubWindow*>(QApplication::focusWidget());
+            if (Form* form = Form::in(frame))
+                form->takeFocusFromFrame();
+        },
+        Qt::QueuedConnection);
 }
 
 MdiForm::~MdiForm() {
@@ -89,14 +91,14 @@ void MdiForm::unload() {
 bool MdiForm::childrenMayClose() const {
     const QList<QMdiSubWindow*> frames = m_area.subWindowList();
     return std::ranges::all_of(frames, [](const QMdiSubWindow* frame) {
-        const Form* form = formIn(frame);
+        const Form* form = Form::in(frame);
         return form == nullptr || !form->isLoaded() || (form->mayClose() && !form->isBusy());
     });
 }
 
 void MdiForm::unloadChildren() {
     for (QMdiSubWindow* frame : m_area.subWindowList())
-        if (Form* form = formIn(frame))
+        if (Form* form = Form::in(frame))
             form->unload();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMenuBar>
+#include <QPointer>
 
 namespace tol::forms {
 
@@ -9,10 +10,17 @@ namespace tol::forms {
 /// keyboard back to where it was, and goes there. While the bar has the keyboard one of its titles is lit.
 class MenuBar : public QMenuBar {
   public:
-    using QMenuBar::QMenuBar;
+    explicit MenuBar(QWidget* parent = nullptr);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void giveBackUnlessLit();
+
+    QPointer<QWidget> m_before; ///< what had the keyboard
 };
 
 } // namespace tol::forms

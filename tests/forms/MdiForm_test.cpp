@@ -136,6 +136,18 @@ TEST_F(Mdi, AChildTooLargeForTheAreaCanBeScrolled) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return frame.isNull(); }));
 }
 
+TEST_F(Mdi, TheFrameKeepsNoFocusForItself) {
+    Child& child = add("frmChild");
+    QPushButton& first = addButton(child, "cmdFirst", "First", {0, 0, 1500, 375}, [] {});
+    first.show();
+    QMdiSubWindow& frame = frameOf(child);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&parent));
+    frame.setFocus();
+    QTest::qWait(10);
+    frame.setFocus(); // what Qt had noted of the focus is used up
+    EXPECT_TRUE(QTest::qWaitFor([&] { return first.hasFocus(); }));
+}
+
 TEST_F(Mdi, AChildTooLargeForTheAreaIsNotClosedWhileItMayNotBe) {
     auto made = std::make_unique<Child>(parent, "frmLarge");
     Child& large = *made;

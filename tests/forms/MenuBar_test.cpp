@@ -71,6 +71,17 @@ TEST_F(Bar, ShowsThatItHasTheKeyboard) {
     EXPECT_FALSE(isLit());
 }
 
+TEST_F(Bar, GivesTheKeyboardBackWhenItComesBackFromAnotherWindow) {
+    pressAlt();
+    ASSERT_TRUE(bar.hasFocus());
+    QWidget other;
+    other.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    main.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&main));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return box->hasFocus(); }));
+}
+
 TEST_F(Bar, EscGivesTheKeyboardBack) {
     pressAlt();
     press(Qt::Key_Escape);
