@@ -16,6 +16,9 @@ namespace {
 /// More than that many kept statements are a sign of statements with literals in them.
 constexpr std::size_t cacheLimit = 256;
 
+/// A wait that begins so soon after one that failed is that one's continuation.
+constexpr std::chrono::seconds waitGap{1};
+
 } // namespace
 
 Connection::Connection(std::filesystem::path file, Mode mode) : m_file(std::move(file)), m_mode(mode) {
@@ -96,16 +99,19 @@ void Connection::fail(int resultCode) {
 }
 
 /// SQLite's own handler sleeps longer and longer, and then misses the moment between two commits of
-/// another writer. Asking every millisecond does not.
+/// another writer. Asking every millisecond does not. It is asked anew for each lock that a statement needs;
+/// without a common end the waits for someone who keeps his lock would add up.
 int Connection::waitForLock(void* self, int turn) {
     auto& connection = *static_cast<Connection*>(self);
     const auto now = std::chrono::steady_clock::now();
     if (turn == 0)
-        connection.m_waitUntil = now + connection.m_busyWait;
+        connection.m_waitUntil = now < connection.m_gaveUp + waitGap ? now : now + connection.m_busyWait;
     if (connection.m_waitObserver)
         connection.m_waitObserver();
-    if (now >= connection.m_waitUntil)
+    if (now >= connection.m_waitUntil) {
+        connection.m_gaveUp = now;
         return 0;
+    }
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
     return 1;
 }

@@ -15,8 +15,9 @@ struct sqlite3;
 namespace tol::data::sqlite {
 
 /// The one connection to a database file, for one thread. Waits for locks of others up to busyWait(),
-/// then fails with 3218. Texts can be collated as TOLTEXT. The file must never be opened a second time
-/// in this process by other means: closing it again would give up SQLite's locks.
+/// then fails with 3218, and what is tried in the second after that fails at once. Texts can be collated as
+/// TOLTEXT. The file must never be opened a second time in this process by other means: closing it again
+/// would give up SQLite's locks.
 class Connection {
   public:
     /// ReadOnly takes no change of the caller's. What a killed program left half done is undone all the
@@ -71,7 +72,10 @@ class Connection {
     [[nodiscard]] bool inTransaction() const;
 
     [[nodiscard]] std::chrono::milliseconds busyWait() const { return m_busyWait; }
-    void setBusyWait(std::chrono::milliseconds wait) { m_busyWait = wait; }
+    void setBusyWait(std::chrono::milliseconds wait) {
+        m_busyWait = wait;
+        m_gaveUp = {};
+    }
     /// Called again and again while a lock of another process is waited for. It must not throw and must
     /// not use this connection.
     void setWaitObserver(std::function<void()> observer) { m_waitObserver = std::move(observer); }
@@ -88,6 +92,7 @@ class Connection {
     sqlite3* m_handle = nullptr;
     std::chrono::milliseconds m_busyWait{5000};
     std::chrono::steady_clock::time_point m_waitUntil;
+    std::chrono::steady_clock::time_point m_gaveUp;
     std::function<void()> m_waitObserver;
     std::unordered_map<std::string, Statement> m_cache;
 };

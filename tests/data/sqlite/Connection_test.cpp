@@ -6,6 +6,8 @@
 
 #include <sqlite3.h>
 
+#include <thread>
+
 namespace tol::test {
 namespace {
 
@@ -112,6 +114,23 @@ TEST_F(ConnectionTest, WaitsForALockAndThenTellsThatTheFileIsLocked) {
     EXPECT_GT(turns, 5);
     other.execute("ROLLBACK");
     connection().execute("BEGIN IMMEDIATE; COMMIT");
+}
+
+TEST_F(ConnectionTest, WaitsOnceForAnotherWhoKeepsHisLock) {
+    using Clock = std::chrono::steady_clock;
+    using namespace std::chrono_literals;
+    PlainSqlite other(file());
+    other.execute("BEGIN IMMEDIATE");
+    connection().setBusyWait(400ms);
+    const auto start = Clock::now();
+    for (int attempt = 0; attempt < 4; ++attempt)
+        EXPECT_EQ(errorOf([&] { connection().execute("BEGIN IMMEDIATE"); }).number(), 3218);
+    EXPECT_GE(Clock::now() - start, 400ms);
+    EXPECT_LT(Clock::now() - start, 800ms);
+    std::this_thread::sleep_for(1100ms);
+    const auto later = Clock::now();
+    EXPECT_EQ(errorOf([&] { connection().execute("BEGIN IMMEDIATE"); }).number(), 3218);
+    EXPECT_GE(Clock::now() - later, 400ms);
 }
 
 TEST_F(ConnectionTest, WaitsFiveSecondsUnlessToldOtherwise) {
