@@ -5,6 +5,7 @@
 #include "data/WorkspaceCore.h"
 #include "platform/Paths.h"
 #include "runtime/Host.h"
+#include "runtime/OwedErrors.h"
 #include "runtime/RuntimeError.h"
 
 #include <utility>
@@ -15,7 +16,7 @@ namespace {
 /// Every file is opened through a workspace, so this comes before the first write that could wait.
 void registerSettlerOnce() {
     static const bool registered = [] {
-        runtime::addSettler([] { DBEngine::settle(); });
+        runtime::addSettler([] { StoreRegistry::instance().settle(); });
         return true;
     }();
     static_cast<void>(registered);
@@ -41,6 +42,7 @@ void DBEngine::addEngine(std::unique_ptr<Engine> engine) {
 
 void DBEngine::settle() {
     StoreRegistry::instance().settle();
+    runtime::raiseOwed();
 }
 
 } // namespace tol::data

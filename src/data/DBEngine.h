@@ -24,7 +24,7 @@ class DBEngine {
     /// have it open (3045). After an error the file is what it was.
     static void CompactDatabase(const std::string& name);
     static void addEngine(std::unique_ptr<Engine> engine);
-    /// Commits whatever writes wait in any open file. Also registered as a settler of the host.
+    /// Commits whatever waits in any open file, also as a settler; raises the oldest failure that is owed.
     static void settle();
 };
 

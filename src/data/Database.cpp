@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/Database.h"
 
-#include "data/CloseQuietly.h"
+#include "data/CloseOrOwe.h"
 #include "data/DatabaseCore.h"
 #include "data/RecordsetCore.h"
 #include "data/TableCore.h"
@@ -15,14 +15,14 @@ Database::Database(std::shared_ptr<DatabaseCore> core) : m_core(std::move(core))
 
 Database& Database::operator=(Database&& other) noexcept {
     if (this != &other) {
-        closeQuietly(m_core);
+        closeOrOwe(m_core);
         m_core = std::move(other.m_core);
     }
     return *this;
 }
 
 Database::~Database() {
-    closeQuietly(m_core);
+    closeOrOwe(m_core);
 }
 
 DatabaseCore& Database::core() const {

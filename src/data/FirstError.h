@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "runtime/OwedErrors.h"
+
 #include <exception>
 
 namespace tol::data {
 
-/// Runs steps that must all be tried, and raises the first error of them at the end.
+/// Runs steps that must all be tried, and raises the first error of them at the end. Further ones are owed.
 class FirstError {
   public:
     template <typename Step>
@@ -13,7 +15,9 @@ class FirstError {
         try {
             step();
         } catch (...) {
-            if (!m_error)
+            if (m_error)
+                runtime::owe(std::current_exception());
+            else
                 m_error = std::current_exception();
         }
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/Recordset.h"
 
-#include "data/CloseQuietly.h"
+#include "data/CloseOrOwe.h"
 #include "data/Positions.h"
 #include "data/RecordsetCore.h"
 #include "runtime/RuntimeError.h"
@@ -26,14 +26,14 @@ Recordset::Recordset(std::shared_ptr<RecordsetCore> core) : m_core(std::move(cor
 
 Recordset& Recordset::operator=(Recordset&& other) noexcept {
     if (this != &other) {
-        closeQuietly(m_core);
+        closeOrOwe(m_core);
         m_core = std::move(other.m_core);
     }
     return *this;
 }
 
 Recordset::~Recordset() {
-    closeQuietly(m_core);
+    closeOrOwe(m_core);
 }
 
 RecordsetCore& Recordset::core() const {

@@ -2,7 +2,7 @@
 #include "data/StoreRegistry.h"
 
 #include "data/FileError.h"
-#include "data/FirstError.h"
+#include "runtime/OwedErrors.h"
 #include "runtime/RuntimeError.h"
 
 #include <fcntl.h>
@@ -104,14 +104,21 @@ void StoreRegistry::compact(const fs::path& file) {
 }
 
 void StoreRegistry::settle() {
-    FirstError errors;
     for (std::size_t i = 0; i < m_open.size(); ++i) {
         for (const bool readOnly : {false, true}) {
             if (const auto store = m_open[i].store(readOnly).lock())
-                errors.attempt([&] { store->store().settle(); });
+                settleOrOwe(store->store());
         }
     }
-    errors.raise();
+}
+
+/// The failure is the file's own: its next change raises it, if nobody asks before.
+void StoreRegistry::settleOrOwe(Store& store) {
+    try {
+        store.settle();
+    } catch (...) {
+        runtime::owe(std::current_exception(), store.path().native());
+    }
 }
 
 StoreRegistry::Identity StoreRegistry::identityOf(const fs::path& file) {

@@ -29,7 +29,7 @@ class StoreRegistry {
     std::shared_ptr<SharedStore> create(const std::filesystem::path& file);
     /// 3045 when the file is open in this process.
     void compact(const std::filesystem::path& file);
-    /// Settles every open store; the first error is raised when all have been tried.
+    /// Settles every open store. What fails is owed.
     void settle();
 
   private:
@@ -50,6 +50,7 @@ class StoreRegistry {
     static Identity identityOf(const std::filesystem::path& file);
     OpenFile& entryFor(const Identity& identity);
     [[nodiscard]] Engine& engineFor(const std::filesystem::path& file) const;
+    static void settleOrOwe(Store& store);
     static std::shared_ptr<SharedStore> keep(OpenFile& entry, bool readOnly, std::shared_ptr<Store> store);
 
     Engines m_engines;

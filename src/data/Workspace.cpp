@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/Workspace.h"
 
-#include "data/CloseQuietly.h"
+#include "data/CloseOrOwe.h"
 #include "data/DatabaseCore.h"
 #include "data/StoreRegistry.h"
 #include "data/WorkspaceCore.h"
@@ -16,14 +16,14 @@ Workspace::Workspace(std::shared_ptr<WorkspaceCore> core) : m_core(std::move(cor
 
 Workspace& Workspace::operator=(Workspace&& other) noexcept {
     if (this != &other) {
-        closeQuietly(m_core);
+        closeOrOwe(m_core);
         m_core = std::move(other.m_core);
     }
     return *this;
 }
 
 Workspace::~Workspace() {
-    closeQuietly(m_core);
+    closeOrOwe(m_core);
 }
 
 WorkspaceCore& Workspace::openCore() const {

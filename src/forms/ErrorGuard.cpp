@@ -4,6 +4,7 @@
 #include "forms/Application.h"
 #include "forms/MessageBox.h"
 #include "runtime/Host.h"
+#include "runtime/OwedErrors.h"
 #include "runtime/RuntimeError.h"
 
 #include <cstdlib>
@@ -18,9 +19,9 @@ constexpr runtime::MsgStyle errorStyle{runtime::MsgIcon::Critical, runtime::MsgB
 
 bool ending = false;
 
-std::string errorText() {
+std::string textOf(const std::exception_ptr& failure) {
     try {
-        throw;
+        std::rethrow_exception(failure);
     } catch (const runtime::RuntimeError& error) {
         return fmt::format("Run-time error '{}':\n\n{}", error.number(), error.description());
     } catch (const std::exception& error) {
@@ -30,11 +31,18 @@ std::string errorText() {
     }
 }
 
+/// With what else could not be told before: nobody comes back to it.
+std::string errorText() {
+    std::string text = textOf(std::current_exception());
+    while (const std::exception_ptr owed = runtime::takeOwed())
+        text += "\n\n" + textOf(owed);
+    return text;
+}
+
 void showError(const std::string& text) {
     try {
         runtime::host().msgBox(text, errorStyle, Application::title());
-    } catch (...) {
-        // The box settles waiting writes first, and that may be the very thing that fails.
+    } catch (...) { // there may be no host yet
         showMessageBox(text, errorStyle, Application::title());
     }
 }

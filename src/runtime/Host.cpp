@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "runtime/Host.h"
 
+#include "runtime/OwedErrors.h"
+
 #include <cstdlib>
 #include <stdexcept>
 
@@ -14,10 +16,20 @@ std::vector<std::function<void()>>& settlers() {
     return list;
 }
 
+void runSettlers() {
+    for (const auto& settler : settlers()) {
+        try {
+            settler();
+        } catch (...) {
+            owe(std::current_exception());
+        }
+    }
+}
+
 } // namespace
 
 MsgResult Host::msgBox(const std::string& text, MsgStyle style, const std::string& title) {
-    settle();
+    runSettlers();
     return showMsgBox(text, style, title);
 }
 
@@ -46,8 +58,8 @@ void addSettler(std::function<void()> settler) {
 }
 
 void settle() {
-    for (const auto& settler : settlers())
-        settler();
+    runSettlers();
+    raiseOwed();
 }
 
 } // namespace tol::runtime

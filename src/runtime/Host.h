@@ -28,7 +28,7 @@ class Host {
     Host& operator=(const Host&) = delete;
     virtual ~Host() = default;
 
-    /// Shows a modal box and returns the button pressed.
+    /// Shows a modal box and returns the button pressed. What can't be stored before is owed, not raised.
     MsgResult msgBox(const std::string& text, MsgStyle style = {}, const std::string& title = {});
     /// Handles pending events, if any, and returns. Cheap enough to be called once per row.
     void doEvents() { processEvents(); }
@@ -58,7 +58,7 @@ class HostScope {
 
 /// Registers what must be done before the program waits for a person, for events, or ends.
 void addSettler(std::function<void()> settler);
-/// Runs every settler; hosts call it before they wait.
+/// Runs every settler, then raises the oldest failure that is owed; hosts call it before they wait.
 void settle();
 
 } // namespace tol::runtime

@@ -3,6 +3,7 @@
 #include "PlayedEngine.h"
 
 #include "runtime/Host.h"
+#include "runtime/OwedErrors.h"
 
 #include <gmock/gmock.h>
 
@@ -21,6 +22,11 @@ class EngineRegistry : public testing::Test {
         DBEngine::addEngine(std::make_unique<PlayedEngine>("TWO", played));
         folder.write("1.MDB", "ONE" + std::string(500, 'x'));
         folder.write("2.MDB", "TWO");
+    }
+
+    ~EngineRegistry() override {
+        while (tol::runtime::anyOwed())
+            tol::runtime::takeOwed();
     }
 
     std::vector<std::string> calls() { return played->take(); }
@@ -162,9 +168,10 @@ TEST_F(EngineRegistry, CloseThatFailsClosesAllTheSame) {
     EXPECT_FALSE(second.isOpen());
     EXPECT_FALSE(database.isOpen());
     EXPECT_THAT(calls(), ElementsAre("~cursor", "settle", "~use", "settle", "~store 1.MDB"));
+    EXPECT_EQ(raised([] { tol::runtime::raiseOwed(); }), "3026 No space."); // the database's own
 }
 
-TEST_F(EngineRegistry, HandlesThatGoRaiseNothing) {
+TEST_F(EngineRegistry, HandlesThatGoOweWhatTheyCantRaise) {
     Database database = workspace.OpenDatabase("1.MDB");
     {
         Recordset rows = database.OpenRecordset("T");
@@ -172,6 +179,9 @@ TEST_F(EngineRegistry, HandlesThatGoRaiseNothing) {
     }
     database = Database();
     EXPECT_EQ(calls().back(), "~store 1.MDB");
+    EXPECT_EQ(raised([] { DBEngine::settle(); }), "3026 No space."); // the recordset's
+    EXPECT_EQ(raised([] { DBEngine::settle(); }), "3026 No space."); // the database's
+    EXPECT_EQ(raised([] { DBEngine::settle(); }), "");
 }
 
 TEST_F(EngineRegistry, HostSettlesEveryFile) {
@@ -183,6 +193,8 @@ TEST_F(EngineRegistry, HostSettlesEveryFile) {
     failAt("settle");
     EXPECT_EQ(raised([] { DBEngine::settle(); }), "3026 No space.");
     EXPECT_THAT(calls(), ElementsAre("settle", "settle")); // the second one in spite of the first
+    EXPECT_EQ(raised([] { tol::runtime::raiseOwed(); }), "3026 No space.");
+    EXPECT_EQ(raised([] { tol::runtime::raiseOwed(); }), "");
 }
 
 TEST_F(EngineRegistry, TransactionBeginsOnAllFilesOrNone) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "runtime/Host.h"
 
+#include "runtime/OwedErrors.h"
+#include "support/Raises.h"
 #include "support/TestHost.h"
 
 #include <gtest/gtest.h>
@@ -45,6 +47,34 @@ TEST(Host, SettlesBeforeABoxAndBeforeTheEnd) {
     EXPECT_EQ(person.yields, 1);
     EXPECT_THROW(host().end(), ProgramEnded);
     EXPECT_EQ(settled, 2);
+}
+
+TEST(Host, ShowsTheBoxAndOwesWhatCouldNotBeStored) {
+    static bool fails = true;
+    addSettler([] {
+        if (fails)
+            raise(errDiskFull);
+    });
+    TestHost person;
+    host().msgBox("text");
+    fails = false;
+    EXPECT_EQ(person.texts(), std::vector<std::string>{"text"});
+    EXPECT_EQ(errorOf([] { settle(); }), errDiskFull);
+    EXPECT_EQ(errorOf([] { settle(); }), 0);
+}
+
+TEST(OwedErrors, AreRaisedOldestFirstAndOnce) {
+    const auto failure = [](int number) { return std::make_exception_ptr(RuntimeError(number, "")); };
+    owe(failure(1));
+    owe(failure(2), "A.MDB");
+    owe(failure(3));
+    EXPECT_EQ(errorOf([] { raiseOwed("B.MDB"); }), 0);
+    EXPECT_EQ(errorOf([] { raiseOwed("A.MDB"); }), 2);
+    EXPECT_EQ(errorOf([] { raiseOwed(); }), 1);
+    EXPECT_TRUE(anyOwed());
+    EXPECT_EQ(errorOf([] { raiseOwed(); }), 3);
+    EXPECT_FALSE(anyOwed());
+    EXPECT_EQ(takeOwed(), nullptr);
 }
 
 } // namespace

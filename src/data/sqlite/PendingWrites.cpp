@@ -2,6 +2,7 @@
 #include "data/sqlite/PendingWrites.h"
 
 #include "data/sqlite/WriteClock.h"
+#include "runtime/OwedErrors.h"
 #include "runtime/RuntimeError.h"
 
 #include <utility>
@@ -82,6 +83,7 @@ void PendingWrites::writeStep(const std::function<void()>& change) {
 
 void PendingWrites::begin() {
     raiseOwed();
+    m_lost = false;
     if (m_depth == 0) {
         settle();
         takeWriteLock();
@@ -109,6 +111,8 @@ void PendingWrites::commit() {
 }
 
 void PendingWrites::rollback() {
+    if (std::exchange(m_lost, false))
+        return;
     if (m_depth == 0)
         runtime::raise(runtime::errNoTransaction);
     if (--m_depth > 0) {
@@ -129,13 +133,9 @@ void PendingWrites::commitHeld() {
     try {
         call(m_listener.complete);
         m_connection.run("COMMIT");
-    } catch (const runtime::RuntimeError& error) {
-        // Someone reads and keeps reading: the changes are still there, and the next turn tries again.
-        if (error.number() == runtime::errRowLocked && m_connection.inTransaction()) {
-            m_heldSince = runtime::CoarseClock::now();
-            WriteClock::instance().add(*this);
-            throw;
-        }
+    } catch (...) {
+        // Also where someone reads and keeps reading: a change that is told as failed must not take place
+        // later, and nobody else could begin to read while it is tried.
         undoHeld();
         throw;
     }
@@ -160,6 +160,7 @@ void PendingWrites::undoHeld() {
 void PendingWrites::noticeLoss() {
     if ((m_depth == 0 && !m_held) || m_connection.inTransaction())
         return;
+    m_lost = m_depth > 0;
     m_depth = 0;
     if (m_held)
         letGo();
@@ -171,14 +172,13 @@ void PendingWrites::settleForOthers() noexcept {
         if (m_held)
             commitHeld();
     } catch (...) {
-        if (!m_held) // else they only wait for their next turn
-            m_owed = std::current_exception();
+        runtime::owe(std::current_exception(), m_connection.file().native());
     }
 }
 
 void PendingWrites::raiseOwed() {
-    if (m_owed)
-        std::rethrow_exception(std::exchange(m_owed, nullptr));
+    if (runtime::anyOwed())
+        runtime::raiseOwed(m_connection.file().native());
 }
 
 } // namespace tol::data::sqlite

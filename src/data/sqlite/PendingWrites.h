@@ -12,8 +12,9 @@ namespace tol::data::sqlite {
 /// The transaction in which a file's changes wait. A lone change commits at once. Changes that follow
 /// each other within WriteClock::period are a run: they are held in one transaction, which the clock
 /// commits. A transaction asked for by the caller is left to him. A change that fails undoes itself and
-/// nothing before it; where SQLite itself gave the whole transaction up (a full disk, a failing one), the
-/// error that told so has been raised and the listener hears of the rollback.
+/// nothing before it. A commit that fails, for whatever reason, undoes what it was to commit; so may SQLite
+/// itself where a disk is full or failing. The error that tells so is raised, or owed, and the listener hears
+/// of the rollback.
 class PendingWrites {
   public:
     /// What the owner does at certain moments of a transaction.
@@ -49,7 +50,7 @@ class PendingWrites {
     /// A change of several statements that takes place as a whole or not at all.
     void writeStep(const std::function<void()>& change);
 
-    /// Transactions of the caller; they may be nested.
+    /// Transactions of the caller; they may be nested. A rollback of one that SQLite gave up does nothing.
     void begin();
     void commit();
     void rollback();
@@ -59,8 +60,8 @@ class PendingWrites {
     [[nodiscard]] bool isHeld() const { return m_held; }
     [[nodiscard]] runtime::CoarseClock::time_point heldSince() const { return m_heldSince; }
 
-    /// For the clock, when another file's call made it commit: a failure is kept and raised by the
-    /// next call for this file.
+    /// For the clock, when another file's call made it commit: a failure is owed, and raised by the next
+    /// change of this file.
     void settleForOthers() noexcept;
     /// Keeps everyone from committing in the middle of a step, or while a lock is waited for.
     class Closed {
@@ -116,12 +117,12 @@ class PendingWrites {
     Connection& m_connection;
     Listener m_listener;
     bool m_held = false;
+    bool m_lost = false; ///< SQLite gave the caller's transaction up
     int m_depth = 0;
     int m_wishes = 0;
     int m_closed = 0;
     runtime::CoarseClock::time_point m_heldSince;
     runtime::CoarseClock::time_point m_lastWrite = runtime::CoarseClock::time_point::min();
-    std::exception_ptr m_owed;
 };
 
 } // namespace tol::data::sqlite

@@ -52,7 +52,8 @@ bool vdEmptyTable(std::string_view folder, std::string_view database, data::Reco
     std::string name;
     try {
         name = recordset.Name();
-        recordset.Close();
+        // Rows that can't be stored now are others' and no reason for this box.
+        { const data::Recordset closing = std::move(recordset); }
         data::Workspace wksTEMP = data::DBEngine::CreateWorkspace("wksTEMP");
         data::Database file = wksTEMP.OpenDatabase(databaseName(folder, database));
         const data::TableDefinition definition = readDefinition(file, name);

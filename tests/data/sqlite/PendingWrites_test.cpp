@@ -154,16 +154,33 @@ TEST_F(PendingWritesTest, ARollbackTakesRowsAndDefinitionsBack) {
     EXPECT_NE(store->useTable("T"), nullptr); // the table is not held any longer
 }
 
-TEST_F(PendingWritesTest, WaitsForAReaderWhenItCommitsAndTriesAgain) {
+TEST_F(PendingWritesTest, WaitsForAReaderWhenItCommitsAndGivesUp) {
     session().connection().setBusyWait(30ms);
     insert();
     insert();
     other->execute("BEGIN; SELECT count(*) FROM T");
     EXPECT_EQ(errorOf([&] { store->settle(); }).number(), 3218);
-    EXPECT_EQ(cursor->count(), 2);
+    EXPECT_EQ(cursor->count(), 1); // what was told as failed does not happen later
+    PlainSqlite third(file());
+    EXPECT_EQ(third.text("SELECT count(*) FROM T"), "1"); // and keeps no new reader out
     other->execute("COMMIT");
     store->settle();
+    EXPECT_EQ(inFile(), 1);
+    insert();
+    store->settle();
     EXPECT_EQ(inFile(), 2);
+}
+
+TEST_F(PendingWritesTest, AStepThatAReaderKeepsOutIsUndone) {
+    session().connection().setBusyWait(30ms);
+    other->execute("BEGIN; SELECT count(*) FROM T");
+    const auto addField = [&] { store->addField("T", {.name = "More", .type = dbLong}); };
+    EXPECT_EQ(errorOf(addField).number(), 3218);
+    other->execute("COMMIT");
+    EXPECT_EQ(store->definition("T")->findField("More"), -1);
+    addField();
+    store->settle();
+    EXPECT_EQ(other->text("SELECT count(More) FROM T"), "0");
 }
 
 TEST_F(PendingWritesTest, WhoWaitsForOneFileKeepsNobodyFromAnother) {
