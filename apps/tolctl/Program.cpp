@@ -2,6 +2,8 @@
 #include "tolctl/Program.h"
 
 #include "data/sqlite/SqliteEngine.h"
+#include "runtime/Host.h"
+#include "runtime/OwedErrors.h"
 #include "runtime/RuntimeError.h"
 #include "tolctl/CompactCommand.h"
 #include "tolctl/DemoCommand.h"
@@ -67,10 +69,24 @@ void Program::add() {
     m_commands.push_back(std::make_unique<T>(m_app));
 }
 
+// What a handle could not store as it went away is told behind all else.
 ExitStatus Program::run(int count, const char* const* words) {
-    try {
+    ExitStatus status = attempt([&] {
         m_app.parse(count, words);
         return runChosen();
+    });
+    while (runtime::anyOwed())
+        status = attempt([]() -> ExitStatus {
+            runtime::raiseOwed();
+            return ExitStatus::CouldNotStart;
+        });
+    return status;
+}
+
+template <typename Work>
+ExitStatus Program::attempt(Work&& work) {
+    try {
+        return work();
     } catch (const CLI::Success& asked) {
         m_app.exit(asked);
         return ExitStatus::Finished;
@@ -96,8 +112,11 @@ ExitStatus Program::runChosen() {
     data::sqlite::addSqliteEngine();
     watchInterrupts();
     for (const auto& command : m_commands)
-        if (command->chosen())
-            return command->execute();
+        if (command->chosen()) {
+            const ExitStatus status = command->execute();
+            runtime::settle();
+            return status;
+        }
     return ExitStatus::WrongUsage;
 }
 

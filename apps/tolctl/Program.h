@@ -20,6 +20,9 @@ class Program {
   private:
     template <typename T>
     void add();
+    /// Turns whatever the work raises into a sentence and a status.
+    template <typename Work>
+    ExitStatus attempt(Work&& work);
     ExitStatus runChosen();
     void enterFolder() const;
 

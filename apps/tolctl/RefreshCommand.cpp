@@ -16,14 +16,15 @@
 namespace tol::ctl {
 namespace {
 
-using update::RefreshLabel;
-
-constexpr const char* finished = "Finished";
+using update::RefreshOutcome;
 
 constexpr const char* closing =
     "Reads the reference copies that DATABASES of ZOVDEF.MDB names (FILLLOC, ALTDBNAME) into NEWDEF and\n"
     "NEWINDEXES, then the network database's MODULES and USERACCESSITEMS. A reference copy that is missing\n"
     "leaves no definition: a later update would remove all tables of that database.";
+
+constexpr const char* incomplete =
+    "Database Definitions ARE INCOMPLETE: until a refresh finishes no update begins.";
 
 constexpr std::array<const char*, 4> filledTables = {"NEWDEF", "NEWINDEXES", "MODULES", "USERACCESSITEMS"};
 
@@ -39,6 +40,29 @@ Counts countRows() {
     return counts;
 }
 
+struct Report {
+    const char* result;
+    const char* sentence;
+    ExitStatus status; ///< of a refresh without a box
+};
+
+Report reportOf(RefreshOutcome outcome) {
+    switch (outcome) {
+    case RefreshOutcome::Finished:
+        return {"Finished", "Database Definitions Have Been Refreshed.", ExitStatus::Finished};
+    case RefreshOutcome::WithoutLists:
+        return {"INCOMPLETE", "Database Definitions Have Been Refreshed, the Network Lists Have Not.",
+                ExitStatus::NeedsAttention};
+    case RefreshOutcome::Incomplete:
+        return {"INCOMPLETE", incomplete, ExitStatus::NeedsAttention};
+    case RefreshOutcome::Canceled:
+        return {"STOPPED", incomplete, ExitStatus::Stopped};
+    case RefreshOutcome::NotBegun:
+        break;
+    }
+    return {"", "", ExitStatus::CouldNotStart};
+}
+
 void printJson(const std::string& result, const Counts& counts, const MessageLog& messages) {
     std::cout << "{\"result\": ";
     printJsonText(result);
@@ -50,8 +74,8 @@ void printJson(const std::string& result, const Counts& counts, const MessageLog
     std::cout << "}\n";
 }
 
-void printText(const TerminalRefreshView& view, const Counts& counts) {
-    std::cerr << view.label(RefreshLabel::DBNAME) << ". " << view.label(RefreshLabel::DBDESC) << "\n";
+void printText(const Report& report, const Counts& counts) {
+    std::cerr << report.result << ". " << report.sentence << "\n";
     for (std::size_t i = 0; i < counts.size(); ++i)
         std::cerr << "  " << filledTables[i] << ": " << counts[i] << " rows\n";
 }
@@ -72,20 +96,20 @@ ExitStatus RefreshCommand::execute() {
     update::DefinitionRefresh refresh(view, netLocation());
     host.onStop([&] { refresh.Cancel(); });
     host.placeFrom([&] { return view.place(); });
-    refresh.RefreshDefinitions();
+    const RefreshOutcome outcome = refresh.RefreshDefinitions();
     m_progress.clear();
-    if (view.label(RefreshLabel::DBNAME).empty()) // the tables could not be emptied
-        return ExitStatus::CouldNotStart;
+    const Report report = reportOf(outcome);
+    if (outcome == RefreshOutcome::NotBegun)
+        return report.status;
 
-    const bool isFinished = view.label(RefreshLabel::DBNAME) == finished;
     const Counts counts = countRows();
     if (m_json)
-        printJson(isFinished ? finished : "STOPPED", counts, host.messages());
+        printJson(report.result, counts, host.messages());
     else
-        printText(view, counts);
+        printText(report, counts);
     const bool printed = finishOutput();
-    if (!isFinished)
-        return ExitStatus::Stopped;
+    if (report.status != ExitStatus::Finished)
+        return report.status;
     return host.troubled() || !printed ? ExitStatus::NeedsAttention : ExitStatus::Finished;
 }
 

@@ -150,7 +150,8 @@ class RealInput : public testing::Test {
                                Json::parse(R"([["CHINOOK", "DBPATHS", "N", false, "C:\\REF"]])"));
         UpdateWorld::addSites(Json::parse(R"([["SHOP", "C:\\SHOP"]])"));
         SilentRefresh view;
-        ASSERT_TRUE(update::DefinitionRefresh(view, " ").RefreshDefinitions());
+        ASSERT_EQ(update::DefinitionRefresh(view, " ").RefreshDefinitions(),
+                  update::RefreshOutcome::Finished);
     }
 
     static void copy(const fs::path& from, const fs::path& to) {

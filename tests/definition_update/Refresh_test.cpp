@@ -3,12 +3,15 @@
 #include "UpdateWorld.h"
 
 #include "definition_update/engine/DefinitionRefresh.h"
+#include "support/FullDisk.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,6 +21,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using update::RefreshLabel;
+using update::RefreshOutcome;
 
 const std::string blankSlot(20, ' ');
 
@@ -27,8 +31,13 @@ class RefreshRecorder : public update::RefreshView {
         labels[label] = text;
         history[label].push_back(text);
     }
-    void enableCancel() override { ++cancelEnabled; }
+    void enableCancel() override {
+        ++cancelEnabled;
+        if (onFilling)
+            onFilling();
+    }
 
+    std::function<void()> onFilling; ///< behind the emptying
     std::map<RefreshLabel, std::string> labels;
     std::map<RefreshLabel, std::vector<std::string>> history;
     int cancelEnabled = 0;
@@ -69,13 +78,43 @@ class Refresh : public testing::Test {
             if (world.host.yields == cancelAtYield)
                 refreshing.Cancel();
         };
-        const bool finished = refreshing.RefreshDefinitions();
+        outcome = refreshing.RefreshDefinitions();
         world.host.onYield = {};
-        return finished;
+        return outcome == RefreshOutcome::Finished;
+    }
+
+    /// Whether an update begins, and does its work, on what the refresh left. Where it does not, a box says
+    /// so and nothing is touched.
+    bool updateBegins() {
+        if (!std::filesystem::exists(world.folder.driveC() / "SITE")) {
+            world.addFile("drives/c/SITE/JOBS.mdb",
+                          Json::parse(R"({"KEPT": {"fields": [["A", 4]], "rows": [[1]]}})"));
+            UpdateWorld::addSites(Json::parse(R"([["SITE", "C:\\SITE"]])"));
+            UpdateWorld::addRowsOf("ACTIVITYLOG", Json::parse(R"([["of the last run"]])"));
+        }
+        world.host.boxes.clear();
+        UpdateRun run;
+        run(world);
+        if (run.ended)
+            return true;
+        EXPECT_THAT(world.host.texts(),
+                    ElementsAre(testing::HasSubstr("Refresh the Database Definitions First.")));
+        EXPECT_THAT(run.view.states, IsEmpty());
+        EXPECT_EQ(table("ACTIVITYLOG").size(), 1U);
+        EXPECT_TRUE(readDatabase("C:\\SITE\\JOBS.mdb").contains("KEPT"));
+        return false;
+    }
+    /// A file that another program made.
+    void addForeignFile(const std::string& name, const std::string& sql) const {
+        sqlite3* database = nullptr;
+        ASSERT_EQ(sqlite3_open((world.folder.path() / name).c_str(), &database), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3_close(database);
     }
 
     UpdateWorld world;
     RefreshRecorder view;
+    RefreshOutcome outcome = RefreshOutcome::NotBegun;
 };
 
 TEST_F(Refresh, fillsTheWantedDefinitionInUpperCase) {
@@ -157,6 +196,10 @@ TEST_F(Refresh, cancelledKeepsWhatItHasAndStillCopiesTheLists) {
     EXPECT_EQ(view.labels[RefreshLabel::DBDESC], "Database Definitions ARE INCOMPLETE.");
     EXPECT_EQ(table("MODULES").size(), 2U);
     EXPECT_EQ(table("USERACCESSITEMS").size(), 2U);
+    EXPECT_EQ(outcome, RefreshOutcome::Canceled);
+    EXPECT_FALSE(updateBegins()); // it would take the rest for unwanted
+    EXPECT_TRUE(refresh());
+    EXPECT_TRUE(updateBegins());
 }
 
 TEST_F(Refresh, reportsAReferenceThatCantBeRead) {
@@ -172,6 +215,8 @@ TEST_F(Refresh, reportsAReferenceThatCantBeRead) {
                   (world.folder.path() / "drives/c/REF/TORN.MDB").string() + "'.");
     EXPECT_EQ(table("NEWDEF").size(), 3U);
     EXPECT_EQ(table("MODULES").size(), 0U);
+    EXPECT_EQ(outcome, RefreshOutcome::Incomplete);
+    EXPECT_FALSE(updateBegins());
 }
 
 TEST_F(Refresh, reportsANameThatTheDefinitionCantHoldAndGoesOn) {
@@ -194,7 +239,86 @@ TEST_F(Refresh, reportsANameThatTheDefinitionCantHoldAndGoesOn) {
                             "The field 'FNAME' is too small to accept the amount of data."));
     EXPECT_EQ(table("NEWDEF").size(), 2U);
     EXPECT_EQ(view.labels[RefreshLabel::DBNAME], "Finished");
+    EXPECT_EQ(view.labels[RefreshLabel::DBDESC], "Database Definitions ARE INCOMPLETE.");
     EXPECT_EQ(table("MODULES").size(), 2U);
+    EXPECT_EQ(outcome, RefreshOutcome::Incomplete);
+    EXPECT_FALSE(updateBegins());
+}
+
+TEST_F(Refresh, refusesANameThatIsTooLongBeforeItEmptiesAnything) {
+    listJobsAndNet();
+    EXPECT_TRUE(refresh());
+    const std::string longName(70, 'n');
+    addForeignFile("drives/c/REF/OTHER.MDB", "CREATE TABLE Far (A INTEGER, " + longName + " TEXT)");
+    list(Json::parse(R"([["OTHER", "DBPATHS", "N", false, "C:\\REF", "", ""]])"));
+    EXPECT_FALSE(refresh());
+    EXPECT_THAT(
+        world.host.texts(),
+        ElementsAre("Error Encountered In Form: frmDBURefresh\nError: 3125 RefreshDefinitions\n'" + longName +
+                    "' is not a valid name.\nIn the table 'Far' of 'C:\\REF\\OTHER.MDB'. A name may have 64 "
+                    "characters, this one has 70."));
+    EXPECT_EQ(outcome, RefreshOutcome::NotBegun);
+    EXPECT_EQ(table("NEWDEF").size(), 4U);
+    EXPECT_EQ(table("MODULES").size(), 2U);
+    EXPECT_TRUE(updateBegins());
+}
+
+TEST_F(Refresh, takesNamesOfFullLength) {
+    const std::string name(64, 'N');
+    addForeignFile("drives/c/REF/OTHER.MDB", "CREATE TABLE " + name + " (A INTEGER)");
+    list(Json::parse(R"([["OTHER", "DBPATHS", "N", false, "C:\\REF", "", ""]])"));
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(table("NEWDEF")[0][1], name);
+}
+
+TEST_F(Refresh, tellsOfRowsThatFindNoRoom) {
+    Json fields = Json::array();
+    for (int i = 0; i < 200; ++i)
+        fields.push_back(Json::array({"A_FIELD_WITH_A_LONG_NAME_" + std::to_string(i), 4}));
+    world.addFile("drives/c/REF/WIDE.MDB", {{"T", {{"fields", fields}}}});
+    list(Json::parse(R"([["WIDE", "DBPATHS", "N", false, "C:\\REF", "", ""]])"));
+    std::unique_ptr<FullDisk> full;
+    view.onFilling = [&] { full = std::make_unique<FullDisk>(std::filesystem::file_size("ZOVDEF.MDB")); };
+    EXPECT_FALSE(refresh());
+    full.reset();
+    view.onFilling = {};
+    ASSERT_FALSE(world.host.boxes.empty());
+    EXPECT_EQ(world.host.texts()[0], "Error Encountered In Form: frmDBURefresh\nError: 3026 "
+                                     "FillNewTableDef\nNot enough space on disk for '" +
+                                         (world.folder.path() / "ZOVDEF.MDB").string() + "'.");
+    EXPECT_EQ(view.labels[RefreshLabel::DBDESC], "Database Definitions ARE INCOMPLETE.");
+    EXPECT_EQ(outcome, RefreshOutcome::Incomplete);
+    EXPECT_FALSE(updateBegins());
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(table("NEWDEF").size(), 200U);
+    EXPECT_TRUE(updateBegins());
+}
+
+TEST_F(Refresh, doesNotFinishWithoutTheListsRows) {
+    listJobsAndNet();
+    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
+    data::Database network = workspace.OpenDatabase("C:\\NET\\ZOVNET.MDB");
+    Json rows = Json::array();
+    for (int i = 0; i < 1000; ++i)
+        rows.push_back(Json::array({"M" + std::to_string(i % 90), "A module that has a name"}));
+    addRows(network, "MODULES", rows);
+    network.Close();
+    // The rows of the lists are the last ones.
+    std::unique_ptr<FullDisk> full;
+    update::DefinitionRefresh refreshing(view, " ");
+    world.host.onYield = [&] {
+        if (world.host.yields == 2)
+            full = std::make_unique<FullDisk>(std::filesystem::file_size("ZOVDEF.MDB") + 8192);
+    };
+    outcome = refreshing.RefreshDefinitions();
+    full.reset();
+    world.host.onYield = {};
+    EXPECT_EQ(outcome, RefreshOutcome::WithoutLists);
+    ASSERT_FALSE(world.host.boxes.empty());
+    EXPECT_THAT(world.host.texts().back(),
+                testing::HasSubstr("3026 RefreshDefinitions\nNot enough space on disk"));
+    EXPECT_EQ(table("NEWDEF").size(), 4U);
+    EXPECT_TRUE(updateBegins());
 }
 
 TEST_F(Refresh, needsAListedDatabase) {
@@ -215,6 +339,9 @@ TEST_F(Refresh, skipsTheDefinitionsWhenTheyCantBeEmptied) {
         EXPECT_FALSE(refresh());
         EXPECT_THAT(world.host.texts(), ElementsAre("Cannot Obtain Exclusive use of the Table: " +
                                                     std::string(name) + "\nCannot Empty Table."));
+        const bool untouched = std::string_view(name) == "NEWDEF";
+        EXPECT_EQ(outcome, untouched ? RefreshOutcome::NotBegun : RefreshOutcome::Incomplete);
+        EXPECT_EQ(readDatabase("ZOVDEF.MDB").contains("FILLINGNOTENDED"), !untouched);
     }
     EXPECT_EQ(view.cancelEnabled, 0);
     EXPECT_EQ(table("MODULES").size(), 2U);

@@ -2,6 +2,7 @@
 // Runs in the update window: its states, what it shows, and how a run is stopped.
 #include "UpdateWindow.h"
 
+#include "definition_update/engine/FillingMark.h"
 #include "support/SecondProcess.h"
 
 #include <gmock/gmock.h>
@@ -78,6 +79,23 @@ TEST_F(Run, GoesThroughItsStates) {
                                                  "Database Ok. No Changes Made.", "End of List", " ", " "));
     EXPECT_THAT(values(), ElementsAre(1, 2, 3));
     EXPECT_THAT(world.host.boxes, IsEmpty());
+}
+
+TEST_F(Run, DoesNotStartOnADefinitionWhoseFillingDidNotEnd) {
+    addOutdatedSite();
+    {
+        data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
+        data::Database definitions = workspace.OpenDatabase("ZOVDEF.MDB");
+        update::FillingMark(definitions).set();
+    }
+    open();
+    click("cmdCancel");
+    ASSERT_EQ(world.host.boxes.size(), 1U);
+    EXPECT_EQ(world.host.boxes[0].title, "Error During Processing");
+    EXPECT_THAT(world.host.boxes[0].text,
+                StartsWith("The Last Refresh of the Database Definitions Did Not Finish."));
+    EXPECT_EQ(state(), "&Begin off, choices on, refresh off, print on, exit on");
+    EXPECT_THAT(values(), ElementsAre("1", "2", "3"));
 }
 
 TEST_F(Run, WorksByTheKeyboardAlone) {

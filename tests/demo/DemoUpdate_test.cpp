@@ -126,7 +126,8 @@ TEST_P(DemoRefresh, GivesExactlyTheFilledDefinition) {
         before[table] = tableRows(table);
 
     LastSeen view;
-    EXPECT_TRUE(update::DefinitionRefresh(view, GetParam()).RefreshDefinitions());
+    EXPECT_EQ(update::DefinitionRefresh(view, GetParam()).RefreshDefinitions(),
+              update::RefreshOutcome::Finished);
     EXPECT_EQ(view.refreshLabels.at(update::RefreshLabel::DBNAME), "Finished");
     EXPECT_THAT(demo.host.texts(), IsEmpty());
     for (const std::string& table : tables)

@@ -2,13 +2,18 @@
 #include "definition_update/engine/DefinitionRefresh.h"
 
 #include "data/DBEngine.h"
+#include "data/Names.h"
 #include "definition_update/engine/DefinitionRows.h"
 #include "definition_update/engine/ErrorReport.h"
+#include "definition_update/engine/FillingMark.h"
 #include "runtime/Host.h"
 #include "runtime/Text.h"
 #include "shell/vdfunctions/vdfunctions.h"
 
+#include <fmt/format.h>
+
 #include <initializer_list>
+#include <optional>
 #include <utility>
 
 namespace tol::update {
@@ -33,6 +38,59 @@ void copyList(data::Recordset& list, data::Recordset& copy, std::initializer_lis
     }
 }
 
+/// The reference copy of the database in that row.
+std::string referenceFile(const data::Recordset& DATABASES) {
+    const std::string ALTDBNAME = foldedText(DATABASES.Fields("ALTDBNAME"));
+    const std::string copy = vdNullCheckText(DATABASES.Fields("FILLLOC")) + "\\" +
+                             (vdIsBlank(ALTDBNAME) ? foldedText(DATABASES.Fields("DBNAME")) : ALTDBNAME);
+    return std::string(runtime::trim(copy)) + ".MDB";
+}
+
+struct NameOfTable {
+    std::string table, name;
+};
+
+/// A name of the reference copy, which another program may have made, that no database can be given. None in
+/// one that can't be read: what is wrong with it is told when it is its turn.
+std::optional<NameOfTable> nameTooLong(const std::string& file) {
+    std::optional<NameOfTable> found;
+    try {
+        data::Workspace wksTARGET = data::DBEngine::CreateWorkspace("wksTARGET");
+        eachTable(wksTARGET.OpenDatabase(file),
+                  [&](const data::TableDef& table, const std::string& tableName) {
+                      const auto check = [&](const std::string& name) {
+                          if (runtime::length(name) > data::maxNameLength)
+                              found = {tableName, name};
+                      };
+                      const data::TableDefinition definition = table.definition();
+                      check(tableName);
+                      for (const data::FieldDef& field : definition.fields)
+                          check(field.name);
+                      for (const data::IndexDef& index : definition.indexes)
+                          check(index.name);
+                  });
+    } catch (const runtime::RuntimeError&) {
+        return std::nullopt;
+    }
+    return found;
+}
+
+/// Raises 3125 for a name that can't be wanted, while nothing is emptied yet. Leaves DATABASES in the order
+/// of its index.
+void requireNamesFit(data::Recordset& DATABASES) {
+    DATABASES.Index("DATABASES");
+    for (DATABASES.MoveFirst(); vdRecordOK(DATABASES); DATABASES.MoveNext()) {
+        const std::string file = referenceFile(DATABASES);
+        const auto tooLong = vdIsBlank(shell::vdDir(file)) ? std::nullopt : nameTooLong(file);
+        if (tooLong)
+            throw runtime::RuntimeError(
+                runtime::errInvalidName,
+                fmt::format("{}\nIn the table '{}' of '{}'. A name may have {} characters, this one has {}.",
+                            runtime::describe(runtime::errInvalidName, {tooLong->name}), tooLong->table, file,
+                            data::maxNameLength, runtime::length(tooLong->name)));
+    }
+}
+
 } // namespace
 
 DefinitionRefresh::DefinitionRefresh(RefreshView& view, std::string netLocation)
@@ -43,21 +101,21 @@ void DefinitionRefresh::Cancel() {
 }
 
 // The network lists are refreshed whatever became of the definitions.
-bool DefinitionRefresh::RefreshDefinitions() {
+RefreshOutcome DefinitionRefresh::RefreshDefinitions() {
     m_running = true;
     m_failed = false;
-    bool finished = false;
+    m_outcome = RefreshOutcome::NotBegun;
     const bool reachedEnd = reportErrors(refreshForm, "RefreshDefinitions", [&] {
         data::Workspace wksDBU = data::DBEngine::CreateWorkspace("wksDBU");
         data::Database definitions = wksDBU.OpenDatabase("ZOVDEF.MDB");
-        data::Recordset DATABASES = definitions.OpenRecordset("DATABASES");
-        data::Recordset NEWDEF = definitions.OpenRecordset("NEWDEF");
-        data::Recordset NEWINDEXES = definitions.OpenRecordset("NEWINDEXES");
-        if (empty(definitions, NEWDEF, " ") && empty(definitions, NEWINDEXES, " "))
-            finished = fillDefinitions(DATABASES, NEWDEF, NEWINDEXES);
-        finished = refreshNetworkLists(definitions) && finished;
+        fillDefinitions(definitions);
+        refreshNetworkLists(definitions);
+        definitions.Close();
+        wksDBU.Close();
     });
-    return reachedEnd && finished && !m_failed;
+    if (reachedEnd && m_running && m_outcome == RefreshOutcome::WithoutLists)
+        m_outcome = RefreshOutcome::Finished;
+    return m_outcome;
 }
 
 /// Empties the recordset's table and opens it again.
@@ -69,10 +127,37 @@ bool DefinitionRefresh::empty(data::Database& definitions, data::Recordset& rows
     return true;
 }
 
-bool DefinitionRefresh::fillDefinitions(data::Recordset& DATABASES, data::Recordset& NEWDEF,
-                                        data::Recordset& NEWINDEXES) {
+// Nothing is said to be finished before it is stored. The mark outlives whatever keeps this from its end: an
+// error, the operator's Cancel, or the end of the program.
+void DefinitionRefresh::fillDefinitions(data::Database& definitions) {
+    data::Recordset DATABASES = definitions.OpenRecordset("DATABASES");
+    data::Recordset NEWDEF = definitions.OpenRecordset("NEWDEF");
+    data::Recordset NEWINDEXES = definitions.OpenRecordset("NEWINDEXES");
+    requireNamesFit(DATABASES);
+    FillingMark mark(definitions);
+    const bool wasMarked = mark.isSet();
+    mark.set();
+    if (!empty(definitions, NEWDEF, " ")) {
+        if (!wasMarked)
+            mark.clear();
+        return;
+    }
+    m_outcome = RefreshOutcome::Incomplete;
+    if (!empty(definitions, NEWINDEXES, " "))
+        return;
+    fillDatabases(DATABASES, NEWDEF, NEWINDEXES);
+    if (m_running && !m_failed) {
+        mark.clear();
+        m_outcome = RefreshOutcome::WithoutLists;
+    } else if (!m_running) {
+        m_outcome = RefreshOutcome::Canceled;
+    }
+    showFillingEnded();
+}
+
+void DefinitionRefresh::fillDatabases(data::Recordset& DATABASES, data::Recordset& NEWDEF,
+                                      data::Recordset& NEWINDEXES) {
     m_view.enableCancel();
-    DATABASES.Index("DATABASES");
     DATABASES.MoveFirst();
     do {
         if (!vdRecordOK(DATABASES))
@@ -81,24 +166,26 @@ bool DefinitionRefresh::fillDefinitions(data::Recordset& DATABASES, data::Record
         DATABASES.MoveNext();
         host().doEvents();
     } while (m_running);
+    for (data::Recordset* rows : {&DATABASES, &NEWDEF, &NEWINDEXES})
+        rows->Close();
+}
+
+void DefinitionRefresh::showFillingEnded() {
+    const bool whole = m_outcome == RefreshOutcome::WithoutLists;
     blankProgress();
     m_view.showLabel(RefreshLabel::DBNAME, m_running ? "Finished" : "Process Canceled");
-    m_view.showLabel(RefreshLabel::DBDESC, m_running ? "Database Definitions Have Been Refreshed."
-                                                     : "Database Definitions ARE INCOMPLETE.");
-    return m_running;
+    m_view.showLabel(RefreshLabel::DBDESC, whole ? "Database Definitions Have Been Refreshed."
+                                                 : "Database Definitions ARE INCOMPLETE.");
 }
 
 // A database whose reference copy is missing gets no rows, so that a later update deletes all its tables.
 void DefinitionRefresh::fillDatabase(const data::Recordset& DATABASES, data::Recordset& NEWDEF,
                                      data::Recordset& NEWINDEXES) {
     const std::string DBNAME = foldedText(DATABASES.Fields("DBNAME"));
-    const std::string ALTDBNAME = foldedText(DATABASES.Fields("ALTDBNAME"));
+    const std::string file = referenceFile(DATABASES);
     m_view.showLabel(RefreshLabel::DBNAME, DBNAME);
     m_view.showLabel(RefreshLabel::DBDESC, vdNullCheckText(DATABASES.Fields("DBDESC")));
     blankProgress();
-    const std::string copy =
-        vdNullCheckText(DATABASES.Fields("FILLLOC")) + "\\" + (vdIsBlank(ALTDBNAME) ? DBNAME : ALTDBNAME);
-    const std::string file = std::string(runtime::trim(copy)) + ".MDB";
     if (vdIsBlank(shell::vdDir(file))) {
         host().msgBox("Cannot Locate Target Database: " + file, {MsgIcon::Information},
                       "Cannot Locate Target");
@@ -108,6 +195,8 @@ void DefinitionRefresh::fillDatabase(const data::Recordset& DATABASES, data::Rec
     data::Database target = wksTARGET.OpenDatabase(file);
     FillNewTableDef(target, NEWDEF, DBNAME);
     FillNewIndexDef(target, NEWINDEXES, DBNAME);
+    target.Close();
+    wksTARGET.Close();
 }
 
 void DefinitionRefresh::FillNewTableDef(const data::Database& target, data::Recordset& NEWDEF,
@@ -144,7 +233,7 @@ void DefinitionRefresh::FillNewIndexDef(const data::Database& target, data::Reco
 
 // The copies are emptied in the file of the network location and filled in the file of the current folder:
 // the same file where the location is blank.
-bool DefinitionRefresh::refreshNetworkLists(data::Database& definitions) {
+void DefinitionRefresh::refreshNetworkLists(data::Database& definitions) {
     data::Workspace wksNET = data::DBEngine::CreateWorkspace("wksNET");
     data::Database network = wksNET.OpenDatabase(shell::vdNetPath(m_netLocation, false));
     data::Recordset MODULES = network.OpenRecordset("MODULES");
@@ -158,7 +247,8 @@ bool DefinitionRefresh::refreshNetworkLists(data::Database& definitions) {
         copyList(MODULES, modulesCopy, {"MODULEID", "MODULENAME"});
         copyList(USERACCESSITEMS, itemsCopy, {"UAITAG", "MODULEID", "UAICODE", "Desc", "FORMNAME"});
     }
-    return m_running;
+    network.Close();
+    wksNET.Close();
 }
 
 bool DefinitionRefresh::emptyCopy(data::Database& definitions, data::Recordset& copy,

@@ -12,25 +12,36 @@ class Recordset;
 
 namespace tol::update {
 
+/// How far a refresh came.
+enum class RefreshOutcome {
+    NotBegun,     ///< nothing was emptied; the definition is the old one
+    Incomplete,   ///< an error left a part of the definition
+    Canceled,     ///< so did the operator
+    WithoutLists, ///< the definition is whole, the network's lists may not be
+    Finished,
+};
+
 /// Fills NEWDEF, NEWINDEXES, MODULES and USERACCESSITEMS of ZOVDEF.MDB from the reference databases
-/// and the network database. Everything that it opens is closed when RefreshDefinitions returns.
+/// and the network database. Everything that it opens is closed when RefreshDefinitions returns. A definition
+/// that holds a part only is marked as such (FillingMark).
 class DefinitionRefresh {
   public:
     DefinitionRefresh(RefreshView& view, std::string netLocation);
-    /// Traps its own errors (vdProcessError). True when it finished, false when it was cancelled, when a
-    /// table could not be emptied, or when an error ended it.
-    bool RefreshDefinitions();
+    /// Traps its own errors (vdProcessError).
+    RefreshOutcome RefreshDefinitions();
     /// Clears the running flag; it takes effect behind the database in work.
     void Cancel();
 
   private:
     static bool empty(data::Database& definitions, data::Recordset& rows, const std::string& folder);
-    bool fillDefinitions(data::Recordset& DATABASES, data::Recordset& NEWDEF, data::Recordset& NEWINDEXES);
+    void fillDefinitions(data::Database& definitions);
+    void fillDatabases(data::Recordset& DATABASES, data::Recordset& NEWDEF, data::Recordset& NEWINDEXES);
+    void showFillingEnded();
     void fillDatabase(const data::Recordset& DATABASES, data::Recordset& NEWDEF, data::Recordset& NEWINDEXES);
     void FillNewTableDef(const data::Database& target, data::Recordset& NEWDEF, const std::string& DBNAME);
     void FillNewIndexDef(const data::Database& target, data::Recordset& NEWINDEXES,
                          const std::string& DBNAME);
-    bool refreshNetworkLists(data::Database& definitions);
+    void refreshNetworkLists(data::Database& definitions);
     bool emptyCopy(data::Database& definitions, data::Recordset& copy, const std::string& listName);
     void blankProgress();
 
@@ -38,6 +49,7 @@ class DefinitionRefresh {
     std::string m_netLocation;
     bool m_running = false;
     bool m_failed = false; // one of the routines reported an error
+    RefreshOutcome m_outcome = RefreshOutcome::NotBegun;
 };
 
 } // namespace tol::update

@@ -44,10 +44,12 @@ void deleteAllIndexes(data::TableDef& table) {
         table.Indexes().Delete(table.Indexes()(0).Name());
 }
 
+// The last steps of a conversion are stored with the first ones of the next, or by ModifyTable at its end.
+//
 // The run may go on when the operator pressed Cancel, and must not when he answered No: the old field is kept
 // by the answer alone, which ProcessDatabase tells.
 void FieldConversion::ConvertFieldType() {
-    reportErrors(updateForm, "ConvertFieldType", [this] {
+    trapError(boxFor(updateForm, "ConvertFieldType"), [this] {
         m_s.WarnUnconvertible = true;
         showLabels();
         deleteAllIndexes(*m_s.tableDef);
@@ -65,7 +67,7 @@ void FieldConversion::ConvertFieldType() {
 
 // Unlike a change of type, a change of size keeps the old field whenever the run was stopped.
 void FieldConversion::ChangeFieldSize() {
-    reportErrors(updateForm, "ChangeFieldSize", [this] {
+    trapError(boxFor(updateForm, "ChangeFieldSize"), [this] {
         m_s.WarnUnconvertible = true;
         showLabels();
         deleteAllIndexes(*m_s.tableDef);

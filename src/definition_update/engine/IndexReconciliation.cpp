@@ -125,12 +125,11 @@ void IndexReconciliation::removeIndex() {
 
 void IndexReconciliation::UpdateOPOS() {
     m_s.TNAME = " ";
-    try {
-        setPositions();
-    } catch (const runtime::RuntimeError& error) {
+    const auto report = [this](const runtime::RuntimeError& error) {
         shell::vdProcessError(updateForm, std::to_string(error.number()),
                               error.description() + " UpdateOPOS Table: " + m_s.TNAME);
-    }
+    };
+    trapErrors(report, [this] { setPositions(); });
 }
 
 void IndexReconciliation::setPositions() {

@@ -18,7 +18,7 @@ using shell::vdRecordOK;
 
 // It has no step of its own to the next row: the two procedures for a table do that.
 void TableReconciliation::UpdateTableDefs() {
-    reportErrors(updateForm, "UpdateTableDefs", [this] {
+    trapError(boxFor(updateForm, "UpdateTableDefs"), [this] {
         m_s.OLDDEF.Close();
         m_s.OLDDEF = m_s.definitions.OpenRecordset("OLDDEF");
         const FieldRows live(m_s.OLDDEF);
@@ -138,6 +138,7 @@ void TableReconciliation::modifyField() {
     if (!m_live->find({m_s.TNAME, m_s.FNAME})) {
         WriteActivityLog(m_s, m_s.TNAME, " ", m_s.FNAME, "Added New Field");
         appendField(*m_s.tableDef);
+        runtime::settle(); // should it fail, this field is where the procedure is called again
         m_s.ChangesMade = true;
         return;
     }

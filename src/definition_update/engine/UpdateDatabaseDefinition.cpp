@@ -13,7 +13,8 @@ namespace tol::update {
 
 namespace {
 
-/// Closes what one database needed when its procedure ends, whichever way.
+/// Closes what one database needed when its procedure ends, whichever way. What a close can't store is owed,
+/// and so a failure of that procedure.
 class OpenForOneDatabase {
   public:
     explicit OpenForOneDatabase(UpdateState& state) : m_s(state) {}
@@ -85,7 +86,7 @@ void UpdateDatabaseDefinition(UpdateState& s) {
 }
 
 void FillTableDef(UpdateState& s) {
-    reportErrors(updateForm, "FillTableDef", [&s] {
+    trapError(boxFor(updateForm, "FillTableDef"), [&s] {
         FieldRows rows(s.OLDDEF);
         eachTable(s.target, [&rows](const data::TableDef& table, const std::string& name) {
             const data::TableDef::FieldList fields = table.Fields();
@@ -99,7 +100,7 @@ void FillTableDef(UpdateState& s) {
 }
 
 void FillIndexDef(UpdateState& s) {
-    reportErrors(updateForm, "FillIndexDef", [&s] {
+    trapError(boxFor(updateForm, "FillIndexDef"), [&s] {
         IndexRows rows(s.OLDINDEXES);
         captureIndexes(s.target, rows, std::nullopt);
     });

@@ -4,6 +4,7 @@
 #include "definition_update/engine/ActivityLog.h"
 #include "definition_update/engine/DefinitionRows.h"
 #include "definition_update/engine/ErrorReport.h"
+#include "definition_update/engine/FillingMark.h"
 #include "definition_update/engine/UpdateDatabaseDefinition.h"
 #include "platform/Paths.h"
 #include "platform/System.h"
@@ -60,14 +61,18 @@ struct UpdateDriver::DatabaseRow {
 };
 
 void UpdateDriver::ProcessTaggedItems(data::Recordset& DBPATHS, const std::string& currentMark) {
-    reportErrors(updateForm, "ProcessTaggedItems", [&] {
+    bool emptied = false;
+    const bool reachedEnd = reportErrors(updateForm, "ProcessTaggedItems", [&] {
+        if (isFillingUnfinished())
+            return;
         startRun(DBPATHS, currentMark);
         DBPATHS.Close();
         data::Recordset DATABASES = m_s.definitions.OpenRecordset("DATABASES");
-        const bool emptied = shell::vdEmptyTable(" ", "ZOVDEF.MDB", m_s.ACTIVITYLOG);
+        emptied = shell::vdEmptyTable(" ", "ZOVDEF.MDB", m_s.ACTIVITYLOG);
         if (emptied) {
             m_s.ACTIVITYLOG = m_s.definitions.OpenRecordset("ACTIVITYLOG");
             processSites(DATABASES);
+            runtime::settle(); // nothing is finished that is not stored
             showOutcome();
         } else {
             host().msgBox("Cannot Empty Activity Log.", {runtime::MsgIcon::Exclamation}, "ERROR");
@@ -76,8 +81,20 @@ void UpdateDriver::ProcessTaggedItems(data::Recordset& DBPATHS, const std::strin
         m_s.ACTIVITYLOG = m_s.definitions.OpenRecordset("ACTIVITYLOG");
         m_s.view.fillActivity();
         m_s.view.showState(RunState::Ended);
-        m_ended = emptied;
     });
+    m_ended = reachedEnd && emptied;
+}
+
+// All tables that a part of a definition leaves out would be taken for unwanted.
+bool UpdateDriver::isFillingUnfinished() {
+    if (!FillingMark(m_s.definitions).isSet())
+        return false;
+    host().msgBox(
+        "The Last Refresh of the Database Definitions Did Not Finish.\n"
+        "The Definitions in ZOVDEF.MDB ARE INCOMPLETE: an Update Would Remove Tables That are Wanted.\n\n"
+        "Refresh the Database Definitions First.",
+        {runtime::MsgIcon::Critical}, "Error During Processing");
+    return true;
 }
 
 void UpdateDriver::startRun(data::Recordset& DBPATHS, const std::string& currentMark) {

@@ -23,6 +23,7 @@ class UpdateDriver {
   private:
     struct DatabaseRow;
 
+    bool isFillingUnfinished();
     void startRun(data::Recordset& DBPATHS, const std::string& currentMark);
     void tagCurrentSite(data::Recordset& DBPATHS, const std::string& currentMark);
     void processSites(data::Recordset& DATABASES);

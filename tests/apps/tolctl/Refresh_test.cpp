@@ -11,6 +11,7 @@ namespace {
 using namespace nlohmann::literals;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 using testing::StartsWith;
 namespace fs = std::filesystem;
 
@@ -105,8 +106,39 @@ TEST_F(RefreshTest, AMissingNetworkDatabaseIsStatusThree) {
     m_case.finish();
     const Outcome outcome = m_case.run({"refresh"});
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_THAT(outcome.err, HasSubstr("Finished. Database Definitions Have Been Refreshed.\n"));
+    EXPECT_THAT(outcome.err,
+                HasSubstr("INCOMPLETE. Database Definitions Have Been Refreshed, the Network Lists "
+                          "Have Not.\n"));
+    EXPECT_THAT(outcome.err, Not(HasSubstr("Finished")));
+    EXPECT_EQ(m_case.run({"refresh", "--json"}).json()["result"], "INCOMPLETE");
     EXPECT_EQ(m_case.rows("ZOVDEF.MDB", "NEWDEF").size(), 2U);
+}
+
+TEST_F(RefreshTest, OneThatBreaksOffKeepsUpdatesFromBeginning) {
+    makeNetwork("");
+    addReference("ZTORN");
+    m_case.folder.write("drives/c/REF/ZTORN.MDB", "torn to pieces, every single page of it");
+    m_case.addSite("NORTH YARD", "C:\\NORTH");
+    m_case.load("drives/c/NORTH/WORK.MDB",
+                databaseOf({tableOf("Kept", R"([["A", 4, 4]])"_json, Json::array())}));
+    m_case.finish();
+    const Outcome torn = m_case.run({"refresh"});
+    EXPECT_EQ(torn.status, 3);
+    EXPECT_THAT(torn.err, HasSubstr("INCOMPLETE. Database Definitions ARE INCOMPLETE"));
+
+    const Outcome refused = m_case.run({"update", "--json"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.out, IsEmpty());
+    EXPECT_THAT(refused.err,
+                StartsWith("Error During Processing\n  The Last Refresh of the Database Definitions Did "
+                           "Not Finish.\n"));
+    EXPECT_EQ(m_case.dump("drives/c/NORTH/WORK.MDB")["tables"][0]["name"], "Kept");
+
+    fs::remove(m_case.folder.driveC() / "REF" / "ZTORN.MDB");
+    m_case.load("drives/c/REF/ZTORN.MDB", databaseOf({crew()}));
+    EXPECT_EQ(m_case.run({"refresh"}).status, 0);
+    EXPECT_EQ(m_case.run({"update"}).status, 0);
+    EXPECT_EQ(m_case.dump("drives/c/NORTH/WORK.MDB")["tables"][0]["name"], "CREW");
 }
 
 // The lists are emptied in the file of that name in the network's folder.
@@ -154,7 +186,8 @@ TEST_F(RefreshTest, ADefinitionDatabaseThatMayOnlyBeReadCannotStart) {
     Program refresh(TOL_CTL_PROGRAM, {"refresh", "--json"}, m_case.folder.path(), withoutRightsOfRoot);
     EXPECT_EQ(refresh.wait(), 1);
     EXPECT_THAT(refresh.out(), IsEmpty());
-    EXPECT_THAT(refresh.err(), HasSubstr("Cannot Obtain Exclusive use of the Table: NEWDEF"));
+    EXPECT_THAT(refresh.err(), HasSubstr("Error: 3027 RefreshDefinitions"));
+    EXPECT_THAT(refresh.err(), HasSubstr("'" + (m_case.folder / "ZOVDEF.MDB").string() + "' is read-only."));
 }
 
 } // namespace
