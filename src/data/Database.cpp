@@ -57,6 +57,11 @@ TableDef Database::CreateTableDef(const std::string& name) const {
     return TableDef(std::make_shared<TableCore>(name, core().acceptsAsFound()));
 }
 
+void Database::RequireUpdatable() const {
+    core().requireWritable();
+    core().store().requireWritable();
+}
+
 void Database::AcceptAsFound() {
     core().acceptAsFound();
 }

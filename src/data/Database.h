@@ -36,6 +36,9 @@ class Database {
     [[nodiscard]] data::TableDefs TableDefs() const;
     [[nodiscard]] data::TableDef TableDefs(std::string_view name) const { return TableDefs()(name); }
     [[nodiscard]] TableDef CreateTableDef(const std::string& name) const;
+    /// Raises what would keep any change from the file: 3027 where it or its folder may only be read, 3218
+    /// where another holds it. Leaves it as it is.
+    void RequireUpdatable() const;
     /// What changes of definitions since the last call could not keep of what other programs had declared.
     SchemaNotes takeNotes();
     /// From now on takes names and values as another database had them: names that nothing new may have,

@@ -122,6 +122,8 @@ class Store {
     virtual void commit() = 0;
     virtual void rollback() = 0;
     virtual void settle() = 0;
+    /// Raises what would keep any change from the file: 3027, 3051, 3218 and so on. Leaves it as it is.
+    virtual void requireWritable() = 0;
 };
 
 /// A kind of storage.

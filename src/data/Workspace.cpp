@@ -67,6 +67,10 @@ void Workspace::CommitTrans(int options) {
     core.commit(); // every commit is forced to the disk
 }
 
+void Workspace::Rollback() {
+    openCore().rollback();
+}
+
 void Workspace::Close() {
     openCore().close();
 }

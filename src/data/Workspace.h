@@ -36,6 +36,8 @@ class Workspace {
     void BeginTrans();
     /// 3034 without a transaction.
     void CommitTrans(int options = 0);
+    /// Undoes the transaction as a whole, however often it was begun within itself. 3034 without one.
+    void Rollback();
     void Close();
 
   private:

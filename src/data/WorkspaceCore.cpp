@@ -28,7 +28,7 @@ void WorkspaceCore::begin() {
                     join(database->sharedStore());
             }
         } catch (...) {
-            rollback();
+            undo();
             throw;
         }
     }
@@ -46,11 +46,17 @@ void WorkspaceCore::commit() {
     --m_depth;
 }
 
+void WorkspaceCore::rollback() {
+    if (m_depth == 0)
+        runtime::raise(runtime::errNoTransaction);
+    undo();
+}
+
 void WorkspaceCore::close() {
     if (!std::exchange(m_open, false))
         return;
     FirstError errors;
-    errors.attempt([&] { rollback(); });
+    errors.attempt([&] { undo(); });
     for (const auto& entry : std::exchange(m_databases, {})) {
         if (const auto database = entry.lock())
             errors.attempt([&] { database->close(); });
@@ -66,7 +72,7 @@ void WorkspaceCore::join(const std::shared_ptr<SharedStore>& store) {
     m_begun.push_back(store);
 }
 
-void WorkspaceCore::rollback() {
+void WorkspaceCore::undo() {
     m_depth = 0;
     FirstError errors;
     for (const auto& store : std::exchange(m_begun, {}))

@@ -26,13 +26,14 @@ class WorkspaceCore {
     std::shared_ptr<DatabaseCore> add(std::shared_ptr<SharedStore> store, bool readOnly);
     void begin();
     void commit();
+    void rollback();
     /// Rolls back what was not committed and closes the databases. The first error is raised at the end.
     /// Does nothing when closed.
     void close();
 
   private:
     void join(const std::shared_ptr<SharedStore>& store);
-    void rollback();
+    void undo();
 
     std::string m_name;
     bool m_open = true;

@@ -100,6 +100,7 @@ class PlayedStore : public Store {
     void commit() override { m_calls->tell("commit " + m_path.filename().string()); }
     void rollback() override { m_calls->tell("rollback " + m_path.filename().string()); }
     void settle() override { m_calls->tell("settle"); }
+    void requireWritable() override { m_calls->tell("requireWritable"); }
 
   private:
     std::filesystem::path m_path;

@@ -4,6 +4,8 @@
 #include "runtime/Host.h"
 #include "support/SecondProcess.h"
 
+#include <gmock/gmock.h>
+
 #include <chrono>
 #include <stdexcept>
 #include <thread>
@@ -108,6 +110,43 @@ TEST_P(Transactions, NeedABegin) {
     EXPECT_EQ(raised([&] { return workspace.CommitTrans(7); }), "3001 Invalid argument.");
     workspace.CommitTrans();
     EXPECT_EQ(raised([&] { return workspace.CommitTrans(); }), "3034 Commit or Rollback without BeginTrans.");
+}
+
+TEST_P(Transactions, RollbackLeavesTheDatabaseOpenAndAsItWas) {
+    {
+        Recordset rows = open("T");
+        add(rows, {{"A", 1}});
+    }
+    TableDef table = database.TableDefs("T");
+    workspace.BeginTrans();
+    workspace.BeginTrans();
+    table.Fields().Append(table.CreateField("B", dbLong));
+    {
+        Recordset rows = open("T");
+        add(rows, {{"A", 2}, {"B", 2}});
+    }
+    workspace.Rollback();
+    EXPECT_EQ(table.Fields().Count(), 1);
+    Recordset rows = open("T");
+    EXPECT_EQ(walk(rows, "A"), Texts{"1"});
+    rows.Close();
+    table.Fields().Append(table.CreateField("B", dbText, 5));
+    DBEngine::settle();
+    reopen();
+    EXPECT_EQ(database.TableDefs("T").Fields()("B").Type(), dbText);
+    EXPECT_EQ(raised([&] { workspace.Rollback(); }), "3034 Commit or Rollback without BeginTrans.");
+}
+
+TEST_P(Transactions, TheLookWhetherTheFileTakesChangesLeavesItAsItIs) {
+    Recordset rows = open("T");
+    add(rows, {{"A", 1}});
+    add(rows, {{"A", 2}});
+    database.RequireUpdatable();
+    add(rows, {{"A", 3}});
+    EXPECT_EQ(walk(rows, "A"), (Texts{"1", "2", "3"}));
+    Workspace reader = DBEngine::CreateWorkspace("wksREAD");
+    EXPECT_THAT(raised([&] { reader.OpenDatabase("TEST.MDB", false, true).RequireUpdatable(); }),
+                testing::StartsWith("3027 "));
 }
 
 TEST_P(Transactions, NestedOnesCommitWithTheOutermost) {

@@ -355,4 +355,18 @@ void SqliteStore::settle() {
     m_session->writes().settle();
 }
 
+/// Nothing but a write shows whether the file, its folder and its disk take one: here one that changes
+/// nothing and is taken back.
+void SqliteStore::requireWritable() {
+    begin();
+    try {
+        Connection& connection = m_session->connection();
+        connection.execute("PRAGMA user_version = " + connection.text("PRAGMA user_version"));
+    } catch (...) {
+        rollback();
+        throw;
+    }
+    rollback();
+}
+
 } // namespace tol::data::sqlite

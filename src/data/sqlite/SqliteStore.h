@@ -47,6 +47,7 @@ class SqliteStore : public Store, public std::enable_shared_from_this<SqliteStor
     void commit() override;
     void rollback() override;
     void settle() override;
+    void requireWritable() override;
 
     [[nodiscard]] Session& session() { return *m_session; }
 

@@ -143,6 +143,7 @@ TEST_F(Faults, AReadOnlyFileCanBeReadAndRefusesChanges) {
         require(errorOf([&] { store->createTable(definitionOf("N")); }).number() == 3027,
                 "another error for a step");
         require(errorOf([&] { engine.compact(file()); }).number() == 3027, "another error for compaction");
+        require(errorOf([&] { store->requireWritable(); }).number() == 3027, "counts as writable");
     });
     EXPECT_EQ(user.finish(), 0);
     EXPECT_EQ(folder.read(file()), before);
@@ -159,9 +160,12 @@ TEST_F(Faults, AReadOnlyFolderLetsTheFileBeReadAndRefusesChanges) {
         require(column(*store, "T", 0).size() == 1000, "rows can't be read");
         const auto cursor = store->openCursor("T");
         require(cursor->first(), "no row");
-        const auto error = errorOf([&] { cursor->remove(); });
-        require(error.number() == 3027 || error.number() == 3051, "another error");
-        require(error.description().find(file().string()) != std::string::npos, "no file named");
+        for (const auto& write : std::initializer_list<std::function<void()>>{
+                 [&] { store->requireWritable(); }, [&] { cursor->remove(); }}) {
+            const auto error = errorOf(write);
+            require(error.number() == 3027 || error.number() == 3051, "another error");
+            require(error.description().find(file().string()) != std::string::npos, "no file named");
+        }
     });
     EXPECT_EQ(user.finish(), 0);
     std::filesystem::permissions(folder.path(), std::filesystem::perms(0755));
