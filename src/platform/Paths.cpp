@@ -151,14 +151,21 @@ Resolved resolve(const Parsed& parsed) {
     return {path, fs::file_type::not_found, found};
 }
 
+bool isShare(const Parsed& parsed) {
+    return parsed.driveNames == 2;
+}
+
+std::string driveText(const Parsed& parsed) {
+    return isShare(parsed) ? fmt::format("\\\\{}\\{}", parsed.names[0], parsed.names[1])
+                           : runtime::upperCase(parsed.names[0]) + ":";
+}
+
 [[noreturn]] void raiseNoDrive(const Parsed& parsed) {
-    const bool isShare = parsed.driveNames == 2;
-    const std::string drive = isShare ? fmt::format("\\\\{}\\{}", parsed.names[0], parsed.names[1])
-                                      : runtime::upperCase(parsed.names[0]) + ":";
     throw RuntimeError(runtime::errPathNotFound,
                        fmt::format("{}: there is no {} '{}' in the folder of drives '{}'.",
-                                   runtime::describe(runtime::errPathNotFound), isShare ? "share" : "drive",
-                                   drive, drivesFolder().string()));
+                                   runtime::describe(runtime::errPathNotFound),
+                                   isShare(parsed) ? "share" : "drive", driveText(parsed),
+                                   drivesFolder().string()));
 }
 
 /// The folder in which the user's programs keep their data.
@@ -188,6 +195,18 @@ std::string dir(std::string_view text) {
     if (!exists(resolved.type) || resolved.type == fs::file_type::directory)
         return {};
     return resolved.path.filename().string();
+}
+
+std::string missingFolder(std::string_view file) {
+    const auto end = file.find_last_of(separators);
+    if (end == std::string_view::npos)
+        return {};
+    const std::string_view folder = file.substr(0, end);
+    const Parsed parsed = parse(folder);
+    const Resolved resolved = resolve(parsed);
+    if (resolved.namesFound < parsed.driveNames)
+        return driveText(parsed);
+    return resolved.type == fs::file_type::directory ? std::string() : std::string(folder);
 }
 
 std::string currentFolder() {

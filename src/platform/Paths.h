@@ -21,6 +21,10 @@ std::filesystem::path hostPath(std::string_view text);
 /// for, "" when there is none, when it is a folder, or when its drive or share does not exist.
 std::string dir(std::string_view text);
 
+/// The folder in which the file that the text stands for would lie, where that is not there: its drive ("S:")
+/// or share where there is none such, else the folder. "" when the folder exists.
+std::string missingFolder(std::string_view file);
+
 /// The current folder as a text, without a trailing separator (the root excepted).
 std::string currentFolder();
 

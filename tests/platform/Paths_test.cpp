@@ -53,6 +53,20 @@ TEST_F(Paths, MissingDriveNamesTheFolderOfDrives) {
     EXPECT_EQ(errorOf([] { hostPath("Q:"); }), 76);
 }
 
+TEST_F(Paths, TellsWhichFolderOrDriveIsNotThere) {
+    folder.write("drives/c/Jobs/North/Main.MDB", "x");
+    using platform::missingFolder;
+    EXPECT_EQ(missingFolder("C:\\JOBS\\NORTH\\MAIN.MDB"), "");
+    EXPECT_EQ(missingFolder("C:\\JOBS\\NORTH\\OTHER.MDB"), "");
+    EXPECT_EQ(missingFolder("C:\\OTHER.MDB"), "");
+    EXPECT_EQ(missingFolder("OTHER.MDB"), "");
+    EXPECT_EQ(missingFolder("C:\\JOBS\\SOUTH\\MAIN.MDB"), "C:\\JOBS\\SOUTH");
+    EXPECT_EQ(missingFolder("C:\\JOBS\\NORTH\\MAIN.MDB\\X.MDB"), "C:\\JOBS\\NORTH\\MAIN.MDB");
+    EXPECT_EQ(missingFolder("q:\\JOBS\\MAIN.MDB"), "Q:");
+    EXPECT_EQ(missingFolder("\\\\SERVER\\OTHER\\X\\MAIN.MDB"), "\\\\SERVER\\OTHER");
+    EXPECT_EQ(missingFolder(here("srv") + "/x.mdb"), here("srv"));
+}
+
 TEST_F(Paths, SharesLieUnderUnc) {
     folder.write("drives/unc/server/Jobs/x/MAIN.mdb", "x");
     EXPECT_EQ(hostPath("\\\\SERVER\\JOBS\\X\\MAIN.MDB"), folder / "drives/unc/server/Jobs/x/MAIN.mdb");
