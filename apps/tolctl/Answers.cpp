@@ -1,20 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "tolctl/Answers.h"
 
+#include <map>
+
 #include <unistd.h>
 
 namespace tol::ctl {
 
 using runtime::MsgResult;
 
-const std::map<std::string, OnUnconvertible>& onUnconvertibleWords() {
+std::optional<OnUnconvertible> onUnconvertibleFor(const std::string& word) {
     static const std::map<std::string, OnUnconvertible> words = {
         {"ask", OnUnconvertible::Ask},
         {"continue", OnUnconvertible::Continue},
         {"quiet", OnUnconvertible::Quiet},
         {"stop", OnUnconvertible::Stop},
     };
-    return words;
+    const auto found = words.find(word);
+    return found == words.end() ? std::nullopt : std::optional(found->second);
 }
 
 OnUnconvertible usualOnUnconvertible() {

@@ -3,7 +3,6 @@
 
 #include "runtime/Host.h"
 
-#include <map>
 #include <optional>
 #include <string>
 
@@ -17,8 +16,9 @@ enum class OnUnconvertible {
     Stop,     ///< do not go on
 };
 
-/// The words for the command line.
-const std::map<std::string, OnUnconvertible>& onUnconvertibleWords();
+/// The words for the command line; and what such a word stands for, nothing for any other.
+inline constexpr const char* onUnconvertibleWords = "ask|continue|quiet|stop";
+std::optional<OnUnconvertible> onUnconvertibleFor(const std::string& word);
 /// Ask where there is a person to be asked, else Stop.
 OnUnconvertible usualOnUnconvertible();
 

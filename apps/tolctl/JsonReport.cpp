@@ -7,6 +7,7 @@
 
 #include <initializer_list>
 #include <iostream>
+#include <span>
 #include <utility>
 
 namespace tol::ctl {
@@ -15,16 +16,12 @@ namespace {
 /// Prints elements of an array, one a line.
 class JsonArray {
   public:
-    JsonArray() { std::cout << '['; }
-    JsonArray(const JsonArray&) = delete;
-    JsonArray& operator=(const JsonArray&) = delete;
-    ~JsonArray() { std::cout << (m_empty ? "]" : "\n]"); }
-
     /// Begins the next element.
     void next() {
-        std::cout << (m_empty ? "\n  " : ",\n  ");
+        std::cout << (m_empty ? "[\n  " : ",\n  ");
         m_empty = false;
     }
+    void end() { std::cout << (m_empty ? "[]" : "\n]"); }
 
   private:
     bool m_empty = true;
@@ -32,8 +29,7 @@ class JsonArray {
 
 using Member = std::pair<std::string_view, std::string_view>;
 
-template <typename Members>
-void printObject(const Members& members) {
+void printObject(std::span<const Member> members) {
     const char* separator = "{";
     for (const Member& member : members) {
         std::cout << separator;
@@ -45,12 +41,17 @@ void printObject(const Members& members) {
     std::cout << '}';
 }
 
+void printMembers(std::initializer_list<Member> members) {
+    printObject({members.begin(), members.size()});
+}
+
 } // namespace
 
 void printJsonText(std::string_view text) {
     std::cout << nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
+// What can't be read leaves nothing behind that looks like an answer.
 void printJsonActivity() {
     JsonArray array;
     forEachActivity([&](const update::ActivityRow& row) {
@@ -60,6 +61,7 @@ void printJsonActivity() {
         array.next();
         printObject(members);
     });
+    array.end();
 }
 
 void printJsonMessages(const MessageLog& messages) {
@@ -67,9 +69,27 @@ void printJsonMessages(const MessageLog& messages) {
     for (std::size_t i = 0; i < messages.size(); ++i) {
         const Message& message = messages[i];
         array.next();
-        printObject(std::initializer_list<Member>{
-            {"title", message.title}, {"text", message.text}, {"answer", message.answer}});
+        printMembers({{"title", message.title}, {"text", message.text}, {"answer", message.answer}});
     }
+    array.end();
+}
+
+void printJsonLeft(const std::vector<update::LeftDatabase>& databases) {
+    JsonArray array;
+    for (const update::LeftDatabase& left : databases) {
+        array.next();
+        printMembers({{"site", left.PATHNAME}, {"database", left.DBNAME}, {"box", left.box}});
+    }
+    array.end();
+}
+
+void printJsonMissing(const std::vector<update::MissingFolder>& folders) {
+    JsonArray array;
+    for (const update::MissingFolder& missing : folders) {
+        array.next();
+        printMembers({{"site", missing.PATHNAME}, {"folder", missing.folder}});
+    }
+    array.end();
 }
 
 void printJsonNotes(const std::vector<update::DefinitionNote>& notes) {

@@ -18,5 +18,8 @@ void printJsonActivity();
 void printJsonMessages(const MessageLog& messages);
 /// What a run could not keep of what other programs had declared, as an array of objects.
 void printJsonNotes(const std::vector<update::DefinitionNote>& notes);
+/// Databases that a run left, and folders that it did not find, as arrays of objects.
+void printJsonLeft(const std::vector<update::LeftDatabase>& databases);
+void printJsonMissing(const std::vector<update::MissingFolder>& folders);
 
 } // namespace tol::ctl

@@ -11,6 +11,7 @@
 #include "tolctl/Interrupt.h"
 #include "tolctl/LoadCommand.h"
 #include "tolctl/LogCommand.h"
+#include "tolctl/Output.h"
 #include "tolctl/RefreshCommand.h"
 #include "tolctl/UpdateCommand.h"
 #include "tolctl/UsageError.h"
@@ -27,7 +28,7 @@ constexpr const char* purpose =
 
 constexpr const char* closing =
     "Exit status: 0 finished; 1 could not start; 2 wrong usage; 3 finished, but a database stayed\n"
-    "incomplete or an error box was shown; 4 stopped.\n"
+    "incomplete, a folder is missing or an error box was shown; 4 stopped.\n"
     "Drive letters in the data are folders: those in $TOL_DRIVES, else in \"drives\" of the current folder,\n"
     "else in tolvane/drives of the user's data folder.";
 
@@ -89,9 +90,9 @@ ExitStatus Program::attempt(Work&& work) {
         return work();
     } catch (const CLI::Success& asked) {
         m_app.exit(asked);
-        return ExitStatus::Finished;
+        return finishOutput() ? ExitStatus::Finished : ExitStatus::CouldNotStart;
     } catch (const CLI::ParseError& error) {
-        m_app.exit(error);
+        tellUsage(error);
         return ExitStatus::WrongUsage;
     } catch (const UsageError& error) {
         tell(error.what());
@@ -105,6 +106,15 @@ ExitStatus Program::attempt(Work&& work) {
         tell(error.what());
         return ExitStatus::CouldNotStart;
     }
+}
+
+/// A word in the command's place that is none is named: the parser itself only misses the command.
+void Program::tellUsage(const CLI::ParseError& error) const {
+    const std::vector<std::string> unknown = m_app.remaining();
+    if (m_app.get_subcommands().empty() && !unknown.empty())
+        tell("there is no command or option \"" + unknown.front() + "\"; see tolctl --help.");
+    else
+        m_app.exit(error);
 }
 
 ExitStatus Program::runChosen() {

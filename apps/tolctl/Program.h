@@ -24,6 +24,7 @@ class Program {
     template <typename Work>
     ExitStatus attempt(Work&& work);
     ExitStatus runChosen();
+    void tellUsage(const CLI::ParseError& error) const;
     void enterFolder() const;
 
     CLI::App m_app;

@@ -95,7 +95,6 @@ ExitStatus RefreshCommand::execute() {
     countRows();
     update::DefinitionRefresh refresh(view, netLocation());
     host.onStop([&] { refresh.Cancel(); });
-    host.placeFrom([&] { return view.place(); });
     const RefreshOutcome outcome = refresh.RefreshDefinitions();
     m_progress.clear();
     const Report report = reportOf(outcome);

@@ -37,11 +37,9 @@ MsgResult TerminalHost::showMsgBox(const std::string& text, runtime::MsgStyle st
         return answerQuestion(text, title);
     // Nobody is there to confirm what an OK would do.
     const MsgResult answer = style.buttons == MsgButtons::Ok ? MsgResult::Ok : MsgResult::Cancel;
-    if (!m_repeated.exhausted(title, text)) {
-        print(text, title);
-        m_messages.add({title, text, wordFor(answer)});
-        noteTrouble(text, title);
-    }
+    print(text, title);
+    m_messages.add({title, text, wordFor(answer)});
+    m_troubled = true;
     return answer;
 }
 
@@ -86,24 +84,9 @@ void TerminalHost::print(const std::string& text, const std::string& title) {
         std::cerr << (line.empty() ? "" : "  ") << line << "\n";
 }
 
-void TerminalHost::noteTrouble(const std::string& text, const std::string& title) {
-    m_troubled = true;
-    if (!m_repeated.shown(m_place(), title, text))
-        return;
-    std::cerr << "This would go on for ever: it came " << RepeatedBox::limit
-              << " times in a row at the same place. Stopping.\n";
-    stop();
-}
-
 void TerminalHost::processEvents() {
-    m_repeated.yielded();
     if (interrupted())
-        stop();
-}
-
-void TerminalHost::stop() {
-    m_stopped = true;
-    m_stop();
+        m_stop();
 }
 
 void TerminalHost::endProgram() {

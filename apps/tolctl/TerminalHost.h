@@ -5,7 +5,6 @@
 #include "tolctl/Answers.h"
 #include "tolctl/MessageLog.h"
 #include "tolctl/ProgressLine.h"
-#include "tolctl/RepeatedBox.h"
 
 #include <functional>
 #include <set>
@@ -22,15 +21,12 @@ class TerminalHost : public runtime::Host {
 
     /// Called, perhaps more than once, when the work in hand is to stop.
     void onStop(std::function<void()> stop) { m_stop = std::move(stop); }
-    /// Tells where the work is, for boxes that come back.
-    void placeFrom(std::function<std::string()> place) { m_place = std::move(place); }
     /// Told of every question and its answer.
     void onQuestion(std::function<void(const Message&)> question) { m_question = std::move(question); }
 
     [[nodiscard]] const MessageLog& messages() const { return m_messages; }
     /// Whether a box told of trouble: any that was no question.
     [[nodiscard]] bool troubled() const { return m_troubled; }
-    [[nodiscard]] bool stopped() const { return m_stopped; }
 
   protected:
     runtime::MsgResult showMsgBox(const std::string& text, runtime::MsgStyle style,
@@ -42,19 +38,14 @@ class TerminalHost : public runtime::Host {
     runtime::MsgResult answerQuestion(const std::string& text, const std::string& title);
     runtime::MsgResult askPerson();
     void print(const std::string& text, const std::string& title);
-    void noteTrouble(const std::string& text, const std::string& title);
-    void stop();
 
     ProgressLine& m_progress;
     OnUnconvertible m_choice;
     std::function<void()> m_stop = [] {};
-    std::function<std::string()> m_place = [] { return std::string(); };
     std::function<void(const Message&)> m_question = [](const Message&) {};
     MessageLog m_messages;
-    RepeatedBox m_repeated;
     std::set<Message> m_told; ///< questions answered from the command line
     bool m_troubled = false;
-    bool m_stopped = false;
     runtime::HostScope m_scope{*this};
 };
 

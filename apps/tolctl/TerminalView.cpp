@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <iostream>
 
 namespace tol::ctl {
 
@@ -16,8 +17,6 @@ using update::RunLabel;
 // Called once for each row that is converted: it may do no more than keep the text.
 void TerminalView::showLabel(RunLabel label, const std::string& text) {
     m_labels[static_cast<std::size_t>(label)] = text;
-    if (label == RunLabel::NPDBNAME)
-        ++m_visits;
     m_progress.show([this] { return line(); });
 }
 
@@ -30,8 +29,26 @@ void TerminalView::showNote(const update::DefinitionNote& note) {
         m_notes.push_back(note);
 }
 
-std::string TerminalView::place() const {
-    return fmt::format("{} {}", m_visits, label(RunLabel::NP2));
+void TerminalView::showError(const update::ReportedError& error) {
+    if (m_errors.isRepeated(error))
+        m_leave();
+}
+
+void TerminalView::showLeft(const update::LeftDatabase& database) {
+    m_left.push_back(database);
+    m_progress.clear();
+    std::cerr << fmt::format("tolctl: left {}, {}, where the update could not go on; the run goes on with "
+                             "the next database.\n",
+                             trim(database.PATHNAME), trim(database.DBNAME));
+}
+
+void TerminalView::showMissing(const update::MissingFolder& folder) {
+    if (std::ranges::count(m_missing, folder) > 0)
+        return;
+    m_missing.push_back(folder);
+    m_progress.clear();
+    std::cerr << fmt::format("tolctl: {}: there is no folder or drive '{}'.\n", trim(folder.PATHNAME),
+                             folder.folder);
 }
 
 std::string TerminalView::line() const {
@@ -44,8 +61,6 @@ std::string TerminalView::line() const {
 
 void TerminalRefreshView::showLabel(RefreshLabel label, const std::string& text) {
     m_labels[static_cast<std::size_t>(label)] = text;
-    if (label == RefreshLabel::DBNAME)
-        ++m_visits;
     m_progress.show([this] {
         return fmt::format("{}  {}  {}{}", trim(this->label(RefreshLabel::DBNAME)),
                            trim(this->label(RefreshLabel::TNAME)), trim(this->label(RefreshLabel::INAME)),

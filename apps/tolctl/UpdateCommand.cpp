@@ -24,12 +24,19 @@ constexpr const char* stopped = "STOPPED";
 constexpr const char* closing =
     "Without --site and --all the only Job Site of the list is taken; where there are several, one must be\n"
     "chosen. Standard output gets the rows of the log as they are written, or with --json one object with\n"
-    "\"result\", \"rows\", \"messages\" and \"notes\".\n"
+    "\"result\", \"rows\", \"messages\", \"notes\", \"left\" and \"missing\".\n"
     "A value that can't convert to its field's new type is lost. \"ask\" asks before (usual where there is "
     "a\n"
     "terminal), \"continue\" goes on and warns again, \"quiet\" goes on without warning: the later rows of "
     "that\n"
     "field lose their values too, \"stop\" (usual without a terminal) stops the run.";
+
+OnUnconvertible onUnconvertibleOf(const std::string& word) {
+    if (const auto choice = onUnconvertibleFor(word))
+        return *choice;
+    throw CLI::ValidationError("--on-unconvertible",
+                               fmt::format("\"{}\" is none of {}", word, onUnconvertibleWords));
+}
 
 } // namespace
 
@@ -44,9 +51,11 @@ UpdateCommand::UpdateCommand(CLI::App& program)
         ->type_name("CODE")
         ->capture_default_str();
     app()
-        .add_option("--on-unconvertible", m_onUnconvertible, "What to do about values that can't convert")
-        ->type_name("ask|continue|quiet|stop")
-        ->transform(CLI::CheckedTransformer(onUnconvertibleWords()).description(""));
+        .add_option_function<std::string>(
+            "--on-unconvertible",
+            [this](const std::string& word) { m_onUnconvertible = onUnconvertibleOf(word); },
+            "What to do about values that can't convert")
+        ->type_name(onUnconvertibleWords);
     app().add_flag("--json", m_json, "Print the outcome as JSON");
     app().footer(closing);
 }
@@ -81,8 +90,8 @@ bool UpdateCommand::run(TerminalHost& host, TerminalView& view, RunSummary& summ
     for (const std::string& name : choice.withoutNumber())
         std::cerr << "tolctl: left out, since it has no number: " << name << "\n";
 
-    host.onStop([&] { update.Cancel(); });
-    host.placeFrom([&] { return view.place(); });
+    host.onStop([&] { update.Stop(update::StopRequest::EndRun); });
+    view.onRepeatedError([&] { update.Stop(update::StopRequest::LeaveDatabase); });
     host.onQuestion([&](const Message& question) {
         if (question.title == "Data Will Be Lost")
             summary.addUnconvertible(view.label(RunLabel::NPPATHNAME) + ", " + view.label(RunLabel::NPDBNAME),
@@ -91,7 +100,7 @@ bool UpdateCommand::run(TerminalHost& host, TerminalView& view, RunSummary& summ
     update.ProcessTaggedItems(mark);
     host.onStop([] {});
     m_progress.clear();
-    m_anyIncomplete = update.anyIncomplete() || !choice.withoutNumber().empty();
+    m_anyIncomplete = update.anyIncomplete() || !choice.withoutNumber().empty() || !view.missing().empty();
     m_ended = update.ended();
     return m_ended || !view.label(RunLabel::NPPATHNAME).empty();
 }
@@ -108,6 +117,10 @@ void UpdateCommand::report(const TerminalHost& host, const TerminalView& view,
         printJsonMessages(host.messages());
         std::cout << ",\n \"notes\": ";
         printJsonNotes(view.notes());
+        std::cout << ",\n \"left\": ";
+        printJsonLeft(view.left());
+        std::cout << ",\n \"missing\": ";
+        printJsonMissing(view.missing());
         std::cout << "}\n";
         return;
     }

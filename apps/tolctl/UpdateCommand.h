@@ -31,7 +31,7 @@ class UpdateCommand : public Command {
     OnUnconvertible m_onUnconvertible = usualOnUnconvertible();
     bool m_json = false;
     bool m_ended = false;         ///< the run came to its regular end, finished or stopped
-    bool m_anyIncomplete = false; ///< of the run, or a site was left out
+    bool m_anyIncomplete = false; ///< of the run, or a site was left out or its folder missing
     ProgressLine m_progress;
 };
 

@@ -3,6 +3,7 @@
 
 #include "definition_update/engine/UpdateView.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -20,9 +21,16 @@ class RecordingView : public update::UpdateView {
     }
     void showRecordLabels(bool visible) override { recordLabels = visible; }
     void resetActivity() override { activity.clear(); }
-    void showActivity(const update::ActivityRow& row) override { activity.push_back(row); }
+    void showActivity(const update::ActivityRow& row) override {
+        activity.push_back(row);
+        if (onActivity)
+            onActivity(row);
+    }
     void fillActivity() override { ++fills; }
     void showNote(const update::DefinitionNote& note) override { notes.push_back(note); }
+    void showError(const update::ReportedError& error) override { errors.push_back(error); }
+    void showLeft(const update::LeftDatabase& database) override { left.push_back(database); }
+    void showMissing(const update::MissingFolder& folder) override { missing.push_back(folder); }
 
     std::vector<update::RunState> states;
     std::vector<int> tagged;
@@ -32,6 +40,10 @@ class RecordingView : public update::UpdateView {
     std::vector<update::ActivityRow> activity;
     int fills = 0;
     std::vector<update::DefinitionNote> notes;
+    std::vector<update::ReportedError> errors;
+    std::vector<update::LeftDatabase> left;
+    std::vector<update::MissingFolder> missing;
+    std::function<void(const update::ActivityRow&)> onActivity;
 };
 
 } // namespace tol::test

@@ -110,15 +110,127 @@ TEST(UpdateStop, leavesNothingThatTwoFurtherRunsDoNotMend) {
     }
 }
 
-// A new table is finished whatever is pressed meanwhile: nothing in its making yields.
+// A new table is finished whatever is pressed meanwhile.
 TEST(UpdateStop, finishesTheTableInWork) {
     UpdateWorld world;
     prepare(world);
     UpdateRun run;
-    run.cancelAtYield = 2; // GROWS, MADE
+    run.cancelAtAction = "Added Field.";
     run(world);
-    EXPECT_TRUE(liveNow(world).contains("MADE"));
-    EXPECT_TRUE(liveNow(world).contains("GONE"));
+    EXPECT_FALSE(run.finished);
+    const Json live = liveNow(world);
+    ASSERT_TRUE(live.contains("MADE"));
+    EXPECT_EQ(live["MADE"]["fields"].size(), 2U);
+    EXPECT_EQ(live["TURNS"], completed(liveTables)["TURNS"]);
+    EXPECT_TRUE(live.contains("GONE"));
+}
+
+// A field is as it was or as it is wanted, with all its values.
+void expectWholeFields(const Json& live) {
+    EXPECT_EQ(column(live["TURNS"], "KEPT"), Json::parse("[11, 22, 33]"));
+    EXPECT_EQ(column(live["TURNS"], "NUMBER"), Json::parse("[1, 2, 3]"));
+    EXPECT_THAT(column(live["TURNS"], "SHORT"), testing::AnyOf(Json::parse(R"(["aaaaa", "bbbbb", "ccccc"])"),
+                                                               Json::parse(R"(["aa", "bb", "cc"])")));
+}
+
+bool isLogged(const std::string& table, const std::string& field, const std::string& action) {
+    bool found = false;
+    for (const Json& row : UpdateWorld::activityLog())
+        found = found || (row.at(2) == table && row.at(4) == field && row.at(5) == action);
+    return found;
+}
+
+// Texts that were cut and tables and fields that are gone: the log tells of each.
+void expectLossesTold(const Json& live) {
+    EXPECT_TRUE(column(live["TURNS"], "SHORT")[0] == "aaaaa" ||
+                isLogged("TURNS", "SHORT", "Changed Field Size. Some Data may be lost."));
+    EXPECT_TRUE(live.contains("GONE") || isLogged("GONE", " ", "Table: GONE Removed."));
+    EXPECT_TRUE(!column(live["GROWS"], "OLD").empty() || isLogged("GROWS", "OLD", "Removed Old Field."));
+}
+
+void expectValuesKept(UpdateWorld& world) {
+    expectMended(world);
+    EXPECT_EQ(column(liveNow(world)["TURNS"], "NUMBER"), Json::parse("[1, 2, 3]"));
+    EXPECT_EQ(column(liveNow(world)["TURNS"], "SHORT"), Json::parse(R"(["aa", "bb", "cc"])"));
+}
+
+// Unlike a Cancel.
+TEST(UpdateStop, keepsEveryValueWhenTheRunIsEnded) {
+    const int all = yieldsOfAWholeRun();
+    for (int at = 1; at <= all; ++at) {
+        SCOPED_TRACE("ended at yield " + std::to_string(at));
+        UpdateWorld world;
+        prepare(world);
+        UpdateRun ended;
+        ended.cancelAtYield = at;
+        ended.stopRequest = update::StopRequest::EndRun;
+        ended(world);
+        EXPECT_FALSE(ended.finished);
+        EXPECT_EQ(ended.view.labels[update::RunLabel::NPPATHNAME], "STOPPED");
+        expectWholeFields(liveNow(world));
+        expectValuesKept(world);
+    }
+}
+
+TEST(UpdateStop, keepsEveryValueWhenADatabaseIsLeft) {
+    const int all = yieldsOfAWholeRun();
+    int left = 0;
+    for (int at = 1; at <= all; at += 2) {
+        SCOPED_TRACE("left at yield " + std::to_string(at));
+        UpdateWorld world;
+        prepare(world);
+        UpdateRun run;
+        run.cancelAtYield = at;
+        run.stopRequest = update::StopRequest::LeaveDatabase;
+        run(world);
+        EXPECT_TRUE(run.finished);
+        expectWholeFields(liveNow(world));
+        if (!run.view.left.empty()) {
+            ++left;
+            EXPECT_TRUE(run.anyIncomplete);
+            EXPECT_TRUE(isLogged("ERROR ", "ERROR ", "DATABASE DEFINITION UPDATE INCOMPLETE."));
+        }
+        expectValuesKept(world);
+    }
+    EXPECT_GT(left, 10);
+}
+
+// Once it is left, neither pass comes back to it; the others get both.
+TEST(UpdateStop, goesOnBehindADatabaseThatIsLeft) {
+    UpdateWorld world;
+    prepare(world);
+    UpdateRun run;
+    run.cancelAtYield = 1;
+    run.stopRequest = update::StopRequest::LeaveDatabase;
+    run(world);
+    EXPECT_EQ(UpdateWorld::activityLog().back(),
+              Json::parse(R"(["NORTH", "MORE", " ", " ", " ", "Database Ok. No Changes Made."])"));
+    ASSERT_EQ(run.view.left.size(), 1U);
+    EXPECT_EQ(run.view.left[0].PATHNAME, "NORTH");
+    EXPECT_EQ(run.view.left[0].DBNAME, "JOBS");
+    int rows = 0;
+    for (const Json& row : UpdateWorld::activityLog())
+        rows += row.at(1) == "MORE" || row.at(5) == "DATABASE DEFINITION UPDATE INCOMPLETE." ? 1 : 0;
+    EXPECT_EQ(rows, 3);
+}
+
+TEST(UpdateStop, losesNoValueWhenTheProgramIsKilled) {
+    const int all = yieldsOfAWholeRun();
+    for (int at = 1; at <= all; ++at) {
+        SCOPED_TRACE("killed at yield " + std::to_string(at));
+        UpdateWorld world;
+        prepare(world);
+        SecondProcess killed([&](const SecondProcess::Steps&) {
+            UpdateRun run;
+            run.killAtYield = at;
+            run(world);
+        });
+        EXPECT_NE(killed.finish(), 0);
+        const Json live = liveNow(world);
+        expectWholeFields(live);
+        expectLossesTold(live);
+        expectValuesKept(world);
+    }
 }
 
 class OtherProcess : public testing::Test {

@@ -7,7 +7,9 @@
 #include "runtime/Conversions.h"
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
+#include <unistd.h>
 
 namespace tol::test {
 
@@ -203,10 +205,19 @@ void UpdateRun::operator()(UpdateWorld& world) {
         const bool boxReached =
             cancelAfterBox > 0 && static_cast<int>(world.host.boxes.size()) >= cancelAfterBox;
         if (world.host.yields == cancelAtYield || boxReached)
-            updating.Cancel();
+            updating.Stop(stopRequest);
+        if (world.host.yields == killAtYield) {
+            data::DBEngine::settle();
+            kill(getpid(), SIGKILL);
+        }
+    };
+    view.onActivity = [&](const update::ActivityRow& row) {
+        if (row.Action == cancelAtAction)
+            updating.Stop(stopRequest);
     };
     updating.ProcessTaggedItems(currentMark);
     world.host.onYield = {};
+    view.onActivity = {};
     yields = world.host.yields;
     finished = updating.ContinueRun();
     ended = updating.ended();

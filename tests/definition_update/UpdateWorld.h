@@ -3,6 +3,7 @@
 
 #include "JsonDatabase.h"
 #include "RecordingView.h"
+#include "definition_update/engine/DefinitionUpdate.h"
 #include "support/Environment.h"
 #include "support/TempFolder.h"
 #include "support/TestHost.h"
@@ -48,7 +49,11 @@ struct UpdateRun {
     bool tagAll = true;
     int currentSite = -1; ///< the highlight; -1 for an empty list
     int cancelAtYield = 0;
-    int cancelAfterBox = 0; ///< the yield behind that box
+    int cancelAfterBox = 0;     ///< the yield behind that box
+    std::string cancelAtAction; ///< while the first row with this action is logged
+    update::StopRequest stopRequest = update::StopRequest::Cancel; ///< what is asked for there
+    /// The process is killed at that yield, when what was written before it has come to the disk.
+    int killAtYield = 0;
 
     void operator()(UpdateWorld& world);
 

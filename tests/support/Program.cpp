@@ -105,9 +105,9 @@ int Program::kill() {
     return wait();
 }
 
-void Program::interrupt() const {
+void Program::signal(int number) const {
     if (m_process > 0)
-        ::kill(m_process, SIGINT);
+        ::kill(m_process, number);
 }
 
 std::string Program::out() const {

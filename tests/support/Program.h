@@ -28,8 +28,8 @@ class Program {
     void end();
     /// Ends it as a power cut would: nothing that it has open is closed by itself. Waits for the end.
     int kill();
-    /// Asks it to end, as Ctrl+C does.
-    void interrupt() const;
+    /// Sends it a signal: SIGINT as Ctrl+C does.
+    void signal(int number) const;
 
     [[nodiscard]] std::string out() const;
     [[nodiscard]] std::string err() const;

@@ -55,8 +55,8 @@ void DefinitionUpdate::ProcessTaggedItems(const std::string& currentMark) {
     m_state->driver.ProcessTaggedItems(m_state->DBPATHS, currentMark);
 }
 
-void DefinitionUpdate::Cancel() {
-    m_state->update.ContinueRun = false;
+void DefinitionUpdate::Stop(StopRequest request) {
+    m_state->update.stop(request);
 }
 
 bool DefinitionUpdate::ContinueRun() const {

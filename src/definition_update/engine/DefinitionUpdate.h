@@ -20,6 +20,16 @@ struct TaggedSite {
 inline constexpr int maxTaggedItems = 51;
 using TagList = std::array<TaggedSite, maxTaggedItems>;
 
+/// What may be asked of a run while it works; the later ones outweigh the earlier. It is done at the next
+/// yield.
+enum class StopRequest {
+    None,
+    LeaveDatabase, ///< go on with the next database; a field under conversion stays as it was
+    EndRun,        ///< end the run; a field under conversion stays as it was
+    Cancel,        ///< end the run; a change of type is finished with the rows that it has reached, and the
+                   ///< others lose their values in that field
+};
+
 /// One run of the update over the tagged Job Sites, in the program's current folder. It owns the
 /// definition database (ZOVDEF.MDB) and its ACTIVITYLOG from construction, and the Job Site list
 /// (DBPATHS.MDB) until the run starts. An object serves one run. The constructor raises what opening
@@ -41,12 +51,11 @@ class DefinitionUpdate {
     [[nodiscard]] data::Recordset openACTIVITYLOG();
 
     void ProcessTaggedItems(const std::string& currentMark);
-    /// Asks the run to stop; it does so at its next yield.
-    void Cancel();
+    void Stop(StopRequest request);
     [[nodiscard]] bool ContinueRun() const;
 
-    /// What a terminal run needs to tell its exit status: a database was marked incomplete, and whether
-    /// the run came to its regular end ("Finished" or "STOPPED").
+    /// What a terminal run needs to tell its exit status: a database was marked incomplete or left, and
+    /// whether the run came to its regular end ("Finished" or "STOPPED").
     [[nodiscard]] bool anyIncomplete() const;
     [[nodiscard]] bool ended() const;
 

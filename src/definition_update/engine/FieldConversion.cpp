@@ -3,10 +3,11 @@
 
 #include "definition_update/engine/ActivityLog.h"
 #include "definition_update/engine/ConversionMatrix.h"
-#include "definition_update/engine/ErrorReport.h"
+#include "definition_update/engine/Procedure.h"
 #include "runtime/Conversions.h"
 #include "runtime/Host.h"
 #include "runtime/Text.h"
+#include "shell/vdfunctions/vdfunctions.h"
 
 #include <cstdint>
 #include <optional>
@@ -37,6 +38,15 @@ std::optional<Value> readableValue(const data::Field& field) {
     }
 }
 
+/// Takes the field's value from all rows behind the current one.
+void clearBehind(data::Recordset& rows, data::Field& field) {
+    for (rows.MoveNext(); !rows.AtEOF(); rows.MoveNext()) {
+        rows.Edit();
+        field.Value(runtime::Null{});
+        rows.Update();
+    }
+}
+
 } // namespace
 
 void deleteAllIndexes(data::TableDef& table) {
@@ -46,39 +56,33 @@ void deleteAllIndexes(data::TableDef& table) {
 
 // The last steps of a conversion are stored with the first ones of the next, or by ModifyTable at its end.
 //
-// The run may go on when the operator pressed Cancel, and must not when he answered No: the old field is kept
-// by the answer alone, which ProcessDatabase tells.
+// The run may go on when the operator pressed Cancel, and must not when he answered No: his answer keeps the
+// old field, Cancel does not.
 void FieldConversion::ConvertFieldType() {
-    trapError(boxFor(updateForm, "ConvertFieldType"), [this] {
+    runStep(m_s, "ConvertFieldType", [this] {
         m_s.WarnUnconvertible = true;
         showLabels();
         deleteAllIndexes(*m_s.tableDef);
-        appendField(temporaryField, true);
+        appendTemporaryField(true);
         convertRows();
-        if (m_s.ProcessDatabase) {
-            replaceOldField(true);
-            WriteActivityLog(m_s, m_s.TNAME, " ", m_s.FNAME,
-                             std::string("Changed Field Type. ") +
-                                 (m_s.UnableToConvert ? "DATA MAY BE LOST" : " "));
-        }
+        if (!m_s.keepsOldField())
+            replaceOldField(std::string("Changed Field Type. ") +
+                            (m_s.UnableToConvert ? "DATA MAY BE LOST" : " "));
         hideLabels();
     });
 }
 
 // Unlike a change of type, a change of size keeps the old field whenever the run was stopped.
 void FieldConversion::ChangeFieldSize() {
-    trapError(boxFor(updateForm, "ChangeFieldSize"), [this] {
+    runStep(m_s, "ChangeFieldSize", [this] {
         m_s.WarnUnconvertible = true;
         showLabels();
         deleteAllIndexes(*m_s.tableDef);
-        appendField(temporaryField, false);
+        appendTemporaryField(false);
         resizeRows();
-        if (m_s.ContinueRun) {
-            replaceOldField(false);
-            WriteActivityLog(m_s, m_s.TNAME, " ", m_s.FNAME,
-                             std::string("Changed Field Size. ") +
-                                 (m_s.UnableToConvert ? "Some Data may be lost." : " "));
-        }
+        if (m_s.ContinueRun)
+            replaceOldField(std::string("Changed Field Size. ") +
+                            (m_s.UnableToConvert ? "Some Data may be lost." : " "));
         hideLabels();
     });
 }
@@ -142,19 +146,32 @@ void FieldConversion::resizeRows() {
     rows.Close();
 }
 
-// The values that were not stored come back as the wanted type's blank.
-void FieldConversion::replaceOldField(bool memoAllowsZeroLength) {
-    m_s.tableDef->Fields().Delete(m_s.FNAME);
-    appendField(m_s.FNAME, memoAllowsZeroLength);
+// A stop that has come meanwhile, and is no Cancel, keeps the old field.
+void FieldConversion::replaceOldField(const std::string& action) {
+    fillBlanks();
+    if (m_s.keepsOldField())
+        return;
+    const auto exchange = [this] {
+        m_s.tableDef->Fields().Delete(m_s.FNAME);
+        m_s.tableDef->Fields()(temporaryField).Name(m_s.FNAME);
+    };
+    changeAndLog(m_s, exchange, m_s.TNAME, m_s.FNAME, action);
+}
+
+// Values that were not stored become the wanted type's blank. The rows that a Cancel kept from being reached
+// end without a value.
+void FieldConversion::fillBlanks() {
     data::Recordset rows = m_s.target.OpenRecordset(m_s.TNAME);
-    const data::Field from = rows.Fields(temporaryField);
-    data::Field to = rows.Fields(m_s.FNAME);
+    data::Field value = rows.Fields(temporaryField);
     eachRow(rows, [&] {
-        to.Value(vdNullCheck(from));
+        if (!value.Value().isNull())
+            return;
+        value.Value(vdNullCheck(value));
         rows.Update();
     });
+    if (!rows.AtEOF() && !m_s.keepsOldField())
+        clearBehind(rows, value);
     rows.Close();
-    m_s.tableDef->Fields().Delete(temporaryField);
 }
 
 void FieldConversion::eachRow(data::Recordset& rows, const std::function<void()>& change) {
@@ -174,11 +191,11 @@ void FieldConversion::eachRow(data::Recordset& rows, const std::function<void()>
     }
 }
 
-void FieldConversion::appendField(const std::string& name, bool memoAllowsZeroLength) {
+void FieldConversion::appendTemporaryField(bool memoAllowsZeroLength) {
     data::TableDef& table = *m_s.tableDef;
-    table.Fields().Append(table.CreateField(name, m_s.FTYPE, m_s.FSIZE));
+    table.Fields().Append(table.CreateField(temporaryField, m_s.FTYPE, m_s.FSIZE));
     if (m_s.FTYPE == data::dbText || (memoAllowsZeroLength && m_s.FTYPE == data::dbMemo))
-        table.Fields()(name).AllowZeroLength(true);
+        table.Fields()(temporaryField).AllowZeroLength(true);
 }
 
 void FieldConversion::showLabels() {

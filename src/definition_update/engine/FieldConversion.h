@@ -11,8 +11,9 @@ namespace tol::update {
 /// Deletes every index of the table, whether or not it has the field in work.
 void deleteAllIndexes(data::TableDef& table);
 
-/// Rebuilds the field in work under its wanted type or size by way of a second field, row by row. After a
-/// stop or an error the second field stays in the table until a later pass removes it as an old field.
+/// Rebuilds the field in work under its wanted type or size by way of a second field, row by row. The old
+/// field stays whole until the second one takes its place, in one step. After a stop or an error before that
+/// the second field stays in the table until a later pass removes it as an old field.
 class FieldConversion {
   public:
     explicit FieldConversion(UpdateState& state) : m_s(state) {}
@@ -23,12 +24,12 @@ class FieldConversion {
   private:
     void showLabels();
     void hideLabels();
-    void appendField(const std::string& name, bool memoAllowsZeroLength);
+    void appendTemporaryField(bool memoAllowsZeroLength);
     void eachRow(data::Recordset& rows, const std::function<void()>& change);
     void convertRows();
     void resizeRows();
-    /// Puts the wanted field in the old one's place and moves the values there.
-    void replaceOldField(bool memoAllowsZeroLength);
+    void replaceOldField(const std::string& action);
+    void fillBlanks();
     void askAboutUnconvertible();
 
     UpdateState& m_s;

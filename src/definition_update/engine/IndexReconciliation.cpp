@@ -3,6 +3,7 @@
 
 #include "definition_update/engine/ActivityLog.h"
 #include "definition_update/engine/ErrorReport.h"
+#include "definition_update/engine/Procedure.h"
 #include "runtime/Conversions.h"
 #include "runtime/Host.h"
 #include "runtime/Text.h"
@@ -47,7 +48,7 @@ std::optional<data::TableDef> findTable(const data::Database& database, const st
 // OLDINDEXES stays what the capture found. An index that this pass deleted with a converted or removed
 // field is thus neither made again here nor logged as removed; the next capture sees what is missing.
 void IndexReconciliation::UpdateIndexDefs() {
-    reportErrors(updateForm, "UpdateIndexDefs", [this] {
+    runProcedure(m_s, "UpdateIndexDefs", [this] {
         m_tables.removeOldDefinitions();
         makeWantedIndexes();
         removeOldIndexes();
@@ -76,6 +77,7 @@ void IndexReconciliation::makeWantedIndexes() {
 void IndexReconciliation::makeIndex(const IndexRows& wanted, bool hasOtherKeys) {
     m_s.tableDef = m_s.target.TableDefs(m_s.TNAME);
     data::TableDef& table = *m_s.tableDef;
+    requireUpdatableTarget(m_s);
     if (hasOtherKeys)
         deleteIndex(table, m_indexName);
     const std::string action = hasOtherKeys ? "Changed Index Keys." : "Created New Index.";
@@ -128,6 +130,7 @@ void IndexReconciliation::UpdateOPOS() {
     const auto report = [this](const runtime::RuntimeError& error) {
         shell::vdProcessError(updateForm, std::to_string(error.number()),
                               error.description() + " UpdateOPOS Table: " + m_s.TNAME);
+        noteError(m_s, "UpdateOPOS", error.number());
     };
     trapErrors(report, [this] { setPositions(); });
 }

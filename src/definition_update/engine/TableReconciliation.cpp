@@ -2,7 +2,7 @@
 #include "definition_update/engine/TableReconciliation.h"
 
 #include "definition_update/engine/ActivityLog.h"
-#include "definition_update/engine/ErrorReport.h"
+#include "definition_update/engine/Procedure.h"
 #include "runtime/Conversions.h"
 #include "runtime/Host.h"
 #include "runtime/Text.h"
@@ -18,7 +18,7 @@ using shell::vdRecordOK;
 
 // It has no step of its own to the next row: the two procedures for a table do that.
 void TableReconciliation::UpdateTableDefs() {
-    trapError(boxFor(updateForm, "UpdateTableDefs"), [this] {
+    runStep(m_s, "UpdateTableDefs", [this] {
         m_s.OLDDEF.Close();
         m_s.OLDDEF = m_s.definitions.OpenRecordset("OLDDEF");
         const FieldRows live(m_s.OLDDEF);
@@ -47,13 +47,14 @@ void TableReconciliation::UpdateTableDefs() {
 // DatabaseOk is set afresh by every table added, so that the last one alone decides whether the database
 // counts as incomplete.
 void TableReconciliation::AddNewTable() {
-    reportErrors(updateForm, "AddNewTable", [this] {
+    runProcedure(m_s, "AddNewTable", [this] {
         const FieldRows wanted(m_s.NEWDEF);
         m_s.DatabaseOk = true;
         if (isLive(m_s.TNAME)) {
             refuseTable(wanted, "TABLE EXITS");
             return;
         }
+        requireUpdatableTarget(m_s);
         data::TableDef table = m_s.target.CreateTableDef(runtime::upperCase(m_s.TNAME));
         WriteActivityLog(m_s, m_s.TNAME, " ", " ", "Added New Table.");
         m_s.ChangesMade = true;
@@ -108,7 +109,7 @@ void TableReconciliation::refuseTable(const FieldRows& wanted, const std::string
 
 // The walk stands on the table's first row unless an error brought it back.
 void TableReconciliation::ModifyTable() {
-    reportErrors(updateForm, "ModifyTable", [this] {
+    runProcedure(m_s, "ModifyTable", [this] {
         const FieldRows wanted(m_s.NEWDEF);
         m_s.tableDef = m_s.target.TableDefs(m_s.TNAME);
         const shell::KeyPairs ofTable = keysOfTable(wanted);
@@ -136,6 +137,7 @@ void TableReconciliation::readWantedField(const FieldRows& wanted) {
 
 void TableReconciliation::modifyField() {
     if (!m_live->find({m_s.TNAME, m_s.FNAME})) {
+        requireUpdatableTarget(m_s);
         WriteActivityLog(m_s, m_s.TNAME, " ", m_s.FNAME, "Added New Field");
         appendField(*m_s.tableDef);
         runtime::settle(); // should it fail, this field is where the procedure is called again
@@ -185,14 +187,16 @@ void TableReconciliation::removeOldDefinitions() {
 void TableReconciliation::removeField() {
     m_s.tableDef = m_s.target.TableDefs(m_s.TNAME);
     deleteAllIndexes(*m_s.tableDef);
-    m_s.tableDef->Fields().Delete(m_s.FNAME);
-    WriteActivityLog(m_s, m_s.TNAME, " ", m_s.FNAME, "Removed Old Field.");
+    changeAndLog(
+        m_s, [this] { m_s.tableDef->Fields().Delete(m_s.FNAME); }, m_s.TNAME, m_s.FNAME,
+        "Removed Old Field.");
     m_s.ChangesMade = true;
 }
 
 void TableReconciliation::removeTable(const FieldRows& live) {
-    m_s.target.TableDefs().Delete(m_s.TNAME);
-    WriteActivityLog(m_s, m_s.TNAME, " ", " ", "Table: " + m_s.TNAME + " Removed.");
+    changeAndLog(
+        m_s, [this] { m_s.target.TableDefs().Delete(m_s.TNAME); }, m_s.TNAME, " ",
+        "Table: " + m_s.TNAME + " Removed.");
     m_s.ChangesMade = true;
     while (vdRecordOK(m_s.OLDDEF, {{m_s.TNAME, live.TNAME}})) {
         host().doEvents();

@@ -3,9 +3,10 @@
 
 #include "definition_update/engine/ActivityLog.h"
 #include "definition_update/engine/DefinitionRows.h"
-#include "definition_update/engine/ErrorReport.h"
 #include "definition_update/engine/IndexReconciliation.h"
+#include "definition_update/engine/Procedure.h"
 #include "definition_update/engine/TableReconciliation.h"
+#include "shell/vdfunctions/vdfunctions.h"
 
 #include <utility>
 
@@ -65,7 +66,7 @@ void tellNotes(UpdateState& s) {
 } // namespace
 
 void UpdateDatabaseDefinition(UpdateState& s) {
-    reportErrors(updateForm, "UpdateDatabaseDefinition", [&s] {
+    runProcedure(s, "UpdateDatabaseDefinition", [&s] {
         const OpenForOneDatabase closing(s);
         s.NEWDEF = s.definitions.OpenRecordset("NEWDEF");
         s.NEWINDEXES = s.definitions.OpenRecordset("NEWINDEXES");
@@ -86,7 +87,7 @@ void UpdateDatabaseDefinition(UpdateState& s) {
 }
 
 void FillTableDef(UpdateState& s) {
-    trapError(boxFor(updateForm, "FillTableDef"), [&s] {
+    runStep(s, "FillTableDef", [&s] {
         FieldRows rows(s.OLDDEF);
         eachTable(s.target, [&rows](const data::TableDef& table, const std::string& name) {
             const data::TableDef::FieldList fields = table.Fields();
@@ -100,7 +101,7 @@ void FillTableDef(UpdateState& s) {
 }
 
 void FillIndexDef(UpdateState& s) {
-    trapError(boxFor(updateForm, "FillIndexDef"), [&s] {
+    runStep(s, "FillIndexDef", [&s] {
         IndexRows rows(s.OLDINDEXES);
         captureIndexes(s.target, rows, std::nullopt);
     });

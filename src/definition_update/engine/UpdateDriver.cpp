@@ -3,8 +3,8 @@
 
 #include "definition_update/engine/ActivityLog.h"
 #include "definition_update/engine/DefinitionRows.h"
-#include "definition_update/engine/ErrorReport.h"
 #include "definition_update/engine/FillingMark.h"
+#include "definition_update/engine/Procedure.h"
 #include "definition_update/engine/UpdateDatabaseDefinition.h"
 #include "platform/Paths.h"
 #include "platform/System.h"
@@ -62,7 +62,7 @@ struct UpdateDriver::DatabaseRow {
 
 void UpdateDriver::ProcessTaggedItems(data::Recordset& DBPATHS, const std::string& currentMark) {
     bool emptied = false;
-    const bool reachedEnd = reportErrors(updateForm, "ProcessTaggedItems", [&] {
+    const bool reachedEnd = runProcedure(m_s, "ProcessTaggedItems", [&] {
         if (isFillingUnfinished())
             return;
         startRun(DBPATHS, currentMark);
@@ -138,14 +138,19 @@ void UpdateDriver::processSites(data::Recordset& DATABASES) {
 // removals had to delete, and tells which databases are clean now. A stop in the first pass is not
 // looked at between the passes.
 void UpdateDriver::processSite(data::Recordset& DATABASES, const TaggedSite& site) {
+    m_left.clear();
     m_s.siteName = site.PATHNAME;
     m_s.view.showLabel(RunLabel::NPPATHNAME, site.PATHNAME);
     m_s.view.showLabel(RunLabel::NPPATHTEXT, site.PathText);
     for (int pass = 1; pass <= 2; ++pass) {
         DATABASES.MoveFirst();
         while (vdRecordOK(DATABASES)) {
-            processRow(DatabaseRow(DATABASES), site);
+            const DatabaseRow row(DATABASES);
+            if (!m_left.contains(row.DBNAME))
+                processRow(row, site);
             host().doEvents();
+            if (m_s.stopRequest == StopRequest::LeaveDatabase)
+                leaveDatabase();
             if (!m_s.ContinueRun)
                 break;
             DATABASES.MoveNext();
@@ -174,13 +179,33 @@ void UpdateDriver::processRow(const DatabaseRow& row, const TaggedSite& site) {
     applyGuards();
     if (m_s.ProcessDatabase)
         findTargetFile(row.PATHCODE);
-    if (m_s.ProcessDatabase && !exists(m_s.targetFile)) {
-        if (!m_optionalDatabase)
-            log("Cannot Find Database.");
-        m_s.ProcessDatabase = false;
-    }
+    if (m_s.ProcessDatabase)
+        requireTarget(site);
     if (m_s.ProcessDatabase)
         updateTarget();
+}
+
+// A site whose folder is not there is told of even where none of its databases has to be there.
+void UpdateDriver::requireTarget(const TaggedSite& site) {
+    const std::optional<bool> found = lookFor(m_s.targetFile);
+    if (!found || *found)
+        return;
+    m_s.ProcessDatabase = false;
+    if (!m_optionalDatabase)
+        log("Cannot Find Database.");
+    else if (m_s.location != site.PathText)
+        return;
+    if (const std::string folder = platform::missingFolder(m_s.targetFile); !folder.empty())
+        m_s.view.showMissing({m_s.siteName, folder});
+}
+
+std::optional<bool> UpdateDriver::lookFor(const std::string& file) {
+    bool found = false;
+    if (runStep(m_s, "ProcessTaggedItems", [&] { found = exists(file); }))
+        return found;
+    m_s.ProcessDatabase = false;
+    m_s.stop(StopRequest::LeaveDatabase);
+    return std::nullopt;
 }
 
 // Shared databases belong to the machine or the network and not to a site, so that the first site that
@@ -188,7 +213,7 @@ void UpdateDriver::processRow(const DatabaseRow& row, const TaggedSite& site) {
 void UpdateDriver::applyGuards() {
     bool* met = onceOnlyFlag();
     if (met == nullptr) {
-        if (exists(m_s.location + "\\ZOVORV.vbp"))
+        if (lookFor(m_s.location + "\\ZOVORV.vbp").value_or(false))
             refuse(developmentDatabases);
         return;
     }
@@ -236,11 +261,11 @@ void UpdateDriver::findTargetFile(const std::string& PATHCODE) {
 }
 
 void UpdateDriver::CheckWNDPATH() {
-    reportErrors(updateForm, "CheckWNDPATH", [this] { checkPathDatabase("WNDPATH", "ZOVWND.MDB"); });
+    runProcedure(m_s, "CheckWNDPATH", [this] { checkPathDatabase("WNDPATH", "ZOVWND.MDB"); });
 }
 
 void UpdateDriver::CheckNETPATH() {
-    reportErrors(updateForm, "CheckNETPATH", [this] { checkPathDatabase("NETPATH", "ZOVNET.MDB"); });
+    runProcedure(m_s, "CheckNETPATH", [this] { checkPathDatabase("NETPATH", "ZOVNET.MDB"); });
 }
 
 // Names the target by the one row of a path database. An error leaves the row to be processed with
@@ -274,14 +299,29 @@ void UpdateDriver::checkPathDatabase(const std::string& name, const std::string&
 void UpdateDriver::updateTarget() {
     m_s.ChangesMade = false;
     m_s.DatabaseOk = true;
+    m_s.targetUpdatable = false;
     m_s.view.showLabel(RunLabel::NPDBNAME, m_s.DBNAME);
     UpdateDatabaseDefinition(m_s);
-    if (!m_s.DatabaseOk) {
-        m_anyIncomplete = true;
-        log("DATABASE DEFINITION UPDATE INCOMPLETE.", "ERROR ");
-    } else if (!m_s.ChangesMade) {
+    if (m_s.stopRequest == StopRequest::LeaveDatabase)
+        return;
+    if (!m_s.DatabaseOk)
+        logIncomplete();
+    else if (!m_s.ChangesMade)
         log("Database Ok. No Changes Made.");
-    }
+}
+
+// The other pass does not come back to it; the run goes on.
+void UpdateDriver::leaveDatabase() {
+    m_s.stopRequest = StopRequest::None;
+    m_s.ContinueRun = true;
+    m_left.insert(m_s.DBNAME);
+    logIncomplete();
+    m_s.view.showLeft({m_s.siteName, m_s.DBNAME, m_s.lastBox});
+}
+
+void UpdateDriver::logIncomplete() {
+    m_anyIncomplete = true;
+    log("DATABASE DEFINITION UPDATE INCOMPLETE.", "ERROR ");
 }
 
 void UpdateDriver::log(const std::string& action, const std::string& where) {

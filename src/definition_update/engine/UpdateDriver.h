@@ -3,6 +3,8 @@
 
 #include "definition_update/engine/UpdateState.h"
 
+#include <optional>
+#include <set>
 #include <string>
 
 namespace tol::update {
@@ -34,10 +36,15 @@ class UpdateDriver {
     void applyGuards();
     bool* onceOnlyFlag();
     void findTargetFile(const std::string& PATHCODE);
+    void requireTarget(const TaggedSite& site);
+    /// Whether the file is there. Nothing, after a box, where that can't be told: the database is left.
+    std::optional<bool> lookFor(const std::string& file);
     void CheckWNDPATH();
     void CheckNETPATH();
     void checkPathDatabase(const std::string& name, const std::string& targetName);
     void updateTarget();
+    void leaveDatabase();
+    void logIncomplete();
 
     void log(const std::string& action, const std::string& where = " ");
     void refuse(const std::string& action);
@@ -48,6 +55,7 @@ class UpdateDriver {
     // Shared databases that the run has met, each processed once for all sites.
     bool m_processedLocalUser = false, m_processedTime = false, m_processedCost = false,
          m_processedInvoice = false;
+    std::set<std::string> m_left; // databases of the site in work
     bool m_ended = false;
     bool m_anyIncomplete = false;
 };

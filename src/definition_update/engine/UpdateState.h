@@ -4,6 +4,7 @@
 #include "data/DBEngine.h"
 #include "definition_update/engine/DefinitionUpdate.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -20,7 +21,8 @@ struct UpdateState {
     std::string ModuleCode;
     TagList tagList;
 
-    bool ContinueRun = false;       ///< true from the start of the run until someone stops it
+    bool ContinueRun = false; ///< true from the start of the run until someone stops it
+    StopRequest stopRequest = StopRequest::None;
     bool ProcessDatabase = false;   ///< the row in work is still to be processed
     bool DatabaseOk = false;        ///< the database in work was not marked incomplete
     bool ChangesMade = false;       ///< a structural change was made; conversions do not count
@@ -38,6 +40,7 @@ struct UpdateState {
     data::Recordset ACTIVITYLOG;
 
     // Open while one database is in work.
+    bool targetUpdatable = false; ///< it is known to take changes
     data::Recordset NEWDEF, NEWINDEXES, OLDDEF, OLDINDEXES;
     data::Workspace wksTARGET;
     data::Database target;
@@ -46,6 +49,17 @@ struct UpdateState {
     std::string TNAME, FNAME;               ///< the table and the field in work
     int FSIZE = 0, FTYPE = 0;               ///< wanted size and type of the field in work
     int liveSize = 0, liveType = 0;         ///< its size and type in the target
+    std::string lastBox;                    ///< of the error reported last
+
+    void stop(StopRequest request) {
+        stopRequest = std::max(stopRequest, request);
+        ContinueRun = false;
+    }
+    /// Whether a field under conversion has to stay as it was.
+    [[nodiscard]] bool keepsOldField() const {
+        return !ProcessDatabase || stopRequest == StopRequest::LeaveDatabase ||
+               stopRequest == StopRequest::EndRun;
+    }
 };
 
 } // namespace tol::update

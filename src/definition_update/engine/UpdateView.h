@@ -3,7 +3,9 @@
 
 #include "data/SchemaNote.h"
 
+#include <compare>
 #include <string>
+#include <string_view>
 
 namespace tol::update {
 
@@ -17,6 +19,27 @@ struct DefinitionNote {
     std::string PATHNAME, DBNAME;
     data::SchemaNote note;
     bool operator==(const DefinitionNote&) const = default;
+};
+
+/// An error that ended one of a run's procedures, after the box that told of it.
+struct ReportedError {
+    std::string_view procedure;
+    int number;                                         ///< of the run-time error
+    std::string PATHNAME, DBNAME, TABLENAME, FIELDNAME; ///< what was in work
+    std::string box;                                    ///< its text
+    auto operator<=>(const ReportedError&) const = default;
+};
+
+/// A database that was left before its update had come to an end.
+struct LeftDatabase {
+    std::string PATHNAME, DBNAME;
+    std::string box; ///< text of the box that tells why
+};
+
+/// A folder, or a whole drive ("S:"), in which a database was looked for and which is not there.
+struct MissingFolder {
+    std::string PATHNAME, folder;
+    bool operator==(const MissingFolder&) const = default;
 };
 
 /// The labels that a run writes to.
@@ -52,6 +75,12 @@ class UpdateView {
     virtual void fillActivity() = 0;
     /// Told of each database when its changes are done.
     virtual void showNote(const DefinitionNote& /*note*/) {}
+
+    // What a person at a window sees by the boxes and the activity list.
+    virtual void showError(const ReportedError& /*error*/) {}
+    virtual void showLeft(const LeftDatabase& /*database*/) {}
+    /// May be told more than once.
+    virtual void showMissing(const MissingFolder& /*folder*/) {}
 };
 
 /// What a refresh of the wanted definition shows while it works.

@@ -175,7 +175,7 @@ void frmDBUDDU::cmdClearTags_Click() {
 void frmDBUDDU::cmdCancel_Click() {
     const Busy busy(*this);
     if (m_inRun) {
-        m_update->Cancel();
+        m_update->Stop(StopRequest::Cancel);
     } else {
         m_inRun = true;
         m_update->ProcessTaggedItems(m_jobSites.currentMark());

@@ -141,7 +141,7 @@ TEST_F(DumpLoadTest, AnInterruptedLoadLeavesNoFile) {
     ASSERT_EQ(write(ends[1], text.data(), text.size()), static_cast<ssize_t>(text.size()));
     while (names().size() < 2)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    load.interrupt();
+    load.signal(SIGINT);
     close(ends[1]);
     EXPECT_EQ(load.wait(), 4);
     EXPECT_THAT(load.err(), HasSubstr("tolctl: stopped."));

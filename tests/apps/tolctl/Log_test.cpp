@@ -56,6 +56,9 @@ TEST_F(LogTest, ADatabaseWithoutALogIsStatusOne) {
     EXPECT_THAT(log.out, IsEmpty());
     EXPECT_THAT(log.err, HasSubstr("ACTIVITYLOG"));
     EXPECT_THAT(log.err, HasSubstr("(error 3078)"));
+    EXPECT_THAT(m_case.run({"log", "--json"}).out, IsEmpty());
+    std::filesystem::remove(m_case.folder / "ZOVDEF.MDB");
+    EXPECT_THAT(m_case.run({"log", "--json"}).out, IsEmpty());
 }
 
 #if TOL_PDF

@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 namespace tol::test {
 namespace {
 
@@ -124,6 +126,23 @@ TEST_F(UpdateSitesTest, ASiteWithoutANumberIsLeftOutWithStatusThree) {
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.err, "tolctl: left out, since it has no number: LOST\n");
     EXPECT_THAT(sitesOf(outcome), ElementsAre("NORTH", "SOUTH"));
+}
+
+// The rows of the log are those of a missing database.
+TEST_F(UpdateSitesTest, AMissingFolderIsToldWithStatusThree) {
+    addSites({"NORTH", "SOUTH"});
+    m_case.addSiteRow(Json::array({7, "GONE", "Q:\\JOBS\\GONE"}));
+    std::filesystem::remove(m_case.folder.driveC() / "2");
+    const Outcome outcome = update({"--all"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.err, "tolctl: GONE: there is no folder or drive 'Q:'.\n"
+                           "tolctl: SOUTH: there is no folder or drive 'C:\\2'.\n");
+    EXPECT_EQ(outcome.json()["missing"], Json::parse(R"([{"site": "GONE", "folder": "Q:"},
+                                                         {"site": "SOUTH", "folder": "C:\\2"}])"));
+    EXPECT_EQ(outcome.json()["result"], "Finished");
+    for (const Json& row : outcome.json()["rows"])
+        EXPECT_EQ(row["Action"], "Cannot Find Database.");
+    EXPECT_EQ(outcome.json()["rows"].size(), 6U);
 }
 
 TEST_F(UpdateSitesTest, AFiftySecondIsRefused) {

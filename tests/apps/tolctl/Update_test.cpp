@@ -147,6 +147,33 @@ TEST_F(UpdateTest, TheSummaryTellsWhereValuesWereLost) {
                 HasSubstr("The whole log: tolctl --dir '" + m_case.folder.path().string() + "' log\n"));
 }
 
+// An action that the summary does not know counts as trouble.
+TEST_F(UpdateTest, TheSummaryKnowsEveryActionOfARun) {
+    ASSERT_EQ(m_case.run({"demo", "suite"}).status, 0);
+    const Outcome outcome =
+        m_case.run({"--dir", "suite", "update", "--all", "--on-unconvertible", "continue"});
+    EXPECT_EQ(outcome.status, 0);
+    for (const char* kind : {"tables added", "fields added", "field types changed", "field sizes changed",
+                             "fields removed with their data", "tables removed with their data",
+                             "indexes created", "index keys changed", "indexes removed"})
+        EXPECT_THAT(outcome.err, testing::ContainsRegex("\n  " + std::string(kind) + " +[1-9][0-9]*\n"));
+    EXPECT_THAT(outcome.err, HasSubstr("  Fields made shorter, where longer texts may have been cut:\n"));
+    EXPECT_THAT(outcome.err, Not(HasSubstr("databases not processed")));
+    EXPECT_THAT(outcome.err, Not(HasSubstr("What needs a look")));
+}
+
+// The other actions.
+TEST_F(UpdateTest, TheSummaryTellsTroublesFromWhatWasNotProcessed) {
+    m_case.want("WORK", "CREW ", "TAG", 4, 4);
+    m_case.addDatabase("GONE");
+    m_case.finish();
+    const Outcome outcome = m_case.run({"update"});
+    EXPECT_THAT(outcome.err, HasSubstr("\n  databases left incomplete "));
+    EXPECT_THAT(outcome.err, HasSubstr("\n  tables that could not be made "));
+    EXPECT_THAT(outcome.err, HasSubstr("\n  databases not processed                  2\n"));
+    EXPECT_THAT(outcome.err, HasSubstr("    NORTH YARD, GONE: Cannot Find Database.\n"));
+}
+
 TEST_F(UpdateTest, AnIncompleteDatabaseIsStatusThree) {
     m_case.want("WORK", "CREW ", "TAG", 4, 4);
     m_case.finish();

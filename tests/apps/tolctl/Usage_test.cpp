@@ -3,6 +3,9 @@
 
 #include <gmock/gmock.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -124,6 +127,29 @@ INSTANTIATE_TEST_SUITE_P(
                     std::vector<std::string>{"update", "--all", "--site", "NORTH"},
                     std::vector<std::string>{"update", "--on-unconvertible", "maybe"},
                     std::vector<std::string>{"--dir"}));
+
+TEST_F(UsageTest, NamesTheWordThatItDoesNotKnow) {
+    EXPECT_EQ(m_case.run({"upgrade"}).err,
+              "tolctl: there is no command or option \"upgrade\"; see tolctl --help.\n");
+    EXPECT_THAT(m_case.run({"--nonsense"}).err, HasSubstr("\"--nonsense\""));
+    EXPECT_THAT(m_case.run({"log", "--all"}).err, HasSubstr("--all"));
+    for (const char* value : {"maybe", "1", "Stop"}) {
+        const Outcome outcome = m_case.run({"update", "--on-unconvertible", value});
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_THAT(outcome.err, HasSubstr("--on-unconvertible: \"" + std::string(value) +
+                                           "\" is none of ask|continue|quiet|stop"));
+    }
+}
+
+TEST_F(UsageTest, HelpThatCanNotBeWrittenIsStatusOne) {
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"--help"}, {"update", "--help"}, {"--version"}}) {
+        Program help(TOL_CTL_PROGRAM, words, m_case.folder.path(),
+                     [] { dup2(open("/dev/full", O_WRONLY | O_CLOEXEC), STDOUT_FILENO); });
+        EXPECT_EQ(help.wait(), 1);
+        EXPECT_THAT(help.err(), HasSubstr("tolctl: standard output can't be written.\n"));
+    }
+}
 
 TEST_F(UsageTest, WorksInTheFolderThatIsNamed) {
     m_case.load("A.MDB", databaseOf({}));
