@@ -2,6 +2,7 @@
 #include "FileState.h"
 
 #include "data/sqlite/TextCollation.h"
+#include "runtime/Text.h"
 
 #include <fmt/format.h>
 #include <sqlite3.h>
@@ -10,6 +11,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string_view>
+#include <vector>
 
 namespace tol::test {
 
@@ -46,6 +48,31 @@ void addTo(std::uint64_t& hash, std::string_view bytes) {
         hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3U;
 }
 
+/// The row's key and the type and bytes of one of its values.
+void addValue(std::uint64_t& hash, sqlite3_stmt* row, int column) {
+    const char type = static_cast<char>('0' + sqlite3_column_type(row, column));
+    addTo(hash, content(row, 0));
+    addTo(hash, {&type, 1});
+    addTo(hash, content(row, column));
+}
+
+void addTable(FieldValues& values, sqlite3* connection, const std::string& table) {
+    const Statement rows =
+        prepare(connection, fmt::format("SELECT rowid, * FROM \"{}\" NOT INDEXED ORDER BY rowid", table));
+    std::vector<std::uint64_t> hashes(static_cast<std::size_t>(sqlite3_column_count(rows.get())),
+                                      0xcbf29ce484222325U);
+    std::int64_t count = 0;
+    for (; sqlite3_step(rows.get()) == SQLITE_ROW; ++count) {
+        for (std::size_t column = 1; column < hashes.size(); ++column)
+            addValue(hashes[column], rows.get(), static_cast<int>(column));
+    }
+    for (std::size_t column = 1; column < hashes.size(); ++column) {
+        const std::string field = sqlite3_column_name(rows.get(), static_cast<int>(column));
+        values[runtime::upperCase(table + "." + field)] =
+            fmt::format("{} rows, {:016x}", count, hashes[column]);
+    }
+}
+
 } // namespace
 
 std::string damageIn(const std::filesystem::path& file) {
@@ -61,37 +88,15 @@ std::string damageIn(const std::filesystem::path& file) {
     return all;
 }
 
-std::string rowsDigest(const std::filesystem::path& file, const std::string& table,
-                       const std::vector<std::string>& fields) {
+FieldValues valuesIn(const std::filesystem::path& file) {
     const Connection connection = openFile(file);
-    std::string columns = "rowid";
-    for (const std::string& field : fields)
-        columns += fmt::format(", \"{}\"", field);
-    const Statement rows = prepare(
-        connection.get(), fmt::format("SELECT {} FROM \"{}\" NOT INDEXED ORDER BY rowid", columns, table));
-    std::uint64_t hash = 0xcbf29ce484222325U;
-    std::int64_t count = 0;
-    for (; sqlite3_step(rows.get()) == SQLITE_ROW; ++count) {
-        for (int column = 0; column < sqlite3_column_count(rows.get()); ++column) {
-            const char type = static_cast<char>('0' + sqlite3_column_type(rows.get(), column));
-            addTo(hash, {&type, 1});
-            addTo(hash, content(rows.get(), column));
-        }
-    }
-    return fmt::format("{} rows, {:016x}", count, hash);
-}
-
-std::vector<std::string> sameFields(const data::TableDefinition& first, const data::TableDefinition& second) {
-    std::vector<std::string> names;
-    for (const data::FieldDef& field : first.fields) {
-        const int position = second.findField(field.name);
-        if (position < 0)
-            continue;
-        const data::FieldDef& other = second.fields[static_cast<std::size_t>(position)];
-        if (other.type == field.type && other.size == field.size)
-            names.push_back(field.name);
-    }
-    return names;
+    const Statement tables =
+        prepare(connection.get(), "SELECT name FROM sqlite_schema WHERE type = 'table' AND "
+                                  "name NOT LIKE 'MSys%' AND name NOT LIKE 'sqlite%'");
+    FieldValues values;
+    while (sqlite3_step(tables.get()) == SQLITE_ROW)
+        addTable(values, connection.get(), std::string(content(tables.get(), 0)));
+    return values;
 }
 
 } // namespace tol::test
