@@ -97,12 +97,13 @@ void printJsonNotes(const std::vector<update::DefinitionNote>& notes) {
     for (const update::DefinitionNote& note : notes) {
         const std::string what = data::kindWord(note.note.kind);
         array.next();
-        printObject(std::initializer_list<Member>{{"site", note.PATHNAME},
-                                                  {"database", note.DBNAME},
-                                                  {"table", note.note.table},
-                                                  {"what", what},
-                                                  {"name", note.note.name}});
+        printMembers({{"site", note.PATHNAME},
+                      {"database", note.DBNAME},
+                      {"table", note.note.table},
+                      {"what", what},
+                      {"name", note.note.name}});
     }
+    array.end();
 }
 
 } // namespace tol::ctl
