@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include <string>
+
 namespace tol::shell {
 namespace {
 
@@ -65,7 +67,10 @@ bool vdEmptyTable(std::string_view folder, std::string_view database, data::Reco
         file.Close();
         wksTEMP.Close();
         return true;
-    } catch (const runtime::RuntimeError&) {
+    } catch (const runtime::RuntimeError& error) {
+        // Nobody would look for a full disk behind the other box's words.
+        if (error.number() == runtime::errNoDiskSpace)
+            vdProcessError("vdEmptyTable", std::to_string(error.number()), error.description());
         showBox(fmt::format("Cannot Obtain Exclusive use of the Table: {}\nCannot Empty Table.", name),
                 runtime::MsgIcon::Critical, "Error");
         return false;

@@ -53,7 +53,8 @@ std::string vdFindFirst(data::Recordset& recordset, const std::string& index, co
 
 /// Empties the recordset's table by rebuilding it (names, sizes and types of its fields, names and keys
 /// of its indexes are kept). The recordset is closed afterwards in any case. False, after a box, when
-/// the table can't be held exclusively. A blank folder means the current one, "" as database MAIN.MDB.
+/// the table can't be held exclusively or the disk is full, which a box of its own tells before. A blank
+/// folder means the current one, "" as database MAIN.MDB.
 bool vdEmptyTable(std::string_view folder, std::string_view database, data::Recordset& recordset);
 /// The next number of a counter: prefix * 1000000 + n, 0 after a box on failure. Empty names stand for
 /// MAIN.MDB and SYSTAGS.

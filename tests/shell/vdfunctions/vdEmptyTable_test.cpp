@@ -2,6 +2,7 @@
 #include "SharedRoutineTest.h"
 
 #include "data/json/DatabaseJson.h"
+#include "support/FullDisk.h"
 
 #include <fmt/format.h>
 
@@ -91,6 +92,22 @@ TEST_F(EmptyTable, FailsWhileAnotherHasTheTableOpen) {
     expectBoxFor("ACTIVITYLOG");
     EXPECT_FALSE(rows.isOpen());
     EXPECT_EQ(content("ZOVDEF.MDB"), before);
+}
+
+TEST_F(EmptyTable, TellsOfAFullDisk) {
+    makeIn("ZOVDEF.MDB");
+    open("ZOVDEF.MDB");
+    {
+        const FullDisk full(std::filesystem::file_size("ZOVDEF.MDB") / 2);
+        EXPECT_FALSE(vdEmptyTable("", "ZOVDEF.MDB", rows));
+    }
+    ASSERT_EQ(person.texts().size(), 2U);
+    EXPECT_EQ(person.texts()[0], "Error Encountered In Form: vdEmptyTable\nError: 3026\n"
+                                 "Not enough space on disk for '" +
+                                     (folder.path() / "ZOVDEF.MDB").string() + "'.");
+    EXPECT_EQ(person.texts()[1],
+              "Cannot Obtain Exclusive use of the Table: ACTIVITYLOG\nCannot Empty Table.");
+    EXPECT_EQ(database.OpenRecordset("ACTIVITYLOG").RecordCount(), 2);
 }
 
 TEST_F(EmptyTable, FailsWithoutTheDatabaseOrTheTable) {
