@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "FileState.h"
-#include "demo_support/DemoFolder.h"
+#include "DemoRun.h"
 #include "platform/Paths.h"
 #include "support/Program.h"
 
@@ -15,6 +14,7 @@
 #include <csignal>
 #include <fstream>
 #include <map>
+#include <set>
 
 namespace tol::test {
 namespace {
@@ -22,9 +22,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::AnyOf;
 using testing::HasSubstr;
-using testing::IsEmpty;
-
-const std::vector<std::string> wholeRun{"update", "--all", "--on-unconvertible", "continue"};
 
 /// In the new process: no file may become longer than that, as on a full disk. What it tells on standard
 /// error counts too, and is let through to no one where it would not fit.
@@ -56,29 +53,142 @@ std::map<fs::path, std::string> contentsBelow(const fs::path& folder) {
     return contents;
 }
 
-TEST(FullDisk, ARunTellsTheFileAndLeavesWhatALaterOneCompletes) {
-    const DemoFolder demo;
-    std::map<std::pair<std::string, std::string>, std::int64_t> rows;
-    for (const auto& [file, database] : demo.targets()) {
-        const Definitions wanted = demo.wanted(database);
-        for (const auto& [table, definition] : definitionsOf(file)) {
-            if (wanted.contains(table))
-                rows[{file, table}] = rowCount(file, table);
+/// The rows of a table of ZOVDEF.MDB, without the time of a run.
+using Rows = std::multiset<std::vector<std::string>>;
+
+Rows rowsOf(const std::string& table) {
+    Rows rows;
+    forEachRow("ZOVDEF.MDB", table, [&](const data::Recordset& row) {
+        std::vector<std::string> values;
+        for (int i = 0; i < row.Fields().Count(); ++i) {
+            if (const std::string field = row.Fields(i).Name(); field != "FDATE" && field != "PTIME")
+                values.push_back(text(row, field));
+        }
+        rows.insert(std::move(values));
+    });
+    return rows;
+}
+
+/// Runs over one Job Site, under limits from almost nothing to more than its longest file.
+class FullDiskRun : public DemoRun {
+  protected:
+    static constexpr int limits = 10;
+
+    /// A whole run with room enough, to which the others are compared.
+    void runWhole() {
+        enterCopy();
+        EXPECT_EQ(update(), 0);
+        rememberWholeRun();
+        m_log = rowsOf("ACTIVITYLOG");
+        for (const fs::path& file : filesOfRun())
+            m_longest = std::max(m_longest, fs::file_size(file));
+    }
+    /// The Job Sites' limits lie between each other's. The last is as long as the longest file at least.
+    [[nodiscard]] rlim_t room(int limit) const {
+        return m_longest * static_cast<rlim_t>(limit * demoSites + GetParam() + 1) /
+               ((limits - 1) * demoSites);
+    }
+    void expectTruth(int status, const std::string& talk) const {
+        if (status == 0) {
+            expectValuesOfAWholeRun();
+            EXPECT_EQ(rowsOf("ACTIVITYLOG"), m_log);
+        } else {
+            EXPECT_THAT(status, AnyOf(1, 3, 4));
+            EXPECT_THAT(talk, HasSubstr("Not enough space on disk for '" + fs::current_path().string()));
+            expectWholeFields();
         }
     }
-    constexpr rlim_t room = 120U << 10U;
-    Program full(TOL_CTL_PROGRAM, wholeRun, demo.path(), diskFullAt(room));
-    EXPECT_THAT(full.wait(), AnyOf(1, 3, 4));
-    EXPECT_THAT(full.err(), HasSubstr("Not enough space on disk for '" + demo.path().string()));
-    for (const fs::path& file : databasesBelow(demo.path()))
-        EXPECT_EQ(damageIn(file), "") << file;
+    void expectRepair() {
+        for (int run = 0; run < 2 && !isComplete(); ++run)
+            EXPECT_THAT(update(), AnyOf(0, 3));
+        expectSoundFiles();
+        expectValuesOfAWholeRun();
+        expectOthersUntouched();
+    }
 
-    for (int run = 0; run < 2; ++run)
-        EXPECT_THAT(Program(TOL_CTL_PROGRAM, wholeRun, demo.path()).wait(), AnyOf(0, 3));
-    for (const auto& [file, database] : demo.targets())
-        EXPECT_THAT(differences(definitionsOf(file), demo.wanted(database)), IsEmpty()) << file;
-    for (const auto& [place, count] : rows)
-        EXPECT_EQ(rowCount(place.first, place.second), count) << place.first << " " << place.second;
+  private:
+    Rows m_log;
+    std::uintmax_t m_longest = 0;
+};
+
+TEST_P(FullDiskRun, TellsWhatIsMissingAndIsRepairedByTwoFurtherRuns) {
+    runWhole();
+    for (int limit = 0; limit < limits && !HasFailure(); ++limit) {
+        SCOPED_TRACE(fmt::format("no file longer than {} bytes", room(limit)));
+        enterCopy();
+        Program full(TOL_CTL_PROGRAM, arguments(), fs::current_path(), diskFullAt(room(limit)));
+        const int status = full.wait();
+        EXPECT_TRUE(status != 0 || limit > 0);
+        EXPECT_TRUE(status == 0 || limit + 1 < limits);
+        expectSoundFiles();
+        expectTruth(status, full.err());
+        expectRepair();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(JobSites, FullDiskRun, testing::Range(0, demoSites));
+
+/// Refreshes of a definition that lacks something.
+class FullDiskRefresh : public testing::Test {
+  protected:
+    static constexpr int limits = 16;
+
+    FullDiskRefresh() {
+        for (const char* const table : {"NEWDEF", "NEWINDEXES", "MODULES", "USERACCESSITEMS"}) {
+            data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
+            data::Database definitions = workspace.OpenDatabase("ZOVDEF.MDB");
+            data::Recordset rows = definitions.OpenRecordset(table);
+            rows.MoveFirst();
+            rows.Delete();
+        }
+        fs::copy_file("ZOVDEF.MDB", "OLD");
+    }
+
+    struct Filled {
+        Rows fields, indexes, modules, items;
+        bool operator==(const Filled&) const = default;
+        [[nodiscard]] bool sameDefinition(const Filled& other) const {
+            return fields == other.fields && indexes == other.indexes;
+        }
+    };
+    static Filled filled() {
+        return {rowsOf("NEWDEF"), rowsOf("NEWINDEXES"), rowsOf("MODULES"), rowsOf("USERACCESSITEMS")};
+    }
+    [[nodiscard]] int refresh() const { return Program(TOL_CTL_PROGRAM, {"refresh"}, demo.path()).wait(); }
+    /// Updates don't begin on a definition that is neither the old one nor the new one.
+    void expectUpdatesAreRefused() const {
+        const auto before = contentsBelow(demo.path());
+        EXPECT_EQ(Program(TOL_CTL_PROGRAM, {"update", "--all"}, demo.path()).wait(), 1);
+        EXPECT_EQ(contentsBelow(demo.path()), before);
+    }
+
+    DemoFolder demo;
+};
+
+TEST_F(FullDiskRefresh, IsWholeOrKeepsUpdatesFromBeginning) {
+    const Filled old = filled();
+    const auto length = static_cast<rlim_t>(fs::file_size("OLD"));
+    ASSERT_EQ(refresh(), 0);
+    const Filled fresh = filled();
+    ASSERT_FALSE(old.sameDefinition(fresh));
+    for (int limit = 1; limit <= limits && !HasFailure(); ++limit) {
+        const rlim_t room = length * static_cast<rlim_t>(limit) / limits;
+        SCOPED_TRACE(fmt::format("no file longer than {} bytes", room));
+        fs::copy_file("OLD", "ZOVDEF.MDB", fs::copy_options::overwrite_existing);
+        Program full(TOL_CTL_PROGRAM, {"refresh"}, demo.path(), diskFullAt(room));
+        const int status = full.wait();
+        EXPECT_EQ(damageIn("ZOVDEF.MDB"), "");
+        const Filled now = filled();
+        if (status == 0) {
+            EXPECT_TRUE(now == fresh);
+        } else {
+            EXPECT_THAT(full.err(), HasSubstr("Not enough space on disk for '" + demo.path().string()));
+        }
+        if (!now.sameDefinition(old) && !now.sameDefinition(fresh))
+            expectUpdatesAreRefused();
+        EXPECT_EQ(refresh(), 0);
+        EXPECT_TRUE(filled() == fresh);
+    }
 }
 
 TEST(FullDisk, WhereNothingCanBeWrittenNothingChanges) {
