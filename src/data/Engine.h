@@ -102,9 +102,12 @@ class Store {
     virtual void renameField(std::string_view table, std::string_view field, const std::string& newName) = 0;
     virtual void createIndex(std::string_view table, const IndexDef& index) = 0;
     virtual void dropIndex(std::string_view table, std::string_view index) = 0;
-    /// Catalogue entries that change no row; they need no exclusive use. Unchanged values write nothing.
-    virtual void setOrdinal(std::string_view table, std::string_view field, int ordinal) = 0;
-    virtual void setAllowZeroLength(std::string_view table, std::string_view field, bool allow) = 0;
+    /// Catalogue entries that change no row. A value that holds already is not written and needs no
+    /// exclusive use. `own` is a use of the table that is the caller's and so not in his way, or null.
+    virtual void setOrdinal(std::string_view table, std::string_view field, int ordinal,
+                            const TableUse* own) = 0;
+    virtual void setAllowZeroLength(std::string_view table, std::string_view field, bool allow,
+                                    const TableUse* own) = 0;
     /// What the steps since the last call could not keep of what other programs had declared. A part that
     /// came back with its field is not told.
     virtual SchemaNotes takeNotes() { return {}; }

@@ -82,7 +82,7 @@ void RecordsetCore::setOrdinal(std::size_t field, int ordinal) {
     if (currentDefinition(field).ordinal == ordinal)
         return;
     m_database->changeDefinitions(
-        [&](Store& store) { store.setOrdinal(m_definition->name, opened.name, ordinal); });
+        [&](Store& store) { store.setOrdinal(m_definition->name, opened.name, ordinal, m_use.get()); });
 }
 
 void RecordsetCore::setAllowZeroLength(std::size_t field, bool allow) {
@@ -90,7 +90,7 @@ void RecordsetCore::setAllowZeroLength(std::size_t field, bool allow) {
     if (currentDefinition(field).allowZeroLength == allow)
         return;
     m_database->changeDefinitions(
-        [&](Store& store) { store.setAllowZeroLength(m_definition->name, opened.name, allow); });
+        [&](Store& store) { store.setAllowZeroLength(m_definition->name, opened.name, allow, m_use.get()); });
 }
 
 std::int64_t RecordsetCore::recordCount() const {

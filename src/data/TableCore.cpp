@@ -195,7 +195,7 @@ void TableCore::setOrdinal(std::string_view field, int ordinal) {
             draft.fields[position].ordinal = ordinal;
             sortByOrdinal(draft);
         },
-        [&](Store& store) { store.setOrdinal(m_name, field, ordinal); });
+        [&](Store& store) { store.setOrdinal(m_name, field, ordinal, nullptr); });
 }
 
 void TableCore::setAllowZeroLength(std::string_view field, bool allow) {
@@ -204,7 +204,7 @@ void TableCore::setAllowZeroLength(std::string_view field, bool allow) {
     if (fields[position].allowZeroLength == allow)
         return;
     change([&](TableDefinition& draft) { draft.fields[position].allowZeroLength = allow; },
-           [&](Store& store) { store.setAllowZeroLength(m_name, field, allow); });
+           [&](Store& store) { store.setAllowZeroLength(m_name, field, allow, nullptr); });
 }
 
 void TableCore::addIndex(const IndexDef& index) {

@@ -97,10 +97,13 @@ TEST_P(EngineContract, DefinitionIsTheSameObjectWhileNothingChanges) {
     EXPECT_EQ(store->definition("Table"), store->definition("TABLE"));
 }
 
-TEST_P(EngineContract, EntriesChangeNoRowAndNeedNoExclusiveUse) {
+TEST_P(EngineContract, EntriesAreChangedByTheOnlyUser) {
     const auto use = store->useTable("Table");
-    store->setOrdinal("Table", "n", 9);
-    store->setAllowZeroLength("Table", "TXT", true);
+    EXPECT_EQ(raised([&] { store->setOrdinal("Table", "n", 9, nullptr); }), inUse("Table"));
+    EXPECT_EQ(raised([&] { store->setAllowZeroLength("Table", "TXT", true, nullptr); }), inUse("Table"));
+    store->setOrdinal("Table", "n", 9, use.get());
+    store->setAllowZeroLength("Table", "TXT", true, use.get());
+    store->setOrdinal("Table", "n", 9, nullptr);
     const auto table = store->definition("Table");
     EXPECT_EQ(table->fields[0].name, "TXT"); // by ordinal
     EXPECT_EQ(table->fields[1].ordinal, 9);

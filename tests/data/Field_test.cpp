@@ -181,7 +181,7 @@ TEST_P(FieldValues, ZeroLengthHasToBeAllowed) {
     EXPECT_EQ(raised([&] { return texts.Fields("MEMO").Value(""); }),
               "3315 Field 'MEMO' cannot be a zero-length string.");
     EXPECT_FALSE(texts.Fields("TXT").AllowZeroLength());
-    database.TableDefs("Z").Fields("TXT").AllowZeroLength(true); // needs no exclusive use
+    texts.Fields("TXT").AllowZeroLength(true);
     EXPECT_TRUE(texts.Fields("TXT").AllowZeroLength());
     texts.Fields("TXT").Value("");
     texts.Update();

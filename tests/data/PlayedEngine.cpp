@@ -82,8 +82,10 @@ class PlayedStore : public Store {
     void renameField(std::string_view, std::string_view, const std::string&) override {}
     void createIndex(std::string_view, const IndexDef&) override {}
     void dropIndex(std::string_view, std::string_view) override {}
-    void setOrdinal(std::string_view, std::string_view, int) override { m_calls->tell("setOrdinal"); }
-    void setAllowZeroLength(std::string_view, std::string_view, bool) override {
+    void setOrdinal(std::string_view, std::string_view, int, const TableUse*) override {
+        m_calls->tell("setOrdinal");
+    }
+    void setAllowZeroLength(std::string_view, std::string_view, bool, const TableUse*) override {
         m_calls->tell("setAllowZeroLength");
     }
 

@@ -34,8 +34,14 @@ class Sharing : public DataTest {
         EXPECT_EQ(raised([&] { return table.Name("X"); }), expected);
         EXPECT_EQ(raised([&] { return database.TableDefs().Delete(name); }), expected);
         EXPECT_EQ(raised([&] { DBEngine::CompactDatabase("TEST.MDB"); }), fileInUse(database));
-        table.Fields("B").AllowZeroLength(!table.Fields("B").AllowZeroLength());
-        table.Fields("B").OrdinalPosition(table.Fields("B").OrdinalPosition());
+        const bool allowed = table.Fields("B").AllowZeroLength();
+        const int position = table.Fields("B").OrdinalPosition();
+        EXPECT_EQ(raised([&] { return table.Fields("B").AllowZeroLength(!allowed); }), expected);
+        EXPECT_EQ(raised([&] { return table.Fields("B").OrdinalPosition(position + 5); }), expected);
+        table.Fields("B").AllowZeroLength(allowed); // what holds already needs no change
+        table.Fields("B").OrdinalPosition(position);
+        EXPECT_EQ(table.Fields("B").AllowZeroLength(), allowed);
+        EXPECT_EQ(table.Fields("B").OrdinalPosition(), position);
         EXPECT_EQ(table.Fields().Count(), 2);
         EXPECT_EQ(table.Name(), name);
     }
@@ -50,6 +56,24 @@ TEST_P(Sharing, OpenTableIsNotChanged) {
     rows.Close();
     TableDef table = database.TableDefs("T");
     table.Fields().Delete("B");
+    table.Fields().Append(table.CreateField("C", dbLong));
+}
+
+TEST_P(Sharing, OnlyUserOfATableMayChangeItsEntries) {
+    Recordset first = open("T");
+    first.Fields("B").AllowZeroLength(true);
+    first.Fields("B").OrdinalPosition(7);
+    EXPECT_TRUE(database.TableDefs("T").Fields("B").AllowZeroLength());
+    expectRefused(database, "T"); // it is still in use
+    {
+        Recordset second = open("T");
+        EXPECT_EQ(raised([&] { return first.Fields("B").AllowZeroLength(false); }), inUse("T"));
+        EXPECT_EQ(raised([&] { return second.Fields("B").OrdinalPosition(0); }), inUse("T"));
+    }
+    first.Fields("B").AllowZeroLength(false);
+    first.Close();
+    TableDef table = database.TableDefs("T");
+    EXPECT_EQ(table.Fields("B").OrdinalPosition(), 7);
     table.Fields().Append(table.CreateField("C", dbLong));
 }
 

@@ -344,9 +344,9 @@ TEST_P(TableDefinitions, FieldsAreRenamed) {
 
 TEST_P(TableDefinitions, OrdinalPositionIsTheOrderOfFields) {
     make("T", {field("A", dbLong), field("B", dbLong), field("C", dbLong)});
-    Recordset held = open("T"); // no exclusive use is needed
+    Recordset held = open("T");
     TableDef table = database.TableDefs("T");
-    table.Fields("A").OrdinalPosition(7);
+    held.Fields("A").OrdinalPosition(7); // nobody else has it open
     EXPECT_EQ(fieldNames(table), (Texts{"B", "C", "A"}));
     EXPECT_EQ(held.Fields(0).Name(), "A"); // an open recordset keeps its order
     EXPECT_EQ(held.Fields("A").OrdinalPosition(), 7);
@@ -354,8 +354,8 @@ TEST_P(TableDefinitions, OrdinalPositionIsTheOrderOfFields) {
     EXPECT_EQ(table.Fields("C").OrdinalPosition(), 0);
     EXPECT_EQ(raised([&] { return table.Fields("A").OrdinalPosition(-1); }), "3001 Invalid argument.");
     EXPECT_EQ(raised([&] { return held.Fields("A").OrdinalPosition(-1); }), "3001 Invalid argument.");
-    table.Fields("A").OrdinalPosition(1); // the same as B's: then in the order in which they were made
     held.Close();
+    table.Fields("A").OrdinalPosition(1); // the same as B's: then in the order in which they were made
     reopen();
     EXPECT_EQ(fieldNames(database.TableDefs("T")), (Texts{"C", "A", "B"}));
     table = database.TableDefs("T");

@@ -144,7 +144,9 @@ TEST_P(TwoProcesses, TableInUseElsewhereIsNotChanged) {
     EXPECT_EQ(raised([&] { return table.Indexes().Delete("A"); }), expected);
     EXPECT_EQ(raised([&] { return table.Indexes().Append(Index(plainIndex("X", {"B"}))); }), expected);
     EXPECT_EQ(raised([&] { return database.TableDefs().Delete("T"); }), expected);
-    table.Fields("B").AllowZeroLength(true); // changes no row
+    EXPECT_EQ(raised([&] { return table.Fields("B").AllowZeroLength(true); }), expected);
+    EXPECT_EQ(raised([&] { return table.Fields("B").OrdinalPosition(9); }), expected);
+    table.Fields("B").AllowZeroLength(false); // holds already
     step();
     EXPECT_EQ(append("C"), "");
     step();
@@ -152,6 +154,21 @@ TEST_P(TwoProcesses, TableInUseElsewhereIsNotChanged) {
     process->next();
     EXPECT_EQ(process->finish(), 0);
     EXPECT_EQ(append("D"), "");
+}
+
+TEST_P(TwoProcesses, UserOfATableThatTheOtherHasOpenChangesNoEntry) {
+    start([](Other& other, const Steps& steps) {
+        other.rows.Close();
+        steps.done();
+        steps.wait();
+    });
+    Recordset rows = database.OpenRecordset("T");
+    const std::string expected = "3211 Could not lock table 'T'; it is in use by another user or process.";
+    EXPECT_EQ(raised([&] { return rows.Fields("B").AllowZeroLength(true); }), expected);
+    step();
+    rows.Fields("B").AllowZeroLength(true);
+    process->next();
+    EXPECT_EQ(process->finish(), 0);
 }
 
 TEST_P(TwoProcesses, UseVanishesWithAKilledProcess) {

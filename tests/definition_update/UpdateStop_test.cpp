@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 namespace tol::test {
@@ -251,8 +252,12 @@ TEST_F(OtherProcess, holdsATableOfTheTarget) {
     UpdateRun run;
     run(world);
     EXPECT_TRUE(run.finished);
-    // Both conversions of both passes; the rest of the database is done.
-    EXPECT_EQ(world.host.boxes.size(), 4U);
+    // Both conversions and the positions of both passes; the rest of the database is done.
+    EXPECT_EQ(world.host.boxes.size(), 6U);
+    const std::vector<std::string> texts = world.host.texts();
+    EXPECT_EQ(std::ranges::count_if(
+                  texts, [](const std::string& text) { return text.ends_with(" UpdateOPOS Table: TURNS"); }),
+              2);
     EXPECT_THAT(world.host.texts(),
                 Each(HasSubstr("Could not lock table 'TURNS'; it is in use by another user or process.")));
     EXPECT_FALSE(liveNow(world).contains("GONE"));

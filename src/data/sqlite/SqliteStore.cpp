@@ -179,13 +179,15 @@ std::shared_ptr<const TableDefinition> SqliteStore::definition(std::string_view 
 // ---------------------------------------------------------------- schema steps
 
 /// Runs a step with the named tables held exclusively. What others have changed meanwhile is read
-/// before it, and the tables that it changes are read again after it.
-void SqliteStore::run(const std::vector<std::string>& tables, const std::function<void()>& step) {
+/// before it, and the tables that it changes are read again after it. The caller's own uses are in
+/// nobody's way.
+void SqliteStore::run(const std::vector<std::string>& tables, const std::function<void()>& step,
+                      int ownUses) {
     enter();
     try {
         for (const auto& table : tables) {
             const auto known = find(table);
-            m_locks.hold(table, known ? known->uses : 0);
+            m_locks.hold(table, known ? known->uses - ownUses : 0);
         }
         write(tables, step);
     } catch (...) {
@@ -260,26 +262,36 @@ void SqliteStore::dropIndex(std::string_view table, std::string_view index) {
     });
 }
 
-void SqliteStore::setOrdinal(std::string_view table, std::string_view field, int ordinal) {
-    enter();
-    const auto& definition = state(table)->table->definition;
-    if (definition.fields[fieldPosition(*state(table)->table, field)].ordinal == ordinal)
-        return;
-    write({nameOf(table)}, [&] {
-        const auto found = state(table);
-        m_steps.setOrdinal(*found->table, fieldPosition(*found->table, field), ordinal);
-    });
+void SqliteStore::setOrdinal(std::string_view table, std::string_view field, int ordinal,
+                             const TableUse* own) {
+    changeEntry(
+        table, field, own, [&](const FieldDef& definition) { return definition.ordinal == ordinal; },
+        [&](const PhysicalTable& found, std::size_t position) {
+            m_steps.setOrdinal(found, position, ordinal);
+        });
 }
 
-void SqliteStore::setAllowZeroLength(std::string_view table, std::string_view field, bool allow) {
-    enter();
-    const auto& definition = state(table)->table->definition;
-    if (definition.fields[fieldPosition(*state(table)->table, field)].allowZeroLength == allow)
+void SqliteStore::setAllowZeroLength(std::string_view table, std::string_view field, bool allow,
+                                     const TableUse* own) {
+    changeEntry(
+        table, field, own, [&](const FieldDef& definition) { return definition.allowZeroLength == allow; },
+        [&](const PhysicalTable& found, std::size_t position) {
+            m_steps.setAllowZeroLength(found, position, allow);
+        });
+}
+
+void SqliteStore::changeEntry(std::string_view table, std::string_view field, const TableUse* own,
+                              const std::function<bool(const FieldDef&)>& holds,
+                              const std::function<void(const PhysicalTable&, std::size_t)>& step) {
+    const std::string name = nameOf(table);
+    const auto known = state(name)->table;
+    if (holds(known->definition.fields[fieldPosition(*known, field)]))
         return;
-    write({nameOf(table)}, [&] {
-        const auto found = state(table);
-        m_steps.setAllowZeroLength(*found->table, fieldPosition(*found->table, field), allow);
-    });
+    const auto change = [&] {
+        const auto found = state(name)->table;
+        step(*found, fieldPosition(*found, field));
+    };
+    run({name}, change, own == nullptr ? 0 : 1);
 }
 
 /// A field that is gone for good needs neither its default nor its NOT NULL.

@@ -34,8 +34,10 @@ class SqliteStore : public Store, public std::enable_shared_from_this<SqliteStor
     void renameField(std::string_view table, std::string_view field, const std::string& newName) override;
     void createIndex(std::string_view table, const IndexDef& index) override;
     void dropIndex(std::string_view table, std::string_view index) override;
-    void setOrdinal(std::string_view table, std::string_view field, int ordinal) override;
-    void setAllowZeroLength(std::string_view table, std::string_view field, bool allow) override;
+    void setOrdinal(std::string_view table, std::string_view field, int ordinal,
+                    const TableUse* own) override;
+    void setAllowZeroLength(std::string_view table, std::string_view field, bool allow,
+                            const TableUse* own) override;
 
     SchemaNotes takeNotes() override;
     void letTriggersFire(bool fire) override;
@@ -70,7 +72,10 @@ class SqliteStore : public Store, public std::enable_shared_from_this<SqliteStor
     [[nodiscard]] std::string nameOf(std::string_view table);
     static std::size_t fieldPosition(const PhysicalTable& table, std::string_view field);
 
-    void run(const std::vector<std::string>& tables, const std::function<void()>& step);
+    void run(const std::vector<std::string>& tables, const std::function<void()>& step, int ownUses = 0);
+    void changeEntry(std::string_view table, std::string_view field, const TableUse* own,
+                     const std::function<bool(const FieldDef&)>& holds,
+                     const std::function<void(const PhysicalTable&, std::size_t)>& step);
     void write(const std::vector<std::string>& tables, const std::function<void()>& step);
 
     std::shared_ptr<Session> m_session;

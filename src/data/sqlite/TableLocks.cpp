@@ -19,11 +19,13 @@ void TableLocks::share(const std::string& table, int uses) {
         return;
     if (!m_file.share(byteOf(table)))
         runtime::raise(runtime::errTableInUse, {table});
+    m_shared.insert(byteOf(table));
     m_held.erase(byteOf(table));
 }
 
 void TableLocks::release(const std::string& table) {
-    if (!m_alone)
+    m_shared.erase(byteOf(table));
+    if (!m_alone && !isHeld(table))
         m_file.release(byteOf(table));
 }
 
@@ -33,9 +35,10 @@ void TableLocks::hold(const std::string& table, int uses) {
     m_held.insert(byteOf(table));
 }
 
+/// To share a byte that is held can't fail.
 void TableLocks::releaseHeld() {
     for (const auto byte : m_held) {
-        if (!m_alone)
+        if (!m_alone && !(m_shared.contains(byte) && m_file.share(byte)))
             m_file.release(byte);
     }
     m_held.clear();

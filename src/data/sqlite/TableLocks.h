@@ -20,12 +20,13 @@ class TableLocks {
 
     /// Marks the table as open, once more; `uses` tells how often it was open already.
     void share(const std::string& table, int uses);
-    /// Takes back the mark of the last use.
+    /// Takes back the mark of the last use. A table that is held stays so.
     void release(const std::string& table);
 
+    /// Takes the table exclusively; `uses` tells how often others in this process have it open.
     void hold(const std::string& table, int uses);
     [[nodiscard]] bool isHeld(const std::string& table) const { return m_held.contains(byteOf(table)); }
-    /// Lets go of what is held: the changes are committed or undone.
+    /// Lets go of what is held, but for the marks of uses: the changes are committed or undone.
     void releaseHeld();
 
   private:
@@ -33,6 +34,7 @@ class TableLocks {
 
     LockFile& m_file;
     bool m_alone;
+    std::set<std::int64_t> m_shared;
     std::set<std::int64_t> m_held;
 };
 

@@ -57,8 +57,8 @@ TEST_F(SqliteStoreTest, LeavesNoFileBesideTheDatabase) {
 
 TEST_F(SqliteStoreTest, KeepsDefinitionsWhenReopened) {
     makeTable(*store);
-    store->setOrdinal("T", "Id", 9);
-    store->setAllowZeroLength("t", "name", true);
+    store->setOrdinal("T", "Id", 9, nullptr);
+    store->setAllowZeroLength("t", "name", true, nullptr);
     const auto before = *store->definition("T");
     reopen();
     const auto after = *store->definition("T");
@@ -219,8 +219,8 @@ TEST_F(SqliteStoreTest, AnUnchangedEntryWritesNothing) {
     makeTable(*store);
     store->settle();
     const std::string before = inFile("PRAGMA data_version") + folder.read(file());
-    store->setOrdinal("T", "Id", store->definition("T")->fields[0].ordinal);
-    store->setAllowZeroLength("T", "Name", false);
+    store->setOrdinal("T", "Id", store->definition("T")->fields[0].ordinal, nullptr);
+    store->setAllowZeroLength("T", "Name", false, nullptr);
     EXPECT_EQ(inFile("PRAGMA data_version") + folder.read(file()), before);
 }
 
