@@ -47,13 +47,14 @@ void makeOwn(const fs::path& file, int rows, int noteLength) {
 
 /// The same rows in a table with types as other programs declare them.
 void makeForeign(const fs::path& file, const fs::path& own) {
-    run(file, fmt::format("CREATE TABLE WIDE (TAG INTEGER, CODE VARCHAR(16), NAME VARCHAR(50), QTY SMALLINT, "
-                          "PRICE DECIMAL(10,4), RATE DOUBLE, STARTED DATETIME, ACTIVE BOOLEAN, "
-                          "REMARKS VARCHAR(40), FACTOR SINGLE, LEVEL TINYINT, PARENT INTEGER, NOTE TEXT);"
-                          "ATTACH '{}' AS own;"
-                          "INSERT INTO WIDE SELECT TAG, CODE, NAME, QTY, PRICE / 10000.0, RATE, STARTED, ACTIVE, "
-                          "REMARKS, FACTOR, LEVEL, PARENT, NOTE FROM own.WIDE",
-                          own.native()));
+    run(file,
+        fmt::format("CREATE TABLE WIDE (TAG INTEGER, CODE VARCHAR(16), NAME VARCHAR(50), QTY SMALLINT, "
+                    "PRICE DECIMAL(10,4), RATE DOUBLE, STARTED DATETIME, ACTIVE BOOLEAN, "
+                    "REMARKS VARCHAR(40), FACTOR SINGLE, LEVEL TINYINT, PARENT INTEGER, NOTE TEXT);"
+                    "ATTACH '{}' AS own;"
+                    "INSERT INTO WIDE SELECT TAG, CODE, NAME, QTY, PRICE / 10000.0, RATE, STARTED, ACTIVE, "
+                    "REMARKS, FACTOR, LEVEL, PARENT, NOTE FROM own.WIDE",
+                    own.native()));
 }
 
 /// Seconds of a run over a fresh copy of the file.

@@ -8,8 +8,9 @@
 
 namespace tol::update {
 
-/// Runs the body of one of the run's procedures and stores what it wrote. A run-time error in either is reported
-/// with the procedure's name, is noted, and ends the procedure alone: its caller goes on. True when there was none.
+/// Runs the body of one of the run's procedures and stores what it wrote. A run-time error in either is
+/// reported with the procedure's name, is noted, and ends the procedure alone: its caller goes on. True when
+/// there was none.
 bool runProcedure(UpdateState& state, std::string_view procedure, const std::function<void()>& body);
 /// The same for one whose writes are stored with what follows it.
 bool runStep(UpdateState& state, std::string_view procedure, const std::function<void()>& body);
