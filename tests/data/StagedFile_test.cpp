@@ -112,7 +112,8 @@ TEST_F(StagedFileTest, TakesOverTheRightsOfTheFileThatItReplaces) {
 }
 
 TEST_F(StagedFileTest, DoesNotReplaceAFileWhoseOwnerItCannotKeep) {
-    ASSERT_EQ(::geteuid(), 0U) << "needs the right to give a file to somebody else";
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can make a file that belongs to somebody else";
     folder.write("X.MDB", "old");
     fs::permissions(folder.path(), fs::perms(0777));
     SecondProcess other([&](const SecondProcess::Steps&) {
