@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite/CatalogueTables.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 
 namespace tol::data::sqlite {
@@ -21,9 +23,13 @@ CREATE TABLE IF NOT EXISTS "MSysInfo" (Name TEXT NOT NULL PRIMARY KEY, Value TEX
 
 } // namespace
 
+/// SQLite looks them up by their names, which the table of its schema has no index for.
 bool CatalogueTables::exist() {
-    return m_connection.number("SELECT count(*) FROM sqlite_schema WHERE type = 'table' AND "
-                               "name IN ('MSysFields', 'MSysIndexes', 'MSysInfo')") == 3;
+    const auto exists = [this](const char* table) {
+        return sqlite3_table_column_metadata(m_connection.handle(), "main", table, nullptr, nullptr, nullptr,
+                                             nullptr, nullptr, nullptr) == SQLITE_OK;
+    };
+    return exists("MSysFields") && exists("MSysIndexes") && exists("MSysInfo");
 }
 
 void CatalogueTables::create() {

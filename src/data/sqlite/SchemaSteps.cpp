@@ -6,6 +6,7 @@
 #include "data/sqlite/FileSchema.h"
 #include "data/sqlite/HiddenColumns.h"
 #include "data/sqlite/Sql.h"
+#include "data/sqlite/TableRewrite.h"
 #include "data/sqlite/TextCollation.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
@@ -47,6 +48,12 @@ FieldRow rowOf(const std::string& table, const FieldDef& field) {
             .size = field.size,
             .allowZeroLength = field.allowZeroLength,
             .required = field.required};
+}
+
+bool isIndexed(const TableDefinition& table, const std::string& field) {
+    return std::ranges::any_of(table.indexes, [&field](const IndexDef& index) {
+        return std::ranges::find(index.fields, field) != index.fields.end();
+    });
 }
 
 } // namespace
@@ -112,14 +119,18 @@ bool SchemaSteps::isTaken(const std::string& name) {
 
 void SchemaSteps::addField(const PhysicalTable& table, const FieldDef& field) {
     requireFieldName(field.name);
-    HiddenColumns hidden(m_connection, table.sqlName);
-    if (table.hiddenColumns > 0 && !hidden.leaveRoom(table))
-        removeHiddenColumns(table);
     FieldDef added = field;
     if (added.ordinal < 0)
         added.ordinal = ordinalBehind(table.definition);
-    m_connection.execute("ALTER TABLE " + quotedName(table.sqlName) + " ADD COLUMN " +
-                         columnDefinition(added, table.strict));
+    const std::string column = columnDefinition(added, table.strict);
+    if (TableRewrite rewrite(m_connection, table); rewrite.pays()) {
+        rewrite.addColumn(column);
+    } else {
+        HiddenColumns hidden(m_connection, table.sqlName);
+        if (table.hiddenColumns > 0 && !hidden.leaveRoom(table))
+            removeHiddenColumns(table);
+        m_connection.execute("ALTER TABLE " + quotedName(table.sqlName) + " ADD COLUMN " + column);
+    }
     m_catalogue.putField(rowOf(table.sqlName, added));
     restore(table.sqlName, added.name);
 }
@@ -139,6 +150,11 @@ bool SchemaSteps::comesBack(const Loss& loss) {
 
 void SchemaSteps::dropField(const PhysicalTable& table, std::size_t field) {
     const std::string& column = table.columns[field].name;
+    if (TableRewrite rewrite(m_connection, table); rewrite.pays()) {
+        rewrite.removeColumn(column);
+        m_catalogue.removeField(table.sqlName, column);
+        return;
+    }
     ColumnRemoval removal(m_connection, table.sqlName);
     if (table.own) {
         const std::string hidden = HiddenColumns(m_connection, table.sqlName).freeName();
@@ -181,7 +197,11 @@ std::vector<SchemaNote> SchemaSteps::takeNotes() {
 void SchemaSteps::renameField(const PhysicalTable& table, std::size_t field, const std::string& newName) {
     requireFieldName(newName);
     const std::string& column = table.columns[field].name;
-    renameColumn(m_connection, table.sqlName, column, newName);
+    TableRewrite rewrite(m_connection, table);
+    if (!isIndexed(table.definition, table.definition.fields[field].name) && rewrite.pays())
+        rewrite.renameColumn(column, newName);
+    else
+        renameColumn(m_connection, table.sqlName, column, newName);
     m_catalogue.renameField(table.sqlName, column, newName, newName);
     restore(table.sqlName, newName);
 }
