@@ -63,8 +63,8 @@ double perConversion(int tables) {
     const double taken = seconds([] { runUpdate(); });
     const double processor = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
     const int conversions = tables - (tables + 19) / 20;
-    fmt::print("{} tables: {} conversions in {:.1f} s, {:.1f} s of them at work\n", tables, conversions, taken,
-               processor);
+    fmt::print("{} tables: {} conversions in {:.1f} s, {:.1f} s of them at work\n", tables, conversions,
+               taken, processor);
     std::fflush(stdout);
     return taken / conversions;
 }
