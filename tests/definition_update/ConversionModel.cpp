@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ConversionModel.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
-#include <regex>
 
 namespace tol::test {
 
@@ -108,9 +108,16 @@ std::optional<Json> fromDate(const Json& value, const Json& wanted) {
 
 double leadingNumberOf(std::string text) {
     std::erase(text, ' ');
-    std::smatch found;
-    static const std::regex number("^[+-]?[0-9]+([.][0-9]+)?");
-    return std::regex_search(text, found, number) ? std::strtod(found.str().c_str(), nullptr) : 0;
+    const auto behindDigits = [&text](std::size_t at) {
+        return std::min(text.find_first_not_of("0123456789", at), text.size());
+    };
+    const std::size_t first = text.find_first_not_of("+-") == 1 ? 1 : 0;
+    std::size_t end = behindDigits(first);
+    if (end == first)
+        return 0;
+    if (end < text.size() && text[end] == '.' && behindDigits(end + 1) > end + 1)
+        end = behindDigits(end + 1);
+    return std::strtod(text.substr(0, end).c_str(), nullptr);
 }
 
 /// "1/31/03"; what names a time as well does not become a date.
