@@ -32,19 +32,15 @@ struct IndexColumns {
 
 void makeTable(Database& database, const std::string& name, const std::vector<Column>& columns,
                const std::vector<IndexColumns>& indexes = {}) {
-    TableDef table = database.CreateTableDef(name);
-    for (const Column& column : columns) {
-        Field field = table.CreateField(column.name, column.type, column.size);
-        field.AllowZeroLength(column.type == dbText);
-        table.Fields().Append(field);
-    }
-    database.TableDefs().Append(table);
-    for (const IndexColumns& columnsOfIndex : indexes) {
-        Index index = table.CreateIndex(columnsOfIndex.name);
-        for (const std::string& key : columnsOfIndex.keys)
-            index.Fields().Append(index.CreateField(key));
-        table.Indexes().Append(index);
-    }
+    TableDefinition table{.name = name};
+    for (const Column& column : columns)
+        table.fields.push_back({.name = column.name,
+                                .type = column.type,
+                                .size = column.size,
+                                .allowZeroLength = column.type == dbText});
+    for (const IndexColumns& index : indexes)
+        table.indexes.push_back({.name = index.name, .fields = index.keys});
+    database.CreateTable(table);
 }
 
 void addRow(Database& database, const std::string& table,
@@ -153,7 +149,9 @@ void makeUpdateFolder() {
 
 void refresh() {
     SilentView view;
-    update::DefinitionRefresh(view, fs::current_path().string()).RefreshDefinitions();
+    update::DefinitionRefresh refresh(view, fs::current_path().string());
+    if (refresh.RefreshDefinitions() != update::RefreshOutcome::Finished)
+        fmt::print(stderr, "the refresh did not finish\n");
 }
 
 std::string runUpdate() {

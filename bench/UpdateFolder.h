@@ -27,7 +27,9 @@ class SilentView : public update::UpdateView, public update::RefreshView {
     void showLabel(update::RunLabel, const std::string&) override {}
     void showRecordLabels(bool) override {}
     void resetActivity() override {}
-    void showActivity(const update::ActivityRow& row) override { lastAction = row.Action; }
+    void showActivity(const update::Activity& /*activity*/, const update::ActivityRow& row) override {
+        lastAction = row.Action;
+    }
     void fillActivity() override {}
     void showLabel(update::RefreshLabel, const std::string&) override {}
     void enableCancel() override {}

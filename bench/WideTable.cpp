@@ -51,10 +51,10 @@ void append(TableDef& table, const char* name) {
 void makeWideTable(const fs::path& file, int rows, bool indexes) {
     Workspace workspace = DBEngine::CreateWorkspace("wksBENCH");
     Database database = workspace.CreateDatabase(file.string());
-    TableDef table = database.CreateTableDef("WIDE");
+    TableDefinition table{.name = "WIDE"};
     for (const Column& column : columns)
-        table.Fields().Append(table.CreateField(column.name, column.type, column.size));
-    database.TableDefs().Append(table);
+        table.fields.push_back({.name = column.name, .type = column.type, .size = column.size});
+    database.CreateTable(table);
 
     Recordset wide = database.OpenRecordset("WIDE");
     std::vector<Field> fields;

@@ -5,6 +5,7 @@
 #include "Ratio.h"
 #include "UpdateFolder.h"
 #include "WideTable.h"
+#include "data/DBEngine.h"
 #include "data/sqlite/SqliteEngine.h"
 
 #include <cstdlib>
@@ -73,7 +74,7 @@ double timed(const fs::path& original, const std::function<void()>& work) {
 } // namespace
 
 int main(int argc, char** argv) {
-    data::sqlite::addSqliteEngine();
+    data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
     SilentHost host;
     runtime::HostScope scope(host);
     if (argc > 1 && std::string_view(argv[1]) == "--once")

@@ -47,7 +47,7 @@ void walk(Bare& statement) {
 
 int main(int argc, char** argv) {
     const int rows = argc > 1 ? std::atoi(argv[1]) : 1'000'000;
-    data::sqlite::addSqliteEngine();
+    data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
     BenchFolder folder;
     const auto file = folder / "WIDE.MDB";
     makeWideTable(file, rows, true);

@@ -5,6 +5,7 @@
 #include "Ratio.h"
 #include "UpdateFolder.h"
 #include "WideTable.h"
+#include "data/DBEngine.h"
 #include "data/sqlite/SqliteEngine.h"
 
 #include <sqlite3.h>
@@ -88,7 +89,7 @@ void compare(std::string_view name, int rows, int noteLength) {
 } // namespace
 
 int main(int argc, char** argv) {
-    data::sqlite::addSqliteEngine();
+    data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
     SilentHost host;
     runtime::HostScope scope(host);
     const int rows = argc > 1 ? std::atoi(argv[1]) : 200'000;

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 // A list over a large table against the bare prepared statements: a Down key with the fill of its row, and
-// opening the list with the walk to its last bookmark. Usage: bench_list [rows]
+// opening the list with its last record found. Usage: bench_list [rows]
 
 #include "Bare.h"
 #include "Ratio.h"
 #include "WideTable.h"
+#include "data/DBEngine.h"
 #include "data/sqlite/SqliteEngine.h"
-#include "forms/Application.h"
-#include "forms/WindowHost.h"
-#include "screens/BrowseList.h"
-#include "screens/input/KeyCodes.h"
+#include "forms/events/Application.h"
+#include "forms/events/WindowHost.h"
+#include "runtime/KeyCodes.h"
+#include "screens/browse/BrowseList.h"
 
 #include <array>
 #include <cstdlib>
@@ -27,10 +28,8 @@ constexpr int keyPresses = 5'000;
 class Page : public screens::BrowsePage {
   public:
     void setCaption(int row, int column, const std::string& caption) override { at(row, column) = caption; }
-    [[nodiscard]] std::string caption(int row, int column) const override {
-        return const_cast<Page*>(this)->at(row, column);
-    }
-    void setRowColor(int row, std::uint32_t color) override { m_colors.at(row) = color; }
+    void setHighlight(int row, bool on) override { m_highlights.at(row) = on; }
+    void announce(const std::string& text) override { m_announced = text; }
     void takeFocus() override {}
     [[nodiscard]] bool isShown() const override { return true; }
 
@@ -40,7 +39,8 @@ class Page : public screens::BrowsePage {
     }
 
     std::array<std::string, rowsOfPage * columns> m_captions;
-    std::array<std::uint32_t, rowsOfPage> m_colors{};
+    std::array<bool, rowsOfPage> m_highlights{};
+    std::string m_announced;
 };
 
 screens::BrowseDescription description() {
@@ -75,7 +75,7 @@ int main(int argc, char** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     forms::Application application("bench");
     forms::WindowHost host;
-    data::sqlite::addSqliteEngine();
+    data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
     BenchFolder folder;
     const auto file = folder / "WIDE.MDB";
     makeWideTable(file, rows, true);
@@ -98,9 +98,9 @@ int main(int argc, char** argv) {
     list.BrowseLoad();
     Bare next(file, "SELECT TAG, NAME FROM WIDE WHERE TAG > ? ORDER BY TAG, MSysKey LIMIT 1");
     const auto pressDown = [&] {
-        list.BrowseMove(screens::keyHome);
+        list.BrowseMove(runtime::keyHome);
         for (int press = 0; press < keyPresses; ++press)
-            list.BrowseMove(screens::keyDown);
+            list.BrowseMove(runtime::keyDown);
     };
     ratio("5,000 Down keys", 9, pressDown, [&] { step(next, keyPresses); });
     return sink == 0 ? 1 : 0;

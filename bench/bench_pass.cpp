@@ -5,6 +5,7 @@
 #include "Ratio.h"
 #include "UpdateFolder.h"
 #include "WideTable.h"
+#include "data/DBEngine.h"
 #include "data/sqlite/SqliteEngine.h"
 
 #include <cstdlib>
@@ -19,27 +20,25 @@ void makeManyTables(const char* file) {
     data::Workspace workspace = data::DBEngine::CreateWorkspace("wksBENCH");
     data::Database database = workspace.CreateDatabase(file);
     for (int t = 0; t < 60; ++t) {
-        data::TableDef table = database.CreateTableDef(fmt::format("TABLE{:02}", t));
+        data::TableDefinition table{.name = fmt::format("TABLE{:02}", t)};
         for (int f = 0; f < (t < 56 ? 12 : 11); ++f) {
-            data::Field field = table.CreateField(
-                fmt::format("FIELD{:02}", f), f % 3 == 0 ? data::dbText : data::dbLong, f % 3 == 0 ? 20 : 0);
-            field.AllowZeroLength(f % 3 == 0);
-            table.Fields().Append(field);
+            const bool isText = f % 3 == 0;
+            table.fields.push_back({.name = fmt::format("FIELD{:02}", f),
+                                    .type = isText ? data::dbText : data::dbLong,
+                                    .size = isText ? 20 : 0,
+                                    .allowZeroLength = isText});
         }
-        database.TableDefs().Append(table);
-        for (const int key : {0, 1}) {
-            data::Index index = table.CreateIndex(fmt::format("INDEX{}", key));
-            index.Fields().Append(index.CreateField(fmt::format("FIELD{:02}", key)));
-            index.Fields().Append(index.CreateField("FIELD05"));
-            table.Indexes().Append(index);
-        }
+        for (const int key : {0, 1})
+            table.indexes.push_back(
+                {.name = fmt::format("INDEX{}", key), .fields = {fmt::format("FIELD{:02}", key), "FIELD05"}});
+        database.CreateTable(table);
     }
 }
 
 } // namespace
 
 int main() {
-    data::sqlite::addSqliteEngine();
+    data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
     SilentHost host;
     runtime::HostScope scope(host);
     BenchFolder folder;

@@ -26,19 +26,17 @@ constexpr int pairs = 9;
 /// The report runs without a window, and nobody stops it.
 class NoWindow : public search_print::ReportView {
   public:
-    void setBeginCaption(const std::string&) override {}
-    void showBegin() override {}
+    void showState(search_print::ReportState) override {}
     void setProcess(const std::string&) override {}
-    void showProcess() override {}
     bool keepPrinting() override { return true; }
 };
 
 void makeLog(data::Database& database) {
-    data::TableDef table = database.CreateTableDef("ACTIVITYLOG");
+    data::TableDefinition table{.name = "ACTIVITYLOG"};
     for (const char* field :
          {"PATHNAME", "DBNAME", "TABLENAME", "INDEXNAME", "FIELDNAME", "Action", "FDATE", "PTIME"})
-        table.Fields().Append(table.CreateField(field, data::dbText, 100));
-    database.TableDefs().Append(table);
+        table.fields.push_back({.name = field, .type = data::dbText, .size = 100});
+    database.CreateTable(table);
     data::Recordset log = database.OpenRecordset("ACTIVITYLOG");
     for (int row = 0; row < rowCount; ++row) {
         log.AddNew();
@@ -124,7 +122,7 @@ void paintPlainly(const std::vector<PlainPage>& pages, const QString& file) {
 int main(int count, char** words) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     const QGuiApplication application(count, words);
-    data::sqlite::addSqliteEngine();
+    data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
     const auto folder = std::filesystem::temp_directory_path() / "tol_bench_report";
     std::filesystem::remove_all(folder);
     std::filesystem::create_directory(folder);

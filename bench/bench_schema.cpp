@@ -5,6 +5,7 @@
 #include "Ratio.h"
 #include "UpdateFolder.h"
 #include "WideTable.h"
+#include "data/DBEngine.h"
 #include "data/sqlite/SqliteEngine.h"
 
 #include <ctime>
@@ -30,18 +31,15 @@ void makeTables(const fs::path& file, int tables, int rowCount, bool changed) {
     workspace.BeginTrans();
     for (int number = 0; number < tables; ++number) {
         const std::string name = fmt::format("TABLE{:04}", number);
-        data::TableDef table = database.CreateTableDef(name);
+        data::TableDefinition table{.name = name};
         for (int field = 0; field < fields; ++field) {
             const bool other = changed && field == fields - 1 && isConverted(number);
-            table.Fields().Append(
-                table.CreateField(fmt::format("FIELD{}", field), other ? data::dbDouble : data::dbLong));
+            table.fields.push_back(
+                {.name = fmt::format("FIELD{}", field), .type = other ? data::dbDouble : data::dbLong});
         }
-        for (const char* key : {"FIELD0", "FIELD1"}) {
-            data::Index index = table.CreateIndex(key);
-            index.Fields().Append(index.CreateField(key));
-            table.Indexes().Append(index);
-        }
-        database.TableDefs().Append(table);
+        for (const char* key : {"FIELD0", "FIELD1"})
+            table.indexes.push_back({.name = key, .fields = {key}});
+        database.CreateTable(table);
         data::Recordset recordset = database.OpenRecordset(name);
         for (int row = 0; row < rowCount; ++row) {
             recordset.AddNew();
@@ -72,7 +70,7 @@ double perConversion(int tables) {
 } // namespace
 
 int main(int argc, char** argv) {
-    data::sqlite::addSqliteEngine();
+    data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
     SilentHost host;
     runtime::HostScope scope(host);
     const int tables = argc > 1 ? std::atoi(argv[1]) : 2'000;

@@ -2,14 +2,17 @@
 // A run of the demo in its window, from opening the window to closing it, against the same run by tolctl's
 // own code in this process; each on a fresh copy. Questions are answered Yes. Usage: bench_window [pairs]
 
+#include "Quiet.h"
 #include "Ratio.h"
 #include "WideTable.h"
+#include "data/DBEngine.h"
 #include "data/sqlite/SqliteEngine.h"
 #include "definition_update/windows/frmDBUDDU.h"
 #include "demo/Demo.h"
-#include "forms/Application.h"
-#include "forms/MdiForm.h"
-#include "forms/WindowHost.h"
+#include "forms/events/Application.h"
+#include "forms/events/WindowHost.h"
+#include "forms/windows/MdiForm.h"
+#include "runtime/Host.h"
 #include "tolctl/Program.h"
 
 #include <QAbstractButton>
@@ -19,47 +22,20 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 using namespace tol;
 using namespace tol::bench;
 namespace fs = std::filesystem;
 
 namespace {
 
-/// The window program's host, but for a person who answers Yes before a box is drawn.
+/// The window program's host, but for a person who answers Yes before a box is drawn. As with tolctl's
+/// options nobody waits, so that neither run stores anything at a question.
 class AgreeingHost : public forms::WindowHost {
   protected:
+    [[nodiscard]] bool waitsForAnswer(runtime::MsgStyle) const override { return false; }
     runtime::MsgResult showMsgBox(const std::string&, runtime::MsgStyle style, const std::string&) override {
         return style.buttons == runtime::MsgButtons::YesNo ? runtime::MsgResult::Yes : runtime::MsgResult::Ok;
     }
-};
-
-/// What this process writes goes nowhere while it lives.
-class Quiet {
-  public:
-    Quiet() {
-        std::fflush(nullptr);
-        const int nowhere = open("/dev/null", O_WRONLY);
-        for (std::size_t stream = 0; stream < m_kept.size(); ++stream) {
-            m_kept.at(stream) = dup(static_cast<int>(stream) + 1);
-            dup2(nowhere, static_cast<int>(stream) + 1);
-        }
-        close(nowhere);
-    }
-    Quiet(const Quiet&) = delete;
-    Quiet& operator=(const Quiet&) = delete;
-    ~Quiet() {
-        std::fflush(nullptr);
-        for (std::size_t stream = 0; stream < m_kept.size(); ++stream) {
-            dup2(m_kept.at(stream), static_cast<int>(stream) + 1);
-            close(m_kept.at(stream));
-        }
-    }
-
-  private:
-    std::array<int, 2> m_kept{};
 };
 
 void press(const QWidget& window, const char* button) {
@@ -97,7 +73,7 @@ int main(int count, char** arguments) {
     const forms::Application application("bench");
     const BenchFolder folder;
     const fs::path copies = fs::current_path();
-    data::sqlite::addSqliteEngine();
+    data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
     demo::makeDemo("demo");
     for (int copy = 0; copy < 2 * (pairs + 1); ++copy)
         fs::copy("demo", fmt::format("copy{}", copy), fs::copy_options::recursive);

@@ -5,13 +5,11 @@ namespace tol::demo {
 
 namespace {
 
-void appendTable(data::Database& database, const TableRecipe& recipe) {
-    data::TableDef table = database.CreateTableDef(recipe.name);
+data::TableDefinition definitionOf(const TableRecipe& recipe) {
+    data::TableDefinition table{.name = recipe.name, .indexes = recipe.indexes};
     for (const FieldRecipe& field : recipe.fields)
-        table.Fields().Append(data::Field(field.definition));
-    for (const data::IndexDef& index : recipe.indexes)
-        table.Indexes().Append(data::Index(index));
-    database.TableDefs().Append(table);
+        table.fields.push_back(field.definition);
+    return table;
 }
 
 } // namespace
@@ -22,7 +20,7 @@ DemoDatabase::DemoDatabase(const std::filesystem::path& file, const Suite::Table
       m_database(m_workspace.CreateDatabase(file.string())) {
     m_workspace.BeginTrans();
     for (const auto& [name, recipe] : tables)
-        appendTable(m_database, recipe);
+        m_database.CreateTable(definitionOf(recipe));
 }
 
 void DemoDatabase::fill(const Values& values) {

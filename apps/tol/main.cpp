@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "data/DBEngine.h"
 #include "data/sqlite/SqliteEngine.h"
-#include "forms/Application.h"
-#include "forms/ErrorGuard.h"
-#include "forms/WindowHost.h"
+#include "forms/events/Application.h"
+#include "forms/events/ErrorGuard.h"
+#include "forms/events/WindowHost.h"
 #include "shell/frmTOLMAIN.h"
 #include "tol/Windows.h"
 
@@ -10,7 +11,7 @@
 int main() {
     const tol::forms::Application application("Tolvane Module");
     const tol::forms::WindowHost host;
-    tol::data::sqlite::addSqliteEngine();
+    tol::data::DBEngine::addEngine(std::make_unique<tol::data::sqlite::SqliteEngine>());
     tol::shell::frmTOLMAIN mainWindow;
     tol::addWindows(mainWindow);
     tol::forms::guarded([&] { mainWindow.load(); });

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tolctl/ActivityRows.h"
 
-#include "data/DBEngine.h"
+#include "data/OpenTable.h"
 #include "runtime/Conversions.h"
 #include "runtime/Text.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdNullCheck.h"
 
 #include <algorithm>
 
@@ -27,13 +27,11 @@ const std::array<ActivityColumn, 8>& activityColumns() {
 }
 
 void forEachActivity(const std::function<void(const ActivityRow&)>& visit) {
-    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksDEF");
-    data::Database definitions = workspace.OpenDatabase("ZOVDEF.MDB");
-    data::Recordset rows = definitions.OpenRecordset("ACTIVITYLOG");
+    data::OpenTable log("wksDEF", "ZOVDEF.MDB", "ACTIVITYLOG");
     ActivityRow row;
-    for (; !rows.AtEOF(); rows.MoveNext()) {
+    for (; !log.rows.AtEOF(); log.rows.MoveNext()) {
         for (const ActivityColumn& column : activityColumns())
-            row.*column.member = runtime::toText(shell::vdNullCheck(rows.Fields(column.name)));
+            row.*column.member = runtime::toText(shell::vdNullCheck(log.rows.Fields(column.name)));
         visit(row);
     }
 }

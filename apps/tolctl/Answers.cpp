@@ -25,11 +25,11 @@ OnUnconvertible usualOnUnconvertible() {
     return person ? OnUnconvertible::Ask : OnUnconvertible::Stop;
 }
 
-std::optional<MsgResult> answerTo(const std::string& title, OnUnconvertible choice) {
+std::optional<MsgResult> answerTo(update::QuestionKind question, OnUnconvertible choice) {
     if (choice == OnUnconvertible::Ask)
         return std::nullopt;
-    const bool yes = (title == "Data Will Be Lost" && choice != OnUnconvertible::Stop) ||
-                     (title == "Continue Warning?" && choice == OnUnconvertible::Continue);
+    const bool yes = choice == OnUnconvertible::Continue ||
+                     (choice == OnUnconvertible::Quiet && question == update::QuestionKind::LoseValue);
     return yes ? MsgResult::Yes : MsgResult::No;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "definition_update/engine/UpdateView.h"
 #include "runtime/Host.h"
 
 #include <optional>
@@ -22,8 +23,7 @@ std::optional<OnUnconvertible> onUnconvertibleFor(const std::string& word);
 /// Ask where there is a person to be asked, else Stop.
 OnUnconvertible usualOnUnconvertible();
 
-/// The answer to the question with this title; nothing when the person has to give it. A question that
-/// nobody foresaw is answered No.
-std::optional<runtime::MsgResult> answerTo(const std::string& title, OnUnconvertible choice);
+/// The answer to a question; nothing when the person has to give it.
+std::optional<runtime::MsgResult> answerTo(update::QuestionKind question, OnUnconvertible choice);
 
 } // namespace tol::ctl

@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <memory>
 #include <string>
 
 namespace tol::ctl {
@@ -29,5 +30,10 @@ class Command {
   private:
     CLI::App* m_app;
 };
+
+/// The commands, each made in the file of its name; Program lists them.
+using CommandFactory = std::unique_ptr<Command>(CLI::App& program);
+CommandFactory updateCommand, refreshCommand, logCommand, dumpCommand, loadCommand, compactCommand,
+    demoCommand;
 
 } // namespace tol::ctl

@@ -1,14 +1,26 @@
 // SPDX-License-Identifier: MIT
-#include "tolctl/CompactCommand.h"
-
 #include "data/DBEngine.h"
 #include "platform/Paths.h"
+#include "tolctl/Command.h"
 
 #include <filesystem>
 #include <iostream>
+#include <memory>
+#include <string>
 #include <system_error>
 
 namespace tol::ctl {
+namespace {
+
+/// tolctl compact: removes the bytes of deleted fields and rows.
+class CompactCommand : public Command {
+  public:
+    explicit CompactCommand(CLI::App& program);
+    ExitStatus execute() override;
+
+  private:
+    std::string m_file;
+};
 
 CompactCommand::CompactCommand(CLI::App& program)
     : Command(program, "compact", "Remove the bytes of deleted fields and rows from a database") {
@@ -23,6 +35,12 @@ ExitStatus CompactCommand::execute() {
     std::cerr << file.string() << ": " << before << " bytes before, " << std::filesystem::file_size(file)
               << " now\n";
     return ExitStatus::Finished;
+}
+
+} // namespace
+
+std::unique_ptr<Command> compactCommand(CLI::App& program) {
+    return std::make_unique<CompactCommand>(program);
 }
 
 } // namespace tol::ctl

@@ -1,11 +1,23 @@
 // SPDX-License-Identifier: MIT
-#include "tolctl/DemoCommand.h"
-
 #include "demo/Demo.h"
+#include "tolctl/Command.h"
 
 #include <iostream>
+#include <memory>
+#include <string>
 
 namespace tol::ctl {
+namespace {
+
+/// tolctl demo: makes a complete working folder with invented data.
+class DemoCommand : public Command {
+  public:
+    explicit DemoCommand(CLI::App& program);
+    ExitStatus execute() override;
+
+  private:
+    std::string m_demoFolder;
+};
 
 DemoCommand::DemoCommand(CLI::App& program)
     : Command(program, "demo", "Make a complete working folder with invented data") {
@@ -23,6 +35,12 @@ ExitStatus DemoCommand::execute() {
     demo::makeDemo(m_demoFolder);
     std::cerr << "Made " << m_demoFolder << ". Next: tolctl --dir " << m_demoFolder << " update --all\n";
     return ExitStatus::Finished;
+}
+
+} // namespace
+
+std::unique_ptr<Command> demoCommand(CLI::App& program) {
+    return std::make_unique<DemoCommand>(program);
 }
 
 } // namespace tol::ctl

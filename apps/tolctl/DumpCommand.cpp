@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "tolctl/DumpCommand.h"
-
 #include "data/DBEngine.h"
 #include "data/json/DatabaseJson.h"
+#include "tolctl/Command.h"
 #include "tolctl/Output.h"
+#include "tolctl/ProgressLine.h"
 #include "tolctl/RowReport.h"
 
 #include <iostream>
+#include <memory>
+#include <string>
 
 #include <unistd.h>
 
@@ -20,7 +22,17 @@ constexpr const char* closing =
     "a\n"
     "text that is no UTF-8 {\"base64\": \"...\"}. tolctl load makes the same database from it.";
 
-} // namespace
+/// tolctl dump: prints a database as JSON.
+class DumpCommand : public Command {
+  public:
+    explicit DumpCommand(CLI::App& program);
+    ExitStatus execute() override;
+
+  private:
+    std::string m_file;
+    bool m_schemaOnly = false;
+    ProgressLine m_progress; ///< not where the JSON itself runs over the terminal
+};
 
 DumpCommand::DumpCommand(CLI::App& program)
     : Command(program, "dump", "Print a database as JSON"), m_progress(isatty(STDOUT_FILENO) == 0) {
@@ -42,6 +54,12 @@ ExitStatus DumpCommand::execute() {
     data::json::writeDatabase(database, std::cout, {m_schemaOnly, rowReport(m_progress), complain});
     m_progress.clear();
     return finishOutput() ? status : ExitStatus::CouldNotStart;
+}
+
+} // namespace
+
+std::unique_ptr<Command> dumpCommand(CLI::App& program) {
+    return std::make_unique<DumpCommand>(program);
 }
 
 } // namespace tol::ctl

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
+
 namespace tol::ctl {
 
 /// What tolctl tells to whoever started it.
@@ -13,7 +15,11 @@ enum class ExitStatus : int {
     Stopped = 4, ///< broken off by the person, by a signal or by an answer
 };
 
-/// Thrown where a command that can be broken off at any row was asked to stop.
-struct Stopped {};
+/// Thrown by a command that can't go on, for another reason than a run-time error: what the person is told,
+/// and how tolctl ends.
+struct Failure {
+    ExitStatus status;
+    std::string text;
+};
 
 } // namespace tol::ctl

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tolctl/Interrupt.h"
 
-#include "tolctl/ExitStatus.h"
-
 #include <cerrno>
 #include <csignal>
 
@@ -88,9 +86,13 @@ std::optional<std::string> readLine() {
     return std::nullopt;
 }
 
+Failure stopped() {
+    return {ExitStatus::Stopped, "stopped."};
+}
+
 void stopIfInterrupted() {
     if (interrupted())
-        throw Stopped{};
+        throw stopped();
 }
 
 } // namespace tol::ctl

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tolctl/ExitStatus.h"
+
 #include <optional>
 #include <string>
 
@@ -16,7 +18,8 @@ void watchInterrupts();
 /// before the line is there. A person's input only: it is read byte by byte.
 [[nodiscard]] std::optional<std::string> readLine();
 
-/// Raises Stopped when a stop was asked for.
+/// What ends a command that was asked to stop; and throws it when a stop was asked for.
+[[nodiscard]] Failure stopped();
 void stopIfInterrupted();
 
 } // namespace tol::ctl

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "tolctl/LoadCommand.h"
-
 #include "data/json/DatabaseJson.h"
 #include "runtime/RuntimeError.h"
+#include "tolctl/Command.h"
+#include "tolctl/ProgressLine.h"
 #include "tolctl/RowReport.h"
 
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 #include <iostream>
+#include <memory>
+#include <string>
 
 namespace tol::ctl {
 namespace {
@@ -19,7 +21,17 @@ constexpr const char* closing =
     "\"indexes\" and \"rows\" may be left out. A file that exists is never touched, and none is left behind\n"
     "when the text can't be read to its end.";
 
-} // namespace
+/// tolctl load: makes a database from JSON.
+class LoadCommand : public Command {
+  public:
+    explicit LoadCommand(CLI::App& program);
+    ExitStatus execute() override;
+
+  private:
+    std::string m_file;
+    std::string m_json;
+    ProgressLine m_progress;
+};
 
 LoadCommand::LoadCommand(CLI::App& program) : Command(program, "load", "Make a database from JSON") {
     app().add_option("FILE", m_file, "The database to make; it must not exist")->required()->type_name("");
@@ -39,6 +51,12 @@ ExitStatus LoadCommand::execute() {
     }
     m_progress.clear();
     return ExitStatus::Finished;
+}
+
+} // namespace
+
+std::unique_ptr<Command> loadCommand(CLI::App& program) {
+    return std::make_unique<LoadCommand>(program);
 }
 
 } // namespace tol::ctl

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "tolctl/LogCommand.h"
-
 #include "tolctl/ActivityRows.h"
+#include "tolctl/Command.h"
 #include "tolctl/JsonReport.h"
 #include "tolctl/Output.h"
 #include "tolctl/PdfLog.h"
@@ -9,6 +8,9 @@
 #include "tolctl/TerminalHost.h"
 
 #include <iostream>
+#include <memory>
+#include <optional>
+#include <string>
 
 namespace tol::ctl {
 namespace {
@@ -23,7 +25,16 @@ void printColumns() {
     forEachActivity([&](const update::ActivityRow& row) { std::cout << table.line(row) << "\n"; });
 }
 
-} // namespace
+/// tolctl log: prints the log of the last run, to the terminal or as a PDF file.
+class LogCommand : public Command {
+  public:
+    explicit LogCommand(CLI::App& program);
+    ExitStatus execute() override;
+
+  private:
+    bool m_json = false;
+    std::optional<std::string> m_pdf; ///< file to write
+};
 
 LogCommand::LogCommand(CLI::App& program)
     : Command(program, "log", "Print the log of the last update, in stored order") {
@@ -36,7 +47,7 @@ LogCommand::LogCommand(CLI::App& program)
 
 ExitStatus LogCommand::execute() {
     ProgressLine progress;
-    const TerminalHost host(progress, OnUnconvertible::Stop);
+    const TerminalHost host(progress);
     if constexpr (hasPdf)
         if (m_pdf)
             writePdfLog(*m_pdf, progress);
@@ -49,6 +60,12 @@ ExitStatus LogCommand::execute() {
     if (!finishOutput())
         return ExitStatus::CouldNotStart;
     return host.troubled() ? ExitStatus::NeedsAttention : ExitStatus::Finished;
+}
+
+} // namespace
+
+std::unique_ptr<Command> logCommand(CLI::App& program) {
+    return std::make_unique<LogCommand>(program);
 }
 
 } // namespace tol::ctl

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tolctl/Output.h"
 
+#include <nlohmann/json.hpp>
+
 #include <csignal>
 #include <iostream>
 
@@ -15,6 +17,28 @@ bool finishOutput() {
 
 void outliveReader() {
     std::signal(SIGPIPE, SIG_IGN);
+}
+
+void printJsonText(std::string_view text) {
+    std::cout << nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
+void JsonArray::add(const std::vector<Member>& members) {
+    std::cout << (m_empty ? "[\n  " : ",\n  ");
+    m_empty = false;
+    const char* separator = "{";
+    for (const auto& [name, text] : members) {
+        std::cout << separator;
+        printJsonText(name);
+        std::cout << ": ";
+        printJsonText(text);
+        separator = ", ";
+    }
+    std::cout << '}';
+}
+
+void JsonArray::end() {
+    std::cout << (m_empty ? "[]" : "\n]");
 }
 
 } // namespace tol::ctl

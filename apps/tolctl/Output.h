@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string_view>
+#include <utility>
+#include <vector>
+
 namespace tol::ctl {
 
 /// Passes on what is still held back of standard output, which may only now turn out to have no place.
@@ -9,5 +13,22 @@ namespace tol::ctl {
 
 /// From now on a reader who goes away before the end is no reason to end: work on databases goes on.
 void outliveReader();
+
+/// Prints a text as JSON. Bytes that are no UTF-8 come out as the replacement character: a report must stay
+/// readable.
+void printJsonText(std::string_view text);
+
+/// Prints an array of objects as JSON, one a line.
+class JsonArray {
+  public:
+    using Member = std::pair<std::string_view, std::string_view>;
+
+    /// Prints the next object, by the names and texts of its members.
+    void add(const std::vector<Member>& members);
+    void end();
+
+  private:
+    bool m_empty = true;
+};
 
 } // namespace tol::ctl

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tolctl/PdfLog.h"
 
-#include "data/DBEngine.h"
+#include "data/OpenTable.h"
 #include "definition_update/report/ActivityReport.h"
 #include "search_print/document/PdfFile.h"
 #include "tolctl/Interrupt.h"
@@ -22,12 +22,10 @@ class PdfView : public search_print::ReportView {
   public:
     explicit PdfView(ProgressLine& progress) : m_progress(progress) {}
 
-    void setBeginCaption(const std::string&) override {}
-    void showBegin() override {}
+    void showState(search_print::ReportState) override {}
     void setProcess(const std::string& text) override {
         m_progress.show([&] { return text; });
     }
-    void showProcess() override {}
     bool keepPrinting() override { return !interrupted(); }
 
   private:
@@ -57,12 +55,10 @@ class FontSystem {
 
 void writePdfLog(const std::string& file, ProgressLine& progress) {
     const FontSystem fonts;
-    data::Workspace wksDBU = data::DBEngine::CreateWorkspace("wksDBU");
-    data::Database definitions = wksDBU.OpenDatabase("ZOVDEF.MDB");
-    data::Recordset log = definitions.OpenRecordset("ACTIVITYLOG");
+    data::OpenTable log("wksDBU", "ZOVDEF.MDB", "ACTIVITYLOG");
     search_print::VSPrinter printer;
     PdfView view(progress);
-    update::printActivityLog(view, printer, log, printer.Orientation());
+    update::printActivityLog(view, printer, log.rows, printer.Orientation());
     stopIfInterrupted();
     search_print::writePdf(printer.document(), printer.document().pages, file, printer.documentTitle());
     progress.clear();

@@ -8,7 +8,7 @@ namespace tol::ctl {
 class ProgressLine;
 
 /// Writes the report of the log to a PDF file; needs no display. Raises 75 when the file can't be written,
-/// Stopped when a stop was asked for.
+/// stopped() when a stop was asked for.
 void writePdfLog(const std::string& file, ProgressLine& progress);
 
 } // namespace tol::ctl

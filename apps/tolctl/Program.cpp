@@ -1,20 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "tolctl/Program.h"
 
+#include "data/DBEngine.h"
 #include "data/sqlite/SqliteEngine.h"
+#include "runtime/DeferredErrors.h"
 #include "runtime/Host.h"
-#include "runtime/OwedErrors.h"
 #include "runtime/RuntimeError.h"
-#include "tolctl/CompactCommand.h"
-#include "tolctl/DemoCommand.h"
-#include "tolctl/DumpCommand.h"
 #include "tolctl/Interrupt.h"
-#include "tolctl/LoadCommand.h"
-#include "tolctl/LogCommand.h"
 #include "tolctl/Output.h"
-#include "tolctl/RefreshCommand.h"
-#include "tolctl/UpdateCommand.h"
-#include "tolctl/UsageError.h"
 
 #include <filesystem>
 #include <iostream>
@@ -32,13 +25,17 @@ constexpr const char* closing =
     "Drive letters in the data are folders: those in $TOL_DRIVES, else in \"drives\" of the current folder,\n"
     "else in tolvane/drives of the user's data folder.";
 
+/// In the order of the help.
+constexpr CommandFactory* commands[] = {updateCommand, refreshCommand, logCommand, dumpCommand,
+                                        loadCommand,   compactCommand, demoCommand};
+
 void tell(const std::string& text) {
     std::cerr << "tolctl: " << text << "\n";
 }
 
-ExitStatus tellStopped() {
-    tell("stopped.");
-    return ExitStatus::Stopped;
+ExitStatus tellFailure(const Failure& failure) {
+    tell(failure.text);
+    return failure.status;
 }
 
 ExitStatus tellError(const runtime::RuntimeError& error) {
@@ -56,18 +53,8 @@ Program::Program() : m_app(purpose, "tolctl") {
     m_app.require_subcommand(1);
     m_app.fallthrough();
     m_app.footer(closing);
-    add<UpdateCommand>();
-    add<RefreshCommand>();
-    add<LogCommand>();
-    add<DumpCommand>();
-    add<LoadCommand>();
-    add<CompactCommand>();
-    add<DemoCommand>();
-}
-
-template <typename T>
-void Program::add() {
-    m_commands.push_back(std::make_unique<T>(m_app));
+    for (CommandFactory* make : commands)
+        m_commands.push_back(make(m_app));
 }
 
 // What a handle could not store as it went away is told behind all else.
@@ -76,9 +63,9 @@ ExitStatus Program::run(int count, const char* const* words) {
         m_app.parse(count, words);
         return runChosen();
     });
-    while (runtime::anyOwed())
+    while (runtime::anyDeferred())
         status = attempt([]() -> ExitStatus {
-            runtime::raiseOwed();
+            runtime::raiseDeferred();
             return ExitStatus::CouldNotStart;
         });
     return status;
@@ -94,17 +81,13 @@ ExitStatus Program::attempt(Work&& work) {
     } catch (const CLI::ParseError& error) {
         tellUsage(error);
         return ExitStatus::WrongUsage;
-    } catch (const UsageError& error) {
-        tell(error.what());
-        return ExitStatus::WrongUsage;
+    } catch (const Failure& failure) {
+        return tellFailure(failure);
     } catch (const runtime::RuntimeError& error) {
         // A read that a signal broke off looks like the end of the text.
-        return interrupted() ? tellStopped() : tellError(error);
-    } catch (const Stopped&) {
-        return tellStopped();
+        return interrupted() ? tellFailure(stopped()) : tellError(error);
     } catch (const std::exception& error) {
-        tell(error.what());
-        return ExitStatus::CouldNotStart;
+        return tellFailure({ExitStatus::CouldNotStart, error.what()});
     }
 }
 
@@ -119,12 +102,12 @@ void Program::tellUsage(const CLI::ParseError& error) const {
 
 ExitStatus Program::runChosen() {
     enterFolder();
-    data::sqlite::addSqliteEngine();
+    data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
     watchInterrupts();
     for (const auto& command : m_commands)
         if (command->chosen()) {
             const ExitStatus status = command->execute();
-            runtime::settle();
+            runtime::flush();
             return status;
         }
     return ExitStatus::WrongUsage;

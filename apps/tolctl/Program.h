@@ -18,8 +18,6 @@ class Program {
     ExitStatus run(int count, const char* const* words);
 
   private:
-    template <typename T>
-    void add();
     /// Turns whatever the work raises into a sentence and a status.
     template <typename Work>
     ExitStatus attempt(Work&& work);

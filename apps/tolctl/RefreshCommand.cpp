@@ -3,8 +3,8 @@
 
 #include "data/DBEngine.h"
 #include "definition_update/engine/DefinitionRefresh.h"
+#include "shell/vdfunctions/vdLocation.h"
 #include "tolctl/JsonReport.h"
-#include "tolctl/NetLocation.h"
 #include "tolctl/Output.h"
 #include "tolctl/TerminalHost.h"
 #include "tolctl/TerminalView.h"
@@ -90,10 +90,10 @@ RefreshCommand::RefreshCommand(CLI::App& program)
 
 ExitStatus RefreshCommand::execute() {
     outliveReader();
-    TerminalHost host(m_progress, OnUnconvertible::Stop);
+    TerminalHost host(m_progress);
     TerminalRefreshView view(m_progress);
     countRows();
-    update::DefinitionRefresh refresh(view, netLocation());
+    update::DefinitionRefresh refresh(view, shell::vdNetworkFolder());
     host.onStop([&] { refresh.Cancel(); });
     const RefreshOutcome outcome = refresh.RefreshDefinitions();
     m_progress.clear();
@@ -110,6 +110,10 @@ ExitStatus RefreshCommand::execute() {
     if (report.status != ExitStatus::Finished)
         return report.status;
     return host.troubled() || !printed ? ExitStatus::NeedsAttention : ExitStatus::Finished;
+}
+
+std::unique_ptr<Command> refreshCommand(CLI::App& program) {
+    return std::make_unique<RefreshCommand>(program);
 }
 
 } // namespace tol::ctl

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/json/RowProgress.h"
+#include "data/json/DatabaseJson.h"
 #include "tolctl/ProgressLine.h"
 
 namespace tol::ctl {

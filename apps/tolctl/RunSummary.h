@@ -3,8 +3,6 @@
 
 #include "definition_update/engine/UpdateView.h"
 
-#include <array>
-#include <cstddef>
 #include <map>
 #include <ostream>
 #include <set>
@@ -15,23 +13,19 @@
 namespace tol::ctl {
 
 /// What a person wants to know when a run is over: what was changed, where data was lost, what needs
-/// attention. It is told each row of the log and each value that could not convert.
+/// attention. It is told each row of the log and each question.
 class RunSummary {
   public:
-    static constexpr std::size_t kinds = 15;
-
-    void add(const update::ActivityRow& row);
-    /// A value that can't convert was met; `where` names site and database, `question` is the box.
-    void addUnconvertible(const std::string& where, const std::string& question);
+    void add(const update::Activity& activity, const update::ActivityRow& row);
+    void add(const update::Question& question);
 
     void print(std::ostream& out) const;
     static void printNotes(std::ostream& out, const std::vector<update::DefinitionNote>& notes);
 
   private:
     void printLosses(std::ostream& out) const;
-    void printTroubles(std::ostream& out) const;
 
-    std::array<long, kinds> m_counts{};
+    std::map<update::ActivityKind, long> m_counts;
     std::set<std::pair<std::string, std::string>> m_databases; ///< site and database
     std::set<std::string> m_sites;
     std::vector<std::string> m_cut;              ///< fields whose texts were made shorter

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "tolctl/SiteChoice.h"
 
-#include "runtime/Conversions.h"
 #include "runtime/Text.h"
-#include "shell/vdfunctions/vdfunctions.h"
-#include "tolctl/UsageError.h"
+#include "tolctl/ExitStatus.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace tol::ctl {
 namespace {
@@ -21,6 +20,11 @@ bool sameName(std::string_view left, std::string_view right) {
 
 std::string quotedList(const std::vector<std::string>& names) {
     return "\"" + fmt::format("{}", fmt::join(names, "\", \"")) + "\"";
+}
+
+/// The command line asks for something that the data of this folder does not have or allow.
+[[noreturn]] void fail(std::string text) {
+    throw Failure{ExitStatus::WrongUsage, std::move(text)};
 }
 
 } // namespace
@@ -41,9 +45,8 @@ std::string SiteChoice::tag(update::DefinitionUpdate& run) {
         else if (m_request.all)
             m_leftOut.push_back(site.tags.PATHNAME);
         else
-            throw UsageError(fmt::format("a run takes at most {} Job Sites, and more than that bear the "
-                                         "names given.",
-                                         update::maxTaggedItems));
+            fail(fmt::format("a run takes at most {} Job Sites, and more than that bear the names given.",
+                             update::maxTaggedItems));
     }
     return std::string(noSite);
 }
@@ -51,13 +54,8 @@ std::string SiteChoice::tag(update::DefinitionUpdate& run) {
 std::vector<SiteChoice::Site> SiteChoice::readSites(data::Recordset& DBPATHS) {
     std::vector<Site> sites;
     DBPATHS.Index("DBPATHS");
-    for (; !DBPATHS.AtEOF(); DBPATHS.MoveNext()) {
-        const std::string folder = shell::vdNullCheckText(DBPATHS.Fields("PathText"));
-        sites.push_back({DBPATHS.Bookmark(),
-                         {runtime::toLong(shell::vdNullCheck(DBPATHS.Fields("DBTAG"))),
-                          shell::vdNullCheckText(DBPATHS.Fields("PATHNAME")),
-                          runtime::upperCase(runtime::trim(folder))}});
-    }
+    for (; !DBPATHS.AtEOF(); DBPATHS.MoveNext())
+        sites.push_back({DBPATHS.Bookmark(), update::siteOf(DBPATHS)});
     return sites;
 }
 
@@ -70,8 +68,8 @@ std::string SiteChoice::onlySite(const std::vector<Site>& sites) const {
     names.reserve(sites.size());
     for (const Site& site : sites)
         names.emplace_back(runtime::trim(site.tags.PATHNAME));
-    throw UsageError(fmt::format("there are {} Job Sites: choose with --site NAME or --all. They are {}.",
-                                 sites.size(), quotedList(names)));
+    fail(fmt::format("there are {} Job Sites: choose with --site NAME or --all. They are {}.", sites.size(),
+                     quotedList(names)));
 }
 
 bool SiteChoice::wanted(const Site& site) const {
@@ -86,7 +84,7 @@ void SiteChoice::requireKnownNames(const std::vector<Site>& sites) const {
         if (std::ranges::none_of(sites, [&](const Site& site) { return sameName(name, site.tags.PATHNAME); }))
             unknown.push_back(name);
     if (!unknown.empty())
-        throw UsageError(fmt::format("no Job Site is named {}.", quotedList(unknown)));
+        fail(fmt::format("no Job Site is named {}.", quotedList(unknown)));
 }
 
 } // namespace tol::ctl

@@ -22,8 +22,8 @@ class SiteChoice {
     explicit SiteChoice(const SiteRequest& request) : m_request(request) {}
 
     /// Fills the tag list and returns the mark of the current site, blank unless that alone is taken.
-    /// Raises UsageError for a name that no site bears, for more sites than a run takes, and for no request
-    /// where the list has several.
+    /// Throws Failure (wrong usage) for a name that no site bears, for more sites than a run takes, and for
+    /// no request where the list has several.
     std::string tag(update::DefinitionUpdate& run);
     /// Names of the sites behind the last place of the tag list, with `all`.
     [[nodiscard]] const std::vector<std::string>& leftOut() const { return m_leftOut; }

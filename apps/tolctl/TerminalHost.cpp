@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <sstream>
+#include <utility>
 
 namespace tol::ctl {
 namespace {
@@ -31,6 +32,11 @@ const char* wordFor(MsgResult answer) {
 
 } // namespace
 
+// A box that only tells something tells it of what is stored.
+bool TerminalHost::waitsForAnswer(runtime::MsgStyle style) const {
+    return style.buttons != MsgButtons::YesNo || !m_foreseen;
+}
+
 MsgResult TerminalHost::showMsgBox(const std::string& text, runtime::MsgStyle style,
                                    const std::string& title) {
     if (style.buttons == MsgButtons::YesNo)
@@ -46,7 +52,7 @@ MsgResult TerminalHost::showMsgBox(const std::string& text, runtime::MsgStyle st
 // A person reads each question; an answer from the command line is told once for each text, since the
 // same question may come for every row of a table.
 MsgResult TerminalHost::answerQuestion(const std::string& text, const std::string& title) {
-    const auto foreseen = answerTo(title, m_choice);
+    const auto foreseen = std::exchange(m_foreseen, MsgResult::No);
     Message message{title, text, foreseen ? wordFor(*foreseen) : ""};
     const bool tell = !foreseen || m_told.insert(message).second;
     if (tell)
@@ -55,7 +61,6 @@ MsgResult TerminalHost::answerQuestion(const std::string& text, const std::strin
     if (foreseen && tell)
         std::cerr << "  -> " << message.answer << "\n";
     message.answer = wordFor(answer);
-    m_question(message);
     m_messages.add(std::move(message));
     return answer;
 }

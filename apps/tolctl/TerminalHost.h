@@ -2,33 +2,35 @@
 #pragma once
 
 #include "runtime/Host.h"
-#include "tolctl/Answers.h"
 #include "tolctl/MessageLog.h"
 #include "tolctl/ProgressLine.h"
 
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 
 namespace tol::ctl {
 
 /// The person at the desk, as far as a terminal can stand in: shows message boxes on standard error,
-/// answers questions by the choice made on the command line or asks on the terminal, and passes on the
-/// wish to stop. It keeps all boxes for the report. Installs itself while it lives.
+/// answers questions as foreseen or asks on the terminal, and passes on the wish to stop. It keeps all boxes
+/// for the report. Installs itself while it lives.
 class TerminalHost : public runtime::Host {
   public:
-    TerminalHost(ProgressLine& progress, OnUnconvertible choice) : m_progress(progress), m_choice(choice) {}
+    explicit TerminalHost(ProgressLine& progress) : m_progress(progress) {}
 
     /// Called, perhaps more than once, when the work in hand is to stop.
     void onStop(std::function<void()> stop) { m_stop = std::move(stop); }
-    /// Told of every question and its answer.
-    void onQuestion(std::function<void(const Message&)> question) { m_question = std::move(question); }
+    /// The answer to the next question; nothing when the person has to give it. A question that nobody
+    /// foresaw is answered No.
+    void foresee(std::optional<runtime::MsgResult> answer) { m_foreseen = answer; }
 
     [[nodiscard]] const MessageLog& messages() const { return m_messages; }
     /// Whether a box told of trouble: any that was no question.
     [[nodiscard]] bool troubled() const { return m_troubled; }
 
   protected:
+    [[nodiscard]] bool waitsForAnswer(runtime::MsgStyle style) const override;
     runtime::MsgResult showMsgBox(const std::string& text, runtime::MsgStyle style,
                                   const std::string& title) override;
     void processEvents() override;
@@ -40,9 +42,8 @@ class TerminalHost : public runtime::Host {
     void print(const std::string& text, const std::string& title);
 
     ProgressLine& m_progress;
-    OnUnconvertible m_choice;
+    std::optional<runtime::MsgResult> m_foreseen = runtime::MsgResult::No;
     std::function<void()> m_stop = [] {};
-    std::function<void(const Message&)> m_question = [](const Message&) {};
     MessageLog m_messages;
     std::set<Message> m_told; ///< questions answered from the command line
     bool m_troubled = false;

@@ -24,6 +24,11 @@ void TerminalView::showRecordLabels(bool visible) {
     m_recordLabels = visible;
 }
 
+bool TerminalView::ask(const update::Question& question) {
+    m_question(question);
+    return UpdateView::ask(question);
+}
+
 void TerminalView::showNote(const update::DefinitionNote& note) {
     if (std::ranges::count(m_notes, note) == 0)
         m_notes.push_back(note);
@@ -52,20 +57,28 @@ void TerminalView::showMissing(const update::MissingFolder& folder) {
 }
 
 std::string TerminalView::line() const {
-    std::string text = fmt::format("{}  {}  {}", trim(label(RunLabel::NPPATHNAME)),
-                                   trim(label(RunLabel::NPDBNAME)), trim(label(RunLabel::NP2)));
+    std::string text = fmt::format("{}  {}  {}", label(RunLabel::NPPATHNAME), label(RunLabel::NPDBNAME),
+                                   label(RunLabel::NP2));
     if (m_recordLabels)
-        text += fmt::format("  record {} of {}", trim(label(RunLabel::NP4)), trim(label(RunLabel::NP6)));
+        text += fmt::format("  record {} of {}", label(RunLabel::NP4), label(RunLabel::NP6));
     return text;
+}
+
+std::string_view TerminalView::label(RunLabel label) const {
+    return trim(m_labels[static_cast<std::size_t>(label)]);
 }
 
 void TerminalRefreshView::showLabel(RefreshLabel label, const std::string& text) {
     m_labels[static_cast<std::size_t>(label)] = text;
     m_progress.show([this] {
-        return fmt::format("{}  {}  {}{}", trim(this->label(RefreshLabel::DBNAME)),
-                           trim(this->label(RefreshLabel::TNAME)), trim(this->label(RefreshLabel::INAME)),
-                           trim(this->label(RefreshLabel::FNAME)));
+        return fmt::format("{}  {}  {}{}", this->label(RefreshLabel::DBNAME),
+                           this->label(RefreshLabel::TNAME), this->label(RefreshLabel::INAME),
+                           this->label(RefreshLabel::FNAME));
     });
+}
+
+std::string_view TerminalRefreshView::label(RefreshLabel label) const {
+    return trim(m_labels[static_cast<std::size_t>(label)]);
 }
 
 } // namespace tol::ctl

@@ -8,6 +8,7 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tol::ctl {
@@ -15,9 +16,12 @@ namespace tol::ctl {
 /// A run of the update as the terminal shows it: one progress line, and a call for each row of the log.
 class TerminalView : public update::UpdateView {
   public:
-    TerminalView(ProgressLine& progress, std::function<void(const update::ActivityRow&)> activity)
+    using ShowActivity = std::function<void(const update::Activity&, const update::ActivityRow&)>;
+    TerminalView(ProgressLine& progress, ShowActivity activity)
         : m_progress(progress), m_activity(std::move(activity)) {}
 
+    /// Told of every question before it is asked.
+    void onQuestion(std::function<void(const update::Question&)> tell) { m_question = std::move(tell); }
     /// Called when the same error has come so often that the database in work had better be left.
     void onRepeatedError(std::function<void()> leave) { m_leave = std::move(leave); }
 
@@ -26,16 +30,16 @@ class TerminalView : public update::UpdateView {
     void showLabel(update::RunLabel label, const std::string& text) override;
     void showRecordLabels(bool visible) override;
     void resetActivity() override {}
-    void showActivity(const update::ActivityRow& row) override { m_activity(row); }
+    void showActivity(const update::Activity& activity, const update::ActivityRow& row) override {
+        m_activity(activity, row);
+    }
     void fillActivity() override {}
+    bool ask(const update::Question& question) override;
     void showNote(const update::DefinitionNote& note) override;
     void showError(const update::ReportedError& error) override;
     void showLeft(const update::LeftDatabase& database) override;
     void showMissing(const update::MissingFolder& folder) override;
 
-    [[nodiscard]] const std::string& label(update::RunLabel label) const {
-        return m_labels[static_cast<std::size_t>(label)];
-    }
     /// Each once.
     [[nodiscard]] const std::vector<update::DefinitionNote>& notes() const { return m_notes; }
     [[nodiscard]] const std::vector<update::LeftDatabase>& left() const { return m_left; }
@@ -44,9 +48,11 @@ class TerminalView : public update::UpdateView {
 
   private:
     [[nodiscard]] std::string line() const;
+    [[nodiscard]] std::string_view label(update::RunLabel label) const;
 
     ProgressLine& m_progress;
-    std::function<void(const update::ActivityRow&)> m_activity;
+    ShowActivity m_activity;
+    std::function<void(const update::Question&)> m_question = [](const update::Question&) {};
     std::function<void()> m_leave = [] {};
     std::array<std::string, 6> m_labels;
     bool m_recordLabels = false;
@@ -64,11 +70,9 @@ class TerminalRefreshView : public update::RefreshView {
     void showLabel(update::RefreshLabel label, const std::string& text) override;
     void enableCancel() override {}
 
-    [[nodiscard]] const std::string& label(update::RefreshLabel label) const {
-        return m_labels[static_cast<std::size_t>(label)];
-    }
-
   private:
+    [[nodiscard]] std::string_view label(update::RefreshLabel label) const;
+
     ProgressLine& m_progress;
     std::array<std::string, 5> m_labels;
 };

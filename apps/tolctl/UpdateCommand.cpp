@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tolctl/UpdateCommand.h"
 
+#include "definition_update/engine/UpdateTexts.h"
 #include "platform/Paths.h"
 #include "tolctl/ActivityRows.h"
 #include "tolctl/JsonReport.h"
@@ -16,10 +17,7 @@
 namespace tol::ctl {
 namespace {
 
-using update::RunLabel;
-
-constexpr const char* finished = "Finished";
-constexpr const char* stopped = "STOPPED";
+using update::RunOutcome;
 
 constexpr const char* closing =
     "Without --site and --all the only Job Site of the list is taken; where there are several, one must be\n"
@@ -62,25 +60,25 @@ UpdateCommand::UpdateCommand(CLI::App& program)
 
 ExitStatus UpdateCommand::execute() {
     outliveReader();
-    TerminalHost host(m_progress, m_onUnconvertible);
+    TerminalHost host(m_progress);
     RunSummary summary;
-    TerminalView view(m_progress, [&](const update::ActivityRow& row) {
-        summary.add(row);
+    TerminalView view(m_progress, [&](const update::Activity& activity, const update::ActivityRow& row) {
+        summary.add(activity, row);
         if (m_json)
             return;
         m_progress.clear();
         std::cout << ActivityTable().line(row) << std::endl; // for who follows the run
     });
-    if (!run(host, view, summary))
+    run(host, view, summary);
+    if (m_outcome == RunOutcome::NotBegun)
         return ExitStatus::CouldNotStart;
     report(host, view, summary);
     const bool printed = finishOutput();
-    const ExitStatus status = outcome(host, view);
-    return status == ExitStatus::Finished && !printed ? ExitStatus::NeedsAttention : status;
+    const ExitStatus outcome = status(host);
+    return outcome == ExitStatus::Finished && !printed ? ExitStatus::NeedsAttention : outcome;
 }
 
-/// False when the run did not come so far as to begin with a site.
-bool UpdateCommand::run(TerminalHost& host, TerminalView& view, RunSummary& summary) {
+void UpdateCommand::run(TerminalHost& host, TerminalView& view, RunSummary& summary) {
     update::DefinitionUpdate update(view, m_module);
     SiteChoice choice(m_sites);
     const std::string mark = choice.tag(update);
@@ -92,25 +90,23 @@ bool UpdateCommand::run(TerminalHost& host, TerminalView& view, RunSummary& summ
 
     host.onStop([&] { update.Stop(update::StopRequest::EndRun); });
     view.onRepeatedError([&] { update.Stop(update::StopRequest::LeaveDatabase); });
-    host.onQuestion([&](const Message& question) {
-        if (question.title == "Data Will Be Lost")
-            summary.addUnconvertible(view.label(RunLabel::NPPATHNAME) + ", " + view.label(RunLabel::NPDBNAME),
-                                     question.text);
+    view.onQuestion([&](const update::Question& question) {
+        host.foresee(answerTo(question.kind, m_onUnconvertible));
+        summary.add(question);
     });
     update.ProcessTaggedItems(mark);
     host.onStop([] {});
     m_progress.clear();
     m_anyIncomplete = update.anyIncomplete() || !choice.withoutNumber().empty() || !view.missing().empty();
-    m_ended = update.ended();
-    return m_ended || !view.label(RunLabel::NPPATHNAME).empty();
+    m_outcome = update.outcome();
 }
 
 void UpdateCommand::report(const TerminalHost& host, const TerminalView& view,
                            const RunSummary& summary) const {
-    const char* result = isFinished(view) ? finished : stopped;
+    const update::ClosingText closingText = update::closingText(m_outcome);
     if (m_json) {
         std::cout << "{\"result\": ";
-        printJsonText(result);
+        printJsonText(closingText.result);
         std::cout << ",\n \"rows\": ";
         printJsonActivity();
         std::cout << ",\n \"messages\": ";
@@ -127,19 +123,18 @@ void UpdateCommand::report(const TerminalHost& host, const TerminalView& view,
     std::cout << std::flush;
     summary.print(std::cerr);
     summary.printNotes(std::cerr, view.notes());
-    std::cerr << result << ". "
-              << (m_ended ? view.label(RunLabel::NPPATHTEXT) : "An error broke the run off.")
-              << "\nThe whole log: tolctl --dir '" << platform::currentFolder() << "' log\n";
+    std::cerr << closingText.result << ". " << closingText.sentence << "\nThe whole log: tolctl --dir '"
+              << platform::currentFolder() << "' log\n";
 }
 
-bool UpdateCommand::isFinished(const TerminalView& view) const {
-    return m_ended && view.label(RunLabel::NPPATHNAME) == finished;
-}
-
-ExitStatus UpdateCommand::outcome(const TerminalHost& host, const TerminalView& view) const {
-    if (!isFinished(view))
+ExitStatus UpdateCommand::status(const TerminalHost& host) const {
+    if (m_outcome != RunOutcome::Finished)
         return ExitStatus::Stopped;
     return m_anyIncomplete || host.troubled() ? ExitStatus::NeedsAttention : ExitStatus::Finished;
+}
+
+std::unique_ptr<Command> updateCommand(CLI::App& program) {
+    return std::make_unique<UpdateCommand>(program);
 }
 
 } // namespace tol::ctl

@@ -21,16 +21,15 @@ class UpdateCommand : public Command {
     ExitStatus execute() override;
 
   private:
-    bool run(TerminalHost& host, TerminalView& view, RunSummary& summary);
+    void run(TerminalHost& host, TerminalView& view, RunSummary& summary);
     void report(const TerminalHost& host, const TerminalView& view, const RunSummary& summary) const;
-    [[nodiscard]] bool isFinished(const TerminalView& view) const;
-    [[nodiscard]] ExitStatus outcome(const TerminalHost& host, const TerminalView& view) const;
+    [[nodiscard]] ExitStatus status(const TerminalHost& host) const;
 
     SiteRequest m_sites;
     std::string m_module = "N";
     OnUnconvertible m_onUnconvertible = usualOnUnconvertible();
     bool m_json = false;
-    bool m_ended = false;         ///< the run came to its regular end, finished or stopped
+    update::RunOutcome m_outcome = update::RunOutcome::NotBegun;
     bool m_anyIncomplete = false; ///< of the run, or a site was left out or its folder missing
     ProgressLine m_progress;
 };

@@ -4,8 +4,8 @@
 #include "data/StoreRegistry.h"
 #include "data/WorkspaceCore.h"
 #include "platform/Paths.h"
+#include "runtime/DeferredErrors.h"
 #include "runtime/Host.h"
-#include "runtime/OwedErrors.h"
 #include "runtime/RuntimeError.h"
 
 #include <utility>
@@ -14,9 +14,9 @@ namespace tol::data {
 namespace {
 
 /// Every file is opened through a workspace, so this comes before the first write that could wait.
-void registerSettlerOnce() {
+void registerFlusherOnce() {
     static const bool registered = [] {
-        runtime::addSettler([] { StoreRegistry::instance().settle(); });
+        runtime::addFlusher([] { StoreRegistry::instance().flush(); });
         return true;
     }();
     static_cast<void>(registered);
@@ -28,7 +28,7 @@ Workspace DBEngine::CreateWorkspace(const std::string& name, [[maybe_unused]] co
                                     [[maybe_unused]] const std::string& password, int type) {
     if (type != dbUseJet)
         runtime::raise(runtime::errInvalidArgument);
-    registerSettlerOnce();
+    registerFlusherOnce();
     return Workspace(std::make_shared<WorkspaceCore>(name));
 }
 
@@ -40,9 +40,9 @@ void DBEngine::addEngine(std::unique_ptr<Engine> engine) {
     StoreRegistry::instance().addEngine(std::move(engine));
 }
 
-void DBEngine::settle() {
-    StoreRegistry::instance().settle();
-    runtime::raiseOwed();
+void DBEngine::flush() {
+    StoreRegistry::instance().flush();
+    runtime::raiseDeferred();
 }
 
 } // namespace tol::data

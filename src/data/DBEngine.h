@@ -3,10 +3,10 @@
 
 #include "data/Constants.h"
 #include "data/Database.h"
-#include "data/Engine.h"
 #include "data/Recordset.h"
-#include "data/TableDefs.h"
+#include "data/TableDef.h"
 #include "data/Workspace.h"
+#include "data/engine/Engine.h"
 
 #include <memory>
 #include <string>
@@ -24,8 +24,9 @@ class DBEngine {
     /// have it open (3045). After an error the file is what it was.
     static void CompactDatabase(const std::string& name);
     static void addEngine(std::unique_ptr<Engine> engine);
-    /// Commits whatever waits in any open file, also as a settler; raises the oldest failure that is owed.
-    static void settle();
+    /// Commits whatever waits in any open file, also as a flusher; raises the oldest failure that is
+    /// deferred.
+    static void flush();
 };
 
 } // namespace tol::data

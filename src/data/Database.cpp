@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "data/Database.h"
 
-#include "data/CloseOrOwe.h"
+#include "data/Closing.h"
 #include "data/DatabaseCore.h"
 #include "data/RecordsetCore.h"
+#include "data/StoreRegistry.h"
 #include "data/TableCore.h"
+#include "data/writes/WriteClock.h"
 #include "runtime/RuntimeError.h"
 
 #include <utility>
@@ -15,14 +17,14 @@ Database::Database(std::shared_ptr<DatabaseCore> core) : m_core(std::move(core))
 
 Database& Database::operator=(Database&& other) noexcept {
     if (this != &other) {
-        closeOrOwe(m_core);
+        closeOrDefer(m_core);
         m_core = std::move(other.m_core);
     }
     return *this;
 }
 
 Database::~Database() {
-    closeOrOwe(m_core);
+    closeOrDefer(m_core);
 }
 
 DatabaseCore& Database::core() const {
@@ -48,13 +50,17 @@ Recordset Database::OpenRecordset(const std::string& table, int type, [[maybe_un
 }
 
 TableDefs Database::TableDefs() const {
-    core().shared().refresh();
+    core().store().refresh();
     return data::TableDefs(m_core);
 }
 
 TableDef Database::CreateTableDef(const std::string& name) const {
     core().requireOpen();
     return TableDef(std::make_shared<TableCore>(name, core().acceptsAsFound()));
+}
+
+void Database::CreateTable(const TableDefinition& table) const {
+    core().alter(table.name, data::CreateTable{table});
 }
 
 void Database::RequireUpdatable() const {
@@ -82,6 +88,19 @@ TriggersOff::TriggersOff(const Database& database) : m_store(database.core().sha
 
 TriggersOff::~TriggersOff() {
     m_store->store().letTriggersFire(true);
+}
+
+WriteBatch::WriteBatch(const Database& log) : m_log(log.core().sharedStore()) {
+    m_log->store().leadBatch(true);
+}
+
+WriteBatch::~WriteBatch() {
+    StoreRegistry::instance().flush();
+    m_log->store().leadBatch(false);
+}
+
+bool WriteBatch::isUnderWay() {
+    return WriteClock::instance().inBatch();
 }
 
 } // namespace tol::data

@@ -3,9 +3,8 @@
 
 #include "data/Constants.h"
 #include "data/Recordset.h"
-#include "data/SchemaNote.h"
 #include "data/TableDef.h"
-#include "data/TableDefs.h"
+#include "data/engine/SchemaNote.h"
 
 #include <memory>
 #include <string>
@@ -36,6 +35,9 @@ class Database {
     [[nodiscard]] data::TableDefs TableDefs() const;
     [[nodiscard]] data::TableDef TableDefs(std::string_view name) const { return TableDefs()(name); }
     [[nodiscard]] TableDef CreateTableDef(const std::string& name) const;
+    /// Makes a table of that definition, with the errors of TableDefs::Append, FieldList::Append and
+    /// IndexList::Append.
+    void CreateTable(const TableDefinition& table) const;
     /// Raises what would keep any change from the file: 3027 where it or its folder may only be read, 3218
     /// where another holds it. Leaves it as it is.
     void RequireUpdatable() const;
@@ -48,6 +50,7 @@ class Database {
 
   private:
     friend class TriggersOff;
+    friend class WriteBatch;
     [[nodiscard]] DatabaseCore& core() const;
     std::shared_ptr<DatabaseCore> m_core;
 };
@@ -63,6 +66,23 @@ class TriggersOff {
 
   private:
     std::shared_ptr<SharedStore> m_store;
+};
+
+/// Work on many databases whose changes may wait longer to be stored: for half a second, or for a whole one
+/// where the disk is slow. While it lives, neither a close nor a commit stores anything by itself, for any
+/// database; what can't be stored in the end is deferred, and its file named. The changes of one database,
+/// the log, are stored before those of any other. flush() and every box store all, and so does the end.
+class WriteBatch {
+  public:
+    explicit WriteBatch(const Database& log);
+    WriteBatch(const WriteBatch&) = delete;
+    WriteBatch& operator=(const WriteBatch&) = delete;
+    ~WriteBatch();
+
+    static bool isUnderWay();
+
+  private:
+    std::shared_ptr<SharedStore> m_log;
 };
 
 } // namespace tol::data

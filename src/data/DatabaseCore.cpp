@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "data/DatabaseCore.h"
 
-#include "data/FileError.h"
-#include "data/FirstError.h"
+#include "data/Closing.h"
 #include "data/RecordsetCore.h"
+#include "data/StoreRegistry.h"
 #include "data/TableCore.h"
+#include "data/engine/FileError.h"
+#include "data/engine/Names.h"
 #include "runtime/RuntimeError.h"
 
 #include <utility>
@@ -36,6 +38,19 @@ void DatabaseCore::requireWritable() const {
     shared().requireNoOther(m_workspace);
 }
 
+void DatabaseCore::alter(const std::string& table, const TableChange& change, const TableUse* own) {
+    const auto found = std::holds_alternative<CreateTable>(change) ? nullptr : store().definition(table);
+    const TableDefinition before = found ? *found : TableDefinition{};
+    TableDefinition after = before;
+    apply(after, change, m_asFound);
+    if (after == before)
+        return;
+    if (const auto other = store().definition(after.name); other && !sameName(after.name, before.name))
+        runtime::raise(runtime::errTableExists, {after.name});
+    requireWritable();
+    store().alter(table, change, own);
+}
+
 std::shared_ptr<RecordsetCore> DatabaseCore::openRecordset(const std::string& table) {
     forgetExpired(m_recordsets);
     auto recordset = std::make_shared<RecordsetCore>(shared_from_this(), table);
@@ -44,7 +59,7 @@ std::shared_ptr<RecordsetCore> DatabaseCore::openRecordset(const std::string& ta
 }
 
 std::shared_ptr<TableCore> DatabaseCore::table(std::string_view name) {
-    auto definition = store().definition(name);
+    const auto definition = store().definition(name);
     if (!definition)
         return nullptr;
     forgetExpired(m_tables);
@@ -53,7 +68,7 @@ std::shared_ptr<TableCore> DatabaseCore::table(std::string_view name) {
         if (core && core->name() == definition->name)
             return core;
     }
-    auto core = std::make_shared<TableCore>(shared_from_this(), std::move(definition));
+    auto core = std::make_shared<TableCore>(shared_from_this(), definition->name);
     addTable(core);
     return core;
 }
@@ -66,8 +81,7 @@ void DatabaseCore::close() {
         if (const auto recordset = entry.lock())
             errors.attempt([&] { recordset->close(); });
     }
-    const auto store = std::exchange(m_store, nullptr);
-    errors.attempt([&] { store->store().settle(); });
+    errors.attempt([&] { StoreRegistry::instance().leave(std::exchange(m_store, nullptr)); });
     errors.raise();
 }
 

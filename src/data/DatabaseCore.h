@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/SharedStore.h"
+#include "data/StoreRegistry.h"
 
 #include <memory>
 #include <string>
@@ -38,15 +38,9 @@ class DatabaseCore : public std::enable_shared_from_this<DatabaseCore> {
     void acceptAsFound() { m_asFound = true; }
     [[nodiscard]] bool acceptsAsFound() const { return m_asFound; }
 
-    /// Runs a step that changes definitions.
-    template <typename Step>
-    void changeDefinitions(Step&& step) {
-        requireWritable();
-        // Counted even if the step fails: it may have met changes of other processes.
-        shared().definitionsChanged();
-        step(store());
-        shared().definitionsChanged();
-    }
+    /// Changes a table's definition, once it is sure that nothing in the definition itself stands in the way;
+    /// 3010 for the name of another table. `own` as in Store::alter().
+    void alter(const std::string& table, const TableChange& change, const TableUse* own = nullptr);
 
     std::shared_ptr<RecordsetCore> openRecordset(const std::string& table);
     /// The table's one core in this database, null when there is no such table.

@@ -28,7 +28,7 @@ void Field::Name(const std::string& name) {
     if (m_recordset)
         runtime::raise(runtime::errInvalidOperation);
     if (table())
-        table()->renameField(ownName(), name);
+        table()->alter(RenameField{ownName(), name});
     (m_detached ? m_detached->definition.name : m_name) = name;
 }
 
@@ -47,9 +47,9 @@ int Field::OrdinalPosition() const {
 
 void Field::OrdinalPosition(int position) {
     if (m_recordset)
-        m_recordset->setOrdinal(m_position, position);
+        m_recordset->alter(SetOrdinal{current().name, position});
     else if (table())
-        table()->setOrdinal(ownName(), position);
+        table()->alter(SetOrdinal{ownName(), position});
     else
         m_detached->definition.ordinal = position;
 }
@@ -61,9 +61,9 @@ bool Field::AllowZeroLength() const {
 
 void Field::AllowZeroLength(bool allow) {
     if (m_recordset)
-        m_recordset->setAllowZeroLength(m_position, allow);
+        m_recordset->alter(SetAllowZeroLength{current().name, allow});
     else if (table())
-        table()->setAllowZeroLength(ownName(), allow);
+        table()->alter(SetAllowZeroLength{ownName(), allow});
     else
         m_detached->definition.allowZeroLength = allow;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/Definition.h"
+#include "data/engine/Definition.h"
 #include "runtime/Value.h"
 
 #include <memory>
@@ -9,8 +9,8 @@
 
 namespace tol::data {
 
-class RecordsetCore; // state behind Recordset, private to the floor
-class TableCore;     // state behind TableDef, private to the floor
+class RecordsetCore; // state behind Recordset, private to the layer
+class TableCore;     // state behind TableDef, private to the layer
 
 /// A field of a recordset, of a table's definition, or of a definition still under construction.
 /// A light handle; using it after its recordset or database was closed raises 3420. A field made by

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "data/Recordset.h"
 
-#include "data/CloseOrOwe.h"
-#include "data/Positions.h"
+#include "data/Closing.h"
 #include "data/RecordsetCore.h"
+#include "data/engine/Definition.h"
 #include "runtime/RuntimeError.h"
 
 #include <utility>
@@ -26,14 +26,14 @@ Recordset::Recordset(std::shared_ptr<RecordsetCore> core) : m_core(std::move(cor
 
 Recordset& Recordset::operator=(Recordset&& other) noexcept {
     if (this != &other) {
-        closeOrOwe(m_core);
+        closeOrDefer(m_core);
         m_core = std::move(other.m_core);
     }
     return *this;
 }
 
 Recordset::~Recordset() {
-    closeOrOwe(m_core);
+    closeOrDefer(m_core);
 }
 
 RecordsetCore& Recordset::core() const {

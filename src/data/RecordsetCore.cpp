@@ -2,6 +2,7 @@
 #include "data/RecordsetCore.h"
 
 #include "data/FieldValue.h"
+#include "data/writes/WriteClock.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 
@@ -35,20 +36,20 @@ SeekOperator seekOperator(std::string_view comparison) {
 
 RecordsetCore::RecordsetCore(std::shared_ptr<DatabaseCore> database, const std::string& table)
     : m_database(std::move(database)) {
-    SharedStore& shared = m_database->shared();
-    shared.refresh();
-    if (!shared.store().definition(table))
+    Store& store = m_database->store();
+    store.refresh();
+    if (!store.definition(table))
         runtime::raise(runtime::errTableNotFound, {table});
-    m_use = shared.store().useTable(table);
+    m_use = store.useTable(table);
     // Until the table was in use another process could change it.
-    shared.refresh();
-    m_definition = shared.store().definition(table);
+    store.refresh();
+    m_definition = store.definition(table);
     if (!m_definition)
         runtime::raise(runtime::errTableNotFound, {table});
     m_slots.assign(m_definition->fields.size(), unassigned);
     m_probe = cheapestField(*m_definition);
     findRequired();
-    m_cursor = shared.store().openCursor(m_definition->name);
+    m_cursor = openCursor(store, m_definition->name);
     m_cursor->setIndex("");
     stand(m_cursor->first(), Place::OffBothEnds);
 }
@@ -60,7 +61,8 @@ void RecordsetCore::close() {
     // What was written must be in the file before others may take the table; so the use ends last.
     const auto use = std::move(m_use);
     const auto database = std::move(m_database);
-    database->store().settle();
+    if (!WriteClock::instance().inBatch())
+        database->store().flush();
 }
 
 const TableDefinition& RecordsetCore::definition() const {
@@ -75,22 +77,8 @@ FieldDef RecordsetCore::currentDefinition(std::size_t field) const {
     return position < 0 ? opened : table->fields[static_cast<std::size_t>(position)];
 }
 
-void RecordsetCore::setOrdinal(std::size_t field, int ordinal) {
-    const FieldDef& opened = this->field(field);
-    if (ordinal < 0)
-        runtime::raise(runtime::errInvalidArgument);
-    if (currentDefinition(field).ordinal == ordinal)
-        return;
-    m_database->changeDefinitions(
-        [&](Store& store) { store.setOrdinal(m_definition->name, opened.name, ordinal, m_use.get()); });
-}
-
-void RecordsetCore::setAllowZeroLength(std::size_t field, bool allow) {
-    const FieldDef& opened = this->field(field);
-    if (currentDefinition(field).allowZeroLength == allow)
-        return;
-    m_database->changeDefinitions(
-        [&](Store& store) { store.setAllowZeroLength(m_definition->name, opened.name, allow, m_use.get()); });
+void RecordsetCore::alter(const TableChange& change) {
+    m_database->alter(definition().name, change, m_use.get());
 }
 
 std::int64_t RecordsetCore::recordCount() const {
@@ -330,12 +318,11 @@ bool RecordsetCore::willBeNull(std::size_t field) const {
 }
 
 bool RecordsetCore::allowsZeroLength(std::size_t field) {
-    const std::uint64_t version = m_database->shared().definitionsVersion();
-    if (m_rulesVersion != version) {
+    if (const auto catalogue = m_database->store().catalogue(); m_rulesOf != catalogue) {
         m_allowsZeroLength.clear();
         for (std::size_t i = 0; i < m_definition->fields.size(); ++i)
             m_allowsZeroLength.push_back(currentDefinition(i).allowZeroLength);
-        m_rulesVersion = version;
+        m_rulesOf = catalogue;
     }
     const FieldType type = m_definition->fields[field].type;
     return type == dbGUID || m_allowsZeroLength[field];

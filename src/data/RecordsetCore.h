@@ -2,7 +2,7 @@
 #pragma once
 
 #include "data/DatabaseCore.h"
-#include "data/Engine.h"
+#include "data/rows/Cursor.h"
 #include "runtime/RuntimeError.h"
 
 #include <cstdint>
@@ -26,7 +26,7 @@ class RecordsetCore {
     RecordsetCore& operator=(const RecordsetCore&) = delete;
 
     [[nodiscard]] bool isOpen() const { return m_cursor != nullptr; }
-    /// Settles the store, then gives up the table. Does nothing when closed.
+    /// Flushes the store, then gives up the table. Does nothing when closed.
     void close();
 
     /// The table with its fields; 3420 once closed.
@@ -34,8 +34,8 @@ class RecordsetCore {
     [[nodiscard]] const FieldDef& field(std::size_t position) const { return definition().fields[position]; }
     /// The field with the properties that may have changed since.
     [[nodiscard]] FieldDef currentDefinition(std::size_t field) const;
-    void setOrdinal(std::size_t field, int ordinal);
-    void setAllowZeroLength(std::size_t field, bool allow);
+    /// Changes the table, whose only user this must be: a field's ordinal or zero-length rule.
+    void alter(const TableChange& change);
 
     [[nodiscard]] std::int64_t recordCount() const;
     [[nodiscard]] bool atBOF() const { return isOff(Place::BeforeFirst); }
@@ -114,7 +114,7 @@ class RecordsetCore {
     std::vector<std::size_t> m_required;
     std::size_t m_probe = 0; ///< the field that is cheapest to read
     std::vector<bool> m_allowsZeroLength;
-    std::uint64_t m_rulesVersion = 0; ///< of the definitions when m_allowsZeroLength was taken
+    std::shared_ptr<const Catalogue> m_rulesOf; ///< from which m_allowsZeroLength was taken
     std::string m_lastModified;
 };
 

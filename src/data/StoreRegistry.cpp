@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "data/StoreRegistry.h"
 
-#include "data/FileError.h"
-#include "runtime/OwedErrors.h"
+#include "data/engine/FileError.h"
+#include "data/writes/WriteClock.h"
+#include "runtime/DeferredErrors.h"
 #include "runtime/RuntimeError.h"
 
 #include <fcntl.h>
@@ -21,6 +22,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t signatureLength = 100;
+/// More than a Job Site has databases, all of which an update opens twice.
+constexpr std::size_t mostLeft = 24;
 
 bool folderExists(const fs::path& file) {
     std::error_code ignored;
@@ -65,6 +68,26 @@ std::string firstBytes(const fs::path& file) {
 
 } // namespace
 
+void SharedStore::begin(const WorkspaceCore& workspace) {
+    requireNoOther(&workspace);
+    m_store->begin();
+    m_transactionOf = &workspace;
+}
+
+void SharedStore::commit() {
+    m_store->commit();
+    m_transactionOf = nullptr;
+}
+
+void SharedStore::rollback() {
+    m_transactionOf = nullptr;
+    m_store->rollback();
+}
+
+void SharedStore::raiseLocked() const {
+    throw fileError(runtime::errRowLocked, m_store->path());
+}
+
 StoreRegistry& StoreRegistry::instance() {
     static StoreRegistry registry;
     return registry;
@@ -103,21 +126,33 @@ void StoreRegistry::compact(const fs::path& file) {
     engineFor(file).compact(file);
 }
 
-void StoreRegistry::settle() {
+void StoreRegistry::flush() {
     for (std::size_t i = 0; i < m_open.size(); ++i) {
         for (const bool readOnly : {false, true}) {
             if (const auto store = m_open[i].store(readOnly).lock())
-                settleOrOwe(store->store());
+                flushOrDefer(store->store());
         }
     }
+    m_left.clear();
+}
+
+void StoreRegistry::leave(std::shared_ptr<SharedStore> store) {
+    if (!WriteClock::instance().inBatch()) {
+        store->store().flush();
+        return;
+    }
+    std::erase(m_left, store);
+    m_left.push_back(std::move(store));
+    if (m_left.size() > mostLeft)
+        m_left.pop_front();
 }
 
 /// The failure is the file's own: its next change raises it, if nobody asks before.
-void StoreRegistry::settleOrOwe(Store& store) {
+void StoreRegistry::flushOrDefer(Store& store) {
     try {
-        store.settle();
+        store.flush();
     } catch (...) {
-        runtime::owe(std::current_exception(), store.path().native());
+        runtime::deferError(std::current_exception(), store.path().native());
     }
 }
 

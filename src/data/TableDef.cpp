@@ -1,18 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "data/TableDef.h"
 
-#include "data/Positions.h"
+#include "data/DatabaseCore.h"
 #include "data/TableCore.h"
+#include "data/engine/Definition.h"
 #include "runtime/RuntimeError.h"
 
 namespace tol::data {
+
+const std::string& Index::FieldList::operator()(int position) const {
+    return m_names[requirePosition(position, m_names.size())];
+}
+
+Field Index::CreateField(const std::string& name) const {
+    FieldDef definition;
+    definition.name = name;
+    return Field(definition);
+}
 
 std::string TableDef::Name() const {
     return m_core->definition().name;
 }
 
 void TableDef::Name(const std::string& name) {
-    m_core->rename(name);
+    m_core->alter(RenameTable{name});
 }
 
 int TableDef::FieldList::Count() const {
@@ -30,12 +41,12 @@ Field TableDef::FieldList::operator()(int position) const {
 void TableDef::FieldList::Append(const Field& field) {
     if (field.table() != nullptr)
         runtime::raise(runtime::errObjectExists, {field.ownName()});
-    m_core->addField(field.definition());
+    m_core->alter(AddField{field.definition()});
     field.appendedTo(m_core);
 }
 
 void TableDef::FieldList::Delete(std::string_view name) {
-    m_core->dropField(name);
+    m_core->alter(DropField{std::string(name)});
 }
 
 int TableDef::IndexList::Count() const {
@@ -52,11 +63,11 @@ Index TableDef::IndexList::operator()(int position) const {
 }
 
 void TableDef::IndexList::Append(const Index& index) {
-    m_core->addIndex(index.definition());
+    m_core->alter(AddIndex{index.definition()});
 }
 
 void TableDef::IndexList::Delete(std::string_view name) {
-    m_core->dropIndex(name);
+    m_core->alter(DropIndex{std::string(name)});
 }
 
 Field TableDef::CreateField(const std::string& name, int type, int size) const {
@@ -75,6 +86,30 @@ Index TableDef::CreateIndex(const std::string& name) const {
 
 TableDefinition TableDef::definition() const {
     return m_core->definition();
+}
+
+int TableDefs::Count() const {
+    return static_cast<int>(m_core->store().catalogue()->tables().size());
+}
+
+TableDef TableDefs::operator()(std::string_view name) const {
+    auto table = m_core->table(name);
+    if (!table)
+        runtime::raise(runtime::errItemNotFound);
+    return TableDef(std::move(table));
+}
+
+TableDef TableDefs::operator()(int position) const {
+    const auto catalogue = m_core->store().catalogue();
+    return (*this)(catalogue->tables()[requirePosition(position, catalogue->tables().size())]->name);
+}
+
+void TableDefs::Append(TableDef& table) {
+    table.m_core->appendTo(m_core);
+}
+
+void TableDefs::Delete(std::string_view name) {
+    (*this)(name).m_core->alter(DropTable{});
 }
 
 } // namespace tol::data

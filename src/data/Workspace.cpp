@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/Workspace.h"
 
-#include "data/CloseOrOwe.h"
+#include "data/Closing.h"
 #include "data/DatabaseCore.h"
 #include "data/StoreRegistry.h"
 #include "data/WorkspaceCore.h"
@@ -16,14 +16,14 @@ Workspace::Workspace(std::shared_ptr<WorkspaceCore> core) : m_core(std::move(cor
 
 Workspace& Workspace::operator=(Workspace&& other) noexcept {
     if (this != &other) {
-        closeOrOwe(m_core);
+        closeOrDefer(m_core);
         m_core = std::move(other.m_core);
     }
     return *this;
 }
 
 Workspace::~Workspace() {
-    closeOrOwe(m_core);
+    closeOrDefer(m_core);
 }
 
 WorkspaceCore& Workspace::openCore() const {
@@ -47,7 +47,7 @@ Database Workspace::OpenDatabase(const std::string& name, bool exclusive, bool r
     if (exclusive)
         runtime::raise(runtime::errNotSupported);
     auto store = StoreRegistry::instance().open(platform::hostPath(name), readOnly);
-    store->refresh();
+    store->store().refresh();
     return Database(core.add(std::move(store), readOnly));
 }
 

@@ -9,7 +9,7 @@
 
 namespace tol::data {
 
-class WorkspaceCore; // state behind Workspace, private to the floor
+class WorkspaceCore; // state behind Workspace, private to the layer
 
 /// A session in which databases are opened. Closing it closes its databases; a transaction that is still
 /// open then is rolled back. A default-made one stands for none (91), a closed one raises 3420.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/WorkspaceCore.h"
 
+#include "data/Closing.h"
 #include "data/DatabaseCore.h"
-#include "data/FirstError.h"
 #include "runtime/RuntimeError.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/SharedStore.h"
+#include "data/StoreRegistry.h"
 
 #include <memory>
 #include <string>

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "jobsites/frmDBPBrowse.h"
 
-#include "forms/TextBox.h"
+#include "forms/controls/TextBox.h"
 #include "jobsites/frmDBPSearch.h"
 #include "platform/Paths.h"
+#include "runtime/Host.h"
 #include "runtime/Text.h"
 #include "screens/EditChecks.h"
 #include "search_print/vdPrint.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdGetNewTag.h"
+#include "shell/vdfunctions/vdNullCheck.h"
 
 #include <fmt/format.h>
 #include <map>
@@ -22,11 +24,8 @@ std::string question(data::Recordset& site) {
                        runtime::trim(shell::vdNullCheckText(site.Fields("PATHNAME"))));
 }
 
-std::string withoutBackslash(const std::string& path) {
-    std::string folded = runtime::upperCase(path);
-    if (folded.ends_with('\\'))
-        folded.pop_back();
-    return folded;
+std::string foldedPath(const std::string& path) {
+    return platform::withoutBackslash(runtime::upperCase(path));
 }
 
 std::string folded(const std::string& name) {
@@ -86,7 +85,7 @@ screens::ListWindowDescription frmDBPBrowse::description() {
                              .maxLength = 100,
                              .title = "Location of Database Files",
                              .check = screens::requiredCheck("Path String is Empty."),
-                             .leave = withoutBackslash}},
+                             .leave = foldedPath}},
                  .sideButtons = {{.name = "cmdSelectPath",
                                   .caption = "...",
                                   .toolTip = "Click for Location Selection Form",
@@ -108,7 +107,7 @@ void frmDBPBrowse::cmdSelectPath_Click() {
     picker.sPath = path.Text();
     picker.showModal(this);
     if (picker.sPath != path.Text()) // a drive's own folder ends in a backslash
-        path.Text(withoutBackslash(picker.sPath));
+        path.Text(foldedPath(picker.sPath));
 }
 
 void frmDBPBrowse::cmdPrint_Click() {

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "jobsites/frmDBPSearch.h"
 
-#include "forms/Buttons.h"
-#include "forms/Controls.h"
-#include "forms/DriveList.h"
-#include "forms/FileList.h"
-#include "forms/FolderList.h"
+#include "forms/controls/Controls.h"
+#include "forms/controls/FolderControls.h"
 #include "platform/Paths.h"
 #include "runtime/Host.h"
 #include "runtime/RuntimeError.h"
@@ -63,8 +60,13 @@ void frmDBPSearch::onLoad() {
     mStartPath = sPath;
     mDrive = m_drives->Drive();
     sPath = platform::currentFolder();
-    m_lblPATHNAME->setText(QString::fromStdString(sPath));
+    showLocation(sPath);
     m_folders->setFocus();
+}
+
+void frmDBPSearch::showLocation(const std::string& location) {
+    mLocation = location;
+    m_lblPATHNAME->setText(QString::fromStdString(location));
 }
 
 bool frmDBPSearch::showDrive(const std::string& drive) {
@@ -89,7 +91,7 @@ void frmDBPSearch::Drive1_Change() {
 }
 
 void frmDBPSearch::Dir1_Change() {
-    m_lblPATHNAME->setText(QString::fromStdString(m_folders->Path()));
+    showLocation(m_folders->Path());
     m_lblPATHNAME->repaint();
     m_files->Path(m_folders->Path());
 }
@@ -100,7 +102,7 @@ void frmDBPSearch::Dir1_Click() {
 }
 
 void frmDBPSearch::cmdSelect_Click() {
-    sPath = runtime::upperCase(runtime::trim(m_lblPATHNAME->text().toStdString()));
+    sPath = runtime::upperCase(runtime::trim(mLocation));
     unload();
 }
 

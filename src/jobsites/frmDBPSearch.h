@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "forms/Form.h"
+#include "forms/windows/Form.h"
 
 #include <string>
 
@@ -33,6 +33,7 @@ class frmDBPSearch : public forms::Form {
     void makeLists();
     void makeLocation();
     bool showDrive(const std::string& drive);
+    void showLocation(const std::string& location);
     void Drive1_Change();
     void Dir1_Change();
     void Dir1_Click();
@@ -44,6 +45,7 @@ class frmDBPSearch : public forms::Form {
     forms::FileList* m_files;
     QLabel* m_lblPATHNAME;
     std::string mStartPath; ///< what sPath came with
+    std::string mLocation;  ///< that is on show
     std::string mDrive;     ///< the last drive that could be read
 };
 

@@ -227,4 +227,12 @@ std::string join(std::string_view folder, std::string_view file) {
     return path.append(file);
 }
 
+std::string below(std::string_view location, std::string_view file) {
+    return std::string(location).append("\\").append(file);
+}
+
+std::string withoutBackslash(std::string_view path) {
+    return std::string(path.substr(0, path.size() - (path.ends_with('\\') ? 1 : 0)));
+}
+
 } // namespace tol::platform

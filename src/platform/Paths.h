@@ -33,7 +33,15 @@ std::string currentFolder();
 /// user's data folder.
 std::filesystem::path drivesFolder();
 
-/// The folder and the file joined with one backslash, the separator of the suite's own texts.
+/// The folder and the file joined with one backslash, the separator of the suite's own texts; the bare file,
+/// which lies in the current folder, when there is no folder.
 std::string join(std::string_view folder, std::string_view file);
+
+/// The file below a location of the data, which is taken as it stands: a backslash always comes between, so
+/// that a blank location is the root and never the current folder.
+std::string below(std::string_view location, std::string_view file);
+
+/// The path without one backslash at its end.
+std::string withoutBackslash(std::string_view path);
 
 } // namespace tol::platform

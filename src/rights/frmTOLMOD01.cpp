@@ -3,7 +3,10 @@
 
 #include "runtime/Text.h"
 #include "screens/EditChecks.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdBoxes.h"
+#include "shell/vdfunctions/vdLocation.h"
+#include "shell/vdfunctions/vdNullCheck.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <fmt/format.h>
 

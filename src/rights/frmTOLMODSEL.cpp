@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "rights/frmTOLMODSEL.h"
 
-#include "forms/Buttons.h"
-#include "forms/Controls.h"
-#include "forms/ListBox.h"
+#include "forms/controls/Controls.h"
+#include "forms/controls/ListBox.h"
+#include "runtime/Host.h"
+#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdLocation.h"
+#include "shell/vdfunctions/vdNullCheck.h"
+#include "shell/vdfunctions/vdTexts.h"
 #include "shell/vdwindows/vdFormLoadError.h"
 
 #include <QFontDatabase>
@@ -66,10 +69,8 @@ void frmTOLMODSEL::onLoad() {
 }
 
 void frmTOLMODSEL::openTables() {
-    m_workspace = data::DBEngine::CreateWorkspace("wksNET");
-    m_database = m_workspace.OpenDatabase(shell::vdNetPath(sNetPath, false));
-    m_modules = m_database.OpenRecordset("MODULES", data::dbOpenTable);
-    m_settings = m_database.OpenRecordset("NETSETTINGS", data::dbOpenTable);
+    m_modules = data::OpenTable("wksNET", shell::vdNetPath(sNetPath, false), "MODULES");
+    m_settings = m_modules.database.OpenRecordset("NETSETTINGS");
 }
 
 /// The module that was chosen last; blank in a new network database.
@@ -86,15 +87,16 @@ std::string frmTOLMODSEL::currentModule() {
 void frmTOLMODSEL::fillList() {
     lstMODULEID->Clear();
     const std::string current = currentModule();
-    if (m_modules.RecordCount() == 0) {
+    data::Recordset& modules = m_modules.rows;
+    if (modules.RecordCount() == 0) {
         criticalBox("Module Table is Empty.\n\nAdd a Module First.", "Table Empty ");
         m_chosen = "0";
         return;
     }
-    m_modules.Index("MODULES");
-    for (m_modules.MoveFirst(); !m_modules.AtEOF(); m_modules.MoveNext()) {
-        const std::string code = shell::vdNullCheckText(m_modules.Fields("MODULEID"));
-        lstMODULEID->AddItem(code + "   " + shell::vdNullCheckText(m_modules.Fields("MODULENAME")));
+    modules.Index("MODULES");
+    for (modules.MoveFirst(); !modules.AtEOF(); modules.MoveNext()) {
+        const std::string code = shell::vdNullCheckText(modules.Fields("MODULEID"));
+        lstMODULEID->AddItem(code + "   " + shell::vdNullCheckText(modules.Fields("MODULENAME")));
         if (code == current)
             lstMODULEID->ListIndex(lstMODULEID->ListCount() - 1);
     }
@@ -103,15 +105,11 @@ void frmTOLMODSEL::fillList() {
 }
 
 void frmTOLMODSEL::onUnload() {
-    if (m_loadFinished) {
-        m_database.Close();
-        m_workspace.Close();
-    }
+    if (m_loadFinished)
+        m_modules.Close();
     m_loadFinished = false;
     m_settings = {};
     m_modules = {};
-    m_database = {};
-    m_workspace = {};
 }
 
 void frmTOLMODSEL::cmdSelect_Click() {

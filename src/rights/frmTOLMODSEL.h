@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/DBEngine.h"
-#include "forms/Form.h"
+#include "data/OpenTable.h"
+#include "forms/windows/Form.h"
 
 #include <string>
 
@@ -39,9 +39,8 @@ class frmTOLMODSEL : public forms::Form {
 
     std::string sNetPath;
     std::string m_chosen = " ";
-    data::Workspace m_workspace;
-    data::Database m_database;
-    data::Recordset m_modules, m_settings;
+    data::OpenTable m_modules;
+    data::Recordset m_settings;
     forms::ListBox* lstMODULEID = nullptr;
     QPushButton* cmdCancel = nullptr;
     bool m_loadFinished = false;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "runtime/Host.h"
 
-#include "runtime/OwedErrors.h"
+#include "runtime/DeferredErrors.h"
 
 #include <cstdlib>
 #include <stdexcept>
@@ -11,17 +11,17 @@ namespace {
 
 Host* currentHost = nullptr;
 
-std::vector<std::function<void()>>& settlers() {
+std::vector<std::function<void()>>& flushers() {
     static std::vector<std::function<void()>> list;
     return list;
 }
 
-void runSettlers() {
-    for (const auto& settler : settlers()) {
+void runFlushers() {
+    for (const auto& flusher : flushers()) {
         try {
-            settler();
+            flusher();
         } catch (...) {
-            owe(std::current_exception());
+            deferError(std::current_exception());
         }
     }
 }
@@ -29,12 +29,13 @@ void runSettlers() {
 } // namespace
 
 MsgResult Host::msgBox(const std::string& text, MsgStyle style, const std::string& title) {
-    runSettlers();
+    if (waitsForAnswer(style))
+        runFlushers();
     return showMsgBox(text, style, title);
 }
 
 void Host::end() {
-    settle();
+    flush();
     endProgram();
     std::abort(); // no host may return from it
 }
@@ -53,13 +54,13 @@ HostScope::~HostScope() {
     currentHost = m_before;
 }
 
-void addSettler(std::function<void()> settler) {
-    settlers().push_back(std::move(settler));
+void addFlusher(std::function<void()> flusher) {
+    flushers().push_back(std::move(flusher));
 }
 
-void settle() {
-    runSettlers();
-    raiseOwed();
+void flush() {
+    runFlushers();
+    raiseDeferred();
 }
 
 } // namespace tol::runtime

@@ -20,7 +20,7 @@ struct MsgStyle {
 /// The three things that a routine may ask of whatever runs it: show a message box, give way to
 /// pending events, end the program. Exactly one host is installed at a time; the window program, the
 /// terminal program and the tests each bring their own. Routines that hold work back (writes not yet
-/// committed) register a settler, which runs before every wait and before the end.
+/// committed) register a flusher, which runs before every wait and before the end.
 class Host {
   public:
     Host() = default;
@@ -28,7 +28,8 @@ class Host {
     Host& operator=(const Host&) = delete;
     virtual ~Host() = default;
 
-    /// Shows a modal box and returns the button pressed. What can't be stored before is owed, not raised.
+    /// Shows a modal box and returns the button pressed. Everything is stored before somebody waits; what
+    /// can't be is deferred, not raised.
     MsgResult msgBox(const std::string& text, MsgStyle style = {}, const std::string& title = {});
     /// Handles pending events, if any, and returns. Cheap enough to be called once per row.
     void doEvents() { processEvents(); }
@@ -36,6 +37,8 @@ class Host {
     [[noreturn]] void end();
 
   protected:
+    /// Whether the box waits for a person.
+    [[nodiscard]] virtual bool waitsForAnswer(MsgStyle /*style*/) const { return true; }
     virtual MsgResult showMsgBox(const std::string& text, MsgStyle style, const std::string& title) = 0;
     virtual void processEvents() = 0;
     [[noreturn]] virtual void endProgram() = 0;
@@ -57,8 +60,8 @@ class HostScope {
 };
 
 /// Registers what must be done before the program waits for a person, for events, or ends.
-void addSettler(std::function<void()> settler);
-/// Runs every settler, then raises the oldest failure that is owed; hosts call it before they wait.
-void settle();
+void addFlusher(std::function<void()> flusher);
+/// Runs every flusher, then raises the oldest failure that is deferred; hosts call it before they wait.
+void flush();
 
 } // namespace tol::runtime

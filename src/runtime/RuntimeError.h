@@ -68,7 +68,7 @@ enum ErrorNumber : int {
 };
 
 /// A run-time error: a number, a description for people, and what the storage engine or the
-/// operating system said itself, for logs. The only thing that is thrown from one floor to another.
+/// operating system said itself, for logs. The only thing that is thrown from one layer to another.
 class RuntimeError : public std::exception {
   public:
     RuntimeError(int number, std::string description, std::string engineText = {});

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "screens/EditChecks.h"
 
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 namespace tol::screens {
 namespace {

@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "screens/EditCycle.h"
 
-#include "forms/Buttons.h"
-#include "forms/Controls.h"
-#include "forms/EventProcedure.h"
-#include "forms/Focus.h"
-#include "forms/Form.h"
-#include "forms/TextBox.h"
+#include "forms/controls/Controls.h"
+#include "forms/controls/TextBox.h"
+#include "forms/events/EventProcedure.h"
+#include "forms/events/Focus.h"
+#include "forms/windows/Form.h"
 #include "runtime/Host.h"
 #include "runtime/Text.h"
-#include "screens/BrowseList.h"
 #include "screens/ListPanel.h"
-#include "screens/TextBoxInput.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "screens/browse/BrowseList.h"
+#include "shell/vdfunctions/vdNullCheck.h"
+#include "shell/vdfunctions/vdRecords.h"
 
 #include <QFocusEvent>
 #include <QLabel>
@@ -89,7 +88,7 @@ void EditCycle::makeBox(std::size_t position) {
     forms::TextBox& box =
         forms::TextBox::add(m_form, QString::fromStdString(field.box), field.maxLength, {0, 0, 0, 0});
     box.setAccessibleName(QString::fromStdString(field.title));
-    box.onKeyPress([](int key) { return vdEnterKey(key, false, false); });
+    box.onKeyPress([](int key) { return forms::vdEnterKey(key, false, false); });
     box.onGotFocus([this, position] { gotFocus(position); });
     box.onLostFocus([this, position] { lostFocus(position); });
     m_boxes.push_back(&box);
@@ -131,7 +130,7 @@ void EditCycle::placeOver(int top, bool home) {
 }
 
 void EditCycle::EnterEditState() {
-    m_list.BrowseRowOff(m_list.row());
+    m_list.rows().BrowseRowOff(m_list.row());
     m_form.setKeyPreview(false);
     m_panel.setInUse(false);
     showBrowseButtons(false);
@@ -221,7 +220,7 @@ void EditCycle::gotFocus(std::size_t position) {
         if (bValid)
             mCurField = number;
     }
-    vdSelectAll(*m_boxes[position]);
+    forms::vdSelectAll(*m_boxes[position]);
 }
 
 void EditCycle::lostFocus(std::size_t position) {

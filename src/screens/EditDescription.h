@@ -2,7 +2,7 @@
 #pragma once
 
 #include "data/Recordset.h"
-#include "forms/EventProcedure.h"
+#include "forms/events/EventProcedure.h"
 #include "runtime/Text.h"
 #include "runtime/Value.h"
 

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "screens/ListPanel.h"
 
-#include "forms/Buttons.h"
-#include "forms/Controls.h"
-#include "forms/Focus.h"
-#include "forms/Form.h"
-#include "forms/Keys.h"
-#include "forms/Pictures.h"
-#include "screens/BrowseList.h"
+#include "forms/controls/Controls.h"
+#include "forms/events/Focus.h"
+#include "forms/events/Keys.h"
+#include "forms/look/Pictures.h"
+#include "forms/windows/Form.h"
 #include "screens/RowLabel.h"
+#include "screens/browse/BrowseList.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -26,6 +25,7 @@ constexpr int focusHolderSize = 30;
 constexpr int gap = 120; // between rows and buttons
 constexpr int buttonWidth = 480;
 constexpr int tallestButton = 360;
+constexpr QRgb mRowHiColor = rgb(256, 256, 0), mRowColor = rgb(256, 256, 256);
 
 struct MoveButton {
     const char* name;
@@ -196,27 +196,12 @@ void ListPanel::setCaption(int row, int column, const std::string& caption) {
     label(row, column).setText(QString::fromStdString(caption));
 }
 
-std::string ListPanel::caption(int row, int column) const {
-    return label(row, column).text().toStdString();
+void ListPanel::setHighlight(int row, bool on) {
+    for (RowLabel* label : m_rows.at(row))
+        label->setBackColor(on ? mRowHiColor : mRowColor);
 }
 
-void ListPanel::setRowColor(int row, std::uint32_t color) {
-    for (QLabel* label : m_rows.at(row))
-        static_cast<RowLabel*>(label)->setBackColor(color);
-    if (color != rgb(256, 256, 256))
-        tellHighlight(row);
-}
-
-std::string ListPanel::rowText(int row) const {
-    QStringList texts;
-    for (const QLabel* label : m_rows.at(row))
-        if (!label->isHidden() && !label->text().trimmed().isEmpty())
-            texts.push_back(label->text().trimmed());
-    return texts.join(", ").toStdString();
-}
-
-void ListPanel::tellHighlight(int row) {
-    const std::string text = rowText(row);
+void ListPanel::announce(const std::string& text) {
     forms::announce(*m_focusHolder, QString::fromStdString(text));
     if (m_highlighted)
         m_highlighted(text);

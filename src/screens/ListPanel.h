@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "forms/EventProcedure.h"
-#include "screens/BrowseDescription.h"
-#include "screens/BrowsePage.h"
+#include "forms/events/EventProcedure.h"
+#include "screens/browse/BrowseDescription.h"
+#include "screens/browse/BrowsePage.h"
 
 #include <QString>
 
@@ -11,7 +11,6 @@
 #include <string>
 #include <vector>
 
-class QLabel;
 class QPushButton;
 class QScrollBar;
 class QWidget;
@@ -23,6 +22,7 @@ class Form;
 namespace tol::screens {
 
 class BrowseList;
+class RowLabel;
 
 /// How the controls of a list are called and where they lie on their window, in twips.
 struct ListPlace {
@@ -40,7 +40,7 @@ class ListPanel : public BrowsePage {
   public:
     ListPanel(forms::Form& form, const BrowseDescription& description, const ListPlace& place);
 
-    /// `columnClicked` is told the column (from 0) before the list is told the row. Nothing is told
+    /// `columnClicked` runs with the column (from 0) before the list gets the row. Clicks go nowhere
     /// while the list is out of use. The list has to live as long as the form takes clicks.
     void connectTo(BrowseList& list, std::function<void(int column)> columnClicked = nullptr);
     /// Clicks lead nowhere from now on, and the buttons look so; nothing is held of the list.
@@ -49,16 +49,14 @@ class ListPanel : public BrowsePage {
     /// procedure there is no such button.
     void setAction(const QString& description, forms::EventProcedure click);
 
-    /// Is told the texts of the highlighted row, joined by commas, when another row is highlighted.
+    /// Runs with the text of the highlighted row when that is announced.
     void onHighlight(std::function<void(const std::string& text)> procedure) {
         m_highlighted = std::move(procedure);
     }
 
     void setCaption(int row, int column, const std::string& caption) override;
-    [[nodiscard]] std::string caption(int row, int column) const override;
-    /// The texts of a row as a whole, joined by commas.
-    [[nodiscard]] std::string rowText(int row) const;
-    void setRowColor(int row, std::uint32_t color) override;
+    void setHighlight(int row, bool on) override;
+    void announce(const std::string& text) override;
     void takeFocus() override;
     [[nodiscard]] bool isShown() const override;
 
@@ -66,7 +64,7 @@ class ListPanel : public BrowsePage {
     void setInUse(bool inUse);
     [[nodiscard]] bool isInUse() const;
     [[nodiscard]] bool hasFocus() const;
-    [[nodiscard]] QLabel& label(int row, int column) const { return *m_rows.at(row).at(column); }
+    [[nodiscard]] RowLabel& label(int row, int column) const { return *m_rows.at(row).at(column); }
     /// Extent of the whole panel, buttons included, in twips.
     [[nodiscard]] int width() const;
     [[nodiscard]] int height() const;
@@ -88,13 +86,12 @@ class ListPanel : public BrowsePage {
     void clickRow(int row, int column);
     void clickMove(int key);
     void clickAction();
-    void tellHighlight(int row);
 
     forms::Form& m_form;
     int m_left, m_top;
     int m_rowCount;
     std::vector<int> m_columnLefts; ///< one more than there are columns
-    std::vector<std::vector<QLabel*>> m_rows;
+    std::vector<std::vector<RowLabel*>> m_rows;
     QScrollBar* m_focusHolder = nullptr;
     std::vector<QPushButton*> m_buttons;
     BrowseList* m_list = nullptr;

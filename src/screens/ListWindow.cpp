@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "screens/ListWindow.h"
 
-#include "forms/Buttons.h"
+#include "forms/controls/Controls.h"
 #include "runtime/RuntimeError.h"
 #include "shell/vdwindows/vdFormLoadError.h"
 
@@ -32,8 +32,8 @@ ListWindow::ListWindow(ListWindowDescription description)
               {.left = margin,
                .top = margin + m_description.headerHeight,
                .caption = QString::fromStdString(m_description.caption)}),
-      m_list(m_panel, m_description.list, m_recordset,
-             [this] { return m_database.OpenRecordset(m_description.table, data::dbOpenTable); },
+      m_list(m_panel, m_description.list, m_table.rows,
+             [this] { return m_table.database.OpenRecordset(m_description.table, data::dbOpenTable); },
              {[this] { m_edit.add(); }, [this] { m_edit.edit(); }, [this] { m_edit.remove(); },
               [this] { cmdExit_Click(); }}),
       m_edit(*this, m_panel, m_list, m_description.edit) {
@@ -101,21 +101,15 @@ void ListWindow::onLoad() {
 }
 
 void ListWindow::openDatabase() {
-    m_workspace = data::DBEngine::CreateWorkspace(m_description.workspace);
-    m_database = m_workspace.OpenDatabase(databaseFile(), false);
-    m_recordset = m_database.OpenRecordset(m_description.table, data::dbOpenTable);
-    openMore(m_database);
+    m_table = data::OpenTable(m_description.workspace, databaseFile(), m_description.table);
+    openMore(m_table.database);
 }
 
 void ListWindow::onUnload() {
-    if (m_loadFinished) {
-        m_database.Close();
-        m_workspace.Close();
-    }
+    if (m_loadFinished)
+        m_table.Close();
     m_loadFinished = false;
-    m_recordset = {};
-    m_database = {};
-    m_workspace = {};
+    m_table = {};
 }
 
 // What a person does.

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/DBEngine.h"
-#include "forms/Form.h"
-#include "screens/BrowseDescription.h"
-#include "screens/BrowseList.h"
+#include "data/OpenTable.h"
+#include "forms/windows/Form.h"
 #include "screens/EditCycle.h"
 #include "screens/EditDescription.h"
 #include "screens/ListPanel.h"
+#include "screens/browse/BrowseDescription.h"
+#include "screens/browse/BrowseList.h"
 
 #include <string>
 #include <vector>
@@ -56,7 +56,7 @@ class ListWindow : public forms::Form {
     [[nodiscard]] BrowseList& list() { return m_list; }
     [[nodiscard]] ListPanel& panel() { return m_panel; }
     [[nodiscard]] EditCycle& editCycle() { return m_edit; }
-    [[nodiscard]] data::Recordset& recordset() { return m_recordset; }
+    [[nodiscard]] data::Recordset& recordset() { return m_table.rows; }
 
     /// Distance of the controls from the window's edges, in twips.
     static constexpr int margin = 150;
@@ -69,9 +69,7 @@ class ListWindow : public forms::Form {
     void cmdExit_Click();
 
     ListWindowDescription m_description;
-    data::Workspace m_workspace;
-    data::Database m_database;
-    data::Recordset m_recordset;
+    data::OpenTable m_table;
     ListPanel m_panel;
     BrowseList m_list;
     EditCycle m_edit;

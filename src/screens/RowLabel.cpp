@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "screens/RowLabel.h"
 
-#include "forms/Twips.h"
+#include "forms/look/Twips.h"
 
 #include <QHelpEvent>
 #include <QPainter>

@@ -1,11 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "screens/BrowseDescription.h"
+#include "screens/browse/BrowseDescription.h"
 
 #include <QLabel>
 
+#include <algorithm>
+
 namespace tol::screens {
+
+/// A colour of full red, green and blue 255; what lies beyond a channel's ends is brought to the nearer one.
+constexpr QRgb rgb(int red, int green, int blue) {
+    return qRgb(std::clamp(red, 0, 255), std::clamp(green, 0, 255), std::clamp(blue, 0, 255));
+}
 
 /// One element of a list's label array. A text that is wider than the label is shown with an ellipsis, at its
 /// end or in its middle, and as a whole in the tool tip; text() is always the whole one.
@@ -28,7 +35,7 @@ class RowLabel : public QLabel {
   private:
     [[nodiscard]] QRect textRect() const;
 
-    QRgb m_backColor = qRgb(255, 255, 255);
+    QRgb m_backColor = rgb(256, 256, 256);
     TextCut m_cut;
     bool m_transparent = false;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "search_print/PreviewWidget.h"
 
-#include "search_print/document/PagePainter.h"
+#include "search_print/document/PageList.h"
 
 #include <QAccessible>
 #include <QPainter>

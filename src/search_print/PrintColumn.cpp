@@ -5,7 +5,8 @@
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "search_print/vdPrint.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdNullCheck.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <string_view>
 

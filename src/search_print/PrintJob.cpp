@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "search_print/PrintJob.h"
 
-#include "forms/Twips.h"
+#include "forms/look/Twips.h"
 #include "runtime/RuntimeError.h"
-#include "search_print/document/PagePainter.h"
+#include "search_print/document/PageList.h"
 #include "search_print/document/VSPrinter.h"
-#include "shell/vdfunctions/MessageBox.h"
+#include "shell/vdfunctions/vdBoxes.h"
 
 #include <QDir>
 #include <QPainter>

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "search_print/ReportWindow.h"
 
-#include "forms/Buttons.h"
-#include "forms/Controls.h"
+#include "forms/controls/Controls.h"
 #include "runtime/Host.h"
 #include "search_print/PreviewWidget.h"
 #include "search_print/PrintJob.h"
@@ -14,6 +13,8 @@
 #include <QScopedValueRollback>
 
 #include <fmt/format.h>
+
+#include <array>
 
 namespace tol::search_print {
 namespace {
@@ -46,20 +47,20 @@ ReportWindow::ReportWindow(const QString& name)
 
 ReportWindow::~ReportWindow() = default;
 
-void ReportWindow::setBeginCaption(const std::string& caption) {
-    m_cmdBegin->setText(QString::fromStdString(caption));
-}
-
-void ReportWindow::showBegin() {
-    m_cmdBegin->show();
+void ReportWindow::showState(ReportState state) {
+    static constexpr std::array captions{"&Begin", "&Cancel", "&Max View", "&Restore"}; // by ReportState
+    m_state = state;
+    m_cmdBegin->setText(captions.at(static_cast<std::size_t>(state)));
+    if (state == ReportState::Ready)
+        return;
+    m_lblProcess->show();
+    if (state != ReportState::Running)
+        m_cmdBegin->show();
 }
 
 void ReportWindow::setProcess(const std::string& text) {
+    m_process = text;
     m_lblProcess->setText(QString::fromStdString(text));
-}
-
-void ReportWindow::showProcess() {
-    m_lblProcess->show();
 }
 
 bool ReportWindow::keepPrinting() {
@@ -73,7 +74,7 @@ void ReportWindow::runReport() {
     m_stopped = false;
     m_printDone = onRun();
     if (!m_printDone)
-        setBeginCaption("&Begin");
+        showState(ReportState::Ready);
 }
 
 // Page by page, like a run: the button stops it, and what is shown is the report as before.
@@ -81,14 +82,14 @@ void ReportWindow::print() {
     const Busy busy(*this);
     const QScopedValueRollback running(m_running, true);
     m_stopped = false;
-    const std::string caption = m_cmdBegin->text().toStdString(),
-                      process = m_lblProcess->text().toStdString();
+    const ReportState before = m_state;
+    const std::string process = m_process;
     printWithDialog(*this, m_printer, [this](int page, int pages) {
-        setBeginCaption("&Cancel");
+        showState(ReportState::Running);
         setProcess(fmt::format("Printing Page: {} of {}", page, pages));
         return keepPrinting();
     });
-    setBeginCaption(caption);
+    showState(before);
     setProcess(m_stopped ? "Printing STOPPED BY USER (INCOMPLETE)" : process);
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "forms/Form.h"
-#include "forms/Twips.h"
+#include "forms/look/Twips.h"
+#include "forms/windows/Form.h"
 #include "runtime/RuntimeError.h"
 #include "search_print/document/ReportView.h"
 #include "search_print/document/VSPrinter.h"
@@ -31,11 +31,10 @@ class ReportWindow : public forms::Form, public ReportView {
     [[nodiscard]] QPushButton& cmdBegin() { return *m_cmdBegin; }
     [[nodiscard]] QPushButton& CmdExit() { return *m_cmdExit; }
     [[nodiscard]] QLabel& lblProcess() { return *m_lblProcess; }
+    [[nodiscard]] ReportState state() const { return m_state; }
 
-    void setBeginCaption(const std::string& caption) override;
-    void showBegin() override;
+    void showState(ReportState state) override;
     void setProcess(const std::string& text) override;
-    void showProcess() override;
     bool keepPrinting() override;
 
   protected:
@@ -48,7 +47,6 @@ class ReportWindow : public forms::Form, public ReportView {
     /// Letter of the paper's orientation by which the enlarged view is fitted.
     [[nodiscard]] virtual std::string viewOrientation() const { return "P"; }
     [[nodiscard]] int savedOrientation() const { return m_savedOrientation; }
-    [[nodiscard]] bool printDone() const { return m_printDone; }
 
     void onUnload() override;
     void onKeyDown(forms::KeyPress& key) override;
@@ -67,6 +65,8 @@ class ReportWindow : public forms::Form, public ReportView {
     QLabel* m_lblProcess;
     forms::Place m_savedPlace; // of the preview
     int m_savedOrientation;
+    ReportState m_state = ReportState::Ready;
+    std::string m_process; // what the line says
     bool m_running = false;
     bool m_stopped = false;
     bool m_printDone = false;

@@ -7,8 +7,10 @@
 #include "search_print/document/vdPrintCells.h"
 #include "search_print/document/vdPrintFooter.h"
 #include "search_print/document/vdPrintRun.h"
-#include "shell/vdfunctions/DatabaseName.h"
-#include "shell/vdfunctions/MessageBox.h"
+#include "shell/vdfunctions/vdBoxes.h"
+#include "shell/vdfunctions/vdLocation.h"
+#include "shell/vdfunctions/vdRecords.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -46,39 +48,37 @@ void frmvdPrint::onUnload() {
     ReportWindow::onUnload();
     m_columns = {};
     m_keys.clear();
-    m_rows = {};
-    m_database = {};
-    wksPRINT = {};
+    m_table = {};
 }
 
 void frmvdPrint::openTable() {
-    wksPRINT = data::DBEngine::CreateWorkspace("wksPRINT");
-    m_database = wksPRINT.OpenDatabase(shell::databaseName(m_request.PrintPath, m_request.PrintDBName));
-    m_rows = m_database.OpenRecordset(m_request.PrintTable);
+    m_table = data::OpenTable("wksPRINT", shell::databaseName(m_request.PrintPath, m_request.PrintDBName),
+                              m_request.PrintTable);
 }
 
 void frmvdPrint::bindFields() {
     for (PrintColumn& column : m_columns)
         if (shell::vdNotBlank(column.PrintField))
-            column.PrintFieldRef = m_rows.Fields(column.PrintField);
+            column.PrintFieldRef = m_table.rows.Fields(column.PrintField);
     // The last named key tells how many there are.
     auto last = std::find_if(m_request.PrintKeys.rbegin(), m_request.PrintKeys.rend(),
                              [](const PrintKey& key) { return shell::vdNotBlank(key.PrintKeyField); });
     m_request.PrintKeys.erase(last.base(), m_request.PrintKeys.end());
     for (const PrintKey& key : m_request.PrintKeys)
-        m_keys.push_back({key.PrintKeyValue, m_rows.Fields(key.PrintKeyField)});
+        m_keys.push_back({key.PrintKeyValue, m_table.rows.Fields(key.PrintKeyField)});
 }
 
 bool frmvdPrint::goToFirstRow() {
-    if (m_rows.AtEOF())
+    if (m_table.rows.AtEOF())
         return false;
     if (m_keys.size() > mostKeys) {
         shell::showBox("Invalid Key Count in vdPrint", runtime::MsgIcon::Critical, "Error: vdSearch");
         return false;
     }
     if (m_keys.empty())
-        m_rows.MoveFirst();
-    else if (const std::string mark = shell::vdFindFirst(m_rows, m_request.PrintIndex, m_keys); mark.empty())
+        m_table.rows.MoveFirst();
+    else if (const std::string mark = shell::vdFindFirst(m_table.rows, m_request.PrintIndex, m_keys);
+             mark.empty())
         return false;
     return true;
 }
@@ -94,13 +94,13 @@ bool frmvdPrint::onRun() {
     printer().documentTitle(m_request.ReportName);
     m_offset = (printer().PageWidth() - 1000 - m_widths) / 2;
     if (shell::vdNotBlank(m_request.PrintIndex))
-        m_rows.Index(m_request.PrintIndex);
+        m_table.rows.Index(m_request.PrintIndex);
     bool more = goToFirstRow();
-    while (more && shell::vdRecordOK(m_rows, m_keys)) {
+    while (more && shell::vdRecordOK(m_table.rows, m_keys)) {
         printRow();
         more = keepPrinting();
         if (more)
-            m_rows.MoveNext();
+            m_table.rows.MoveNext();
     }
     return vdPrintFinish(*this, printer(), savedOrientation(), started);
 }

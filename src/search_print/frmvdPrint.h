@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/DBEngine.h"
+#include "data/OpenTable.h"
 #include "search_print/PrintColumn.h"
 #include "search_print/ReportWindow.h"
 #include "search_print/vdPrint.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdRecords.h"
 
 namespace tol::search_print {
 
@@ -33,9 +33,7 @@ class frmvdPrint : public ReportWindow {
     PrintRequest m_request;
     PrintColumns m_columns;
     shell::KeyPairs m_keys;
-    data::Workspace wksPRINT;
-    data::Database m_database;
-    data::Recordset m_rows;
+    data::OpenTable m_table;
 
     std::string m_orientation;
     double m_widths = 0; // of all columns together

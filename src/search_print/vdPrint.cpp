@@ -3,7 +3,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "search_print/frmvdPrint.h"
-#include "shell/vdfunctions/MessageBox.h"
+#include "shell/vdfunctions/vdBoxes.h"
 
 namespace tol::search_print {
 

@@ -91,13 +91,11 @@ void placeNormal(ReportWindow& window, const forms::Place& saved) {
 }
 
 void layOutMaximised(ReportWindow& window, bool landscape, bool roomy) {
-    const bool alreadyMaximised = window.cmdBegin().text() == "&Restore";
+    const bool alreadyMaximised = window.state() == ReportState::Maximised;
     showControls(window, false, {&window.cmdBegin(), &window.CmdExit(), &window.lblProcess()});
     placeMaximised(window, roomy);
-    window.setBeginCaption("&Restore");
-    window.cmdBegin().show();
+    window.showState(ReportState::Maximised);
     window.CmdExit().show();
-    window.lblProcess().show();
     if (hasRoomForPreview(window)) {
         window.preview().show();
         window.printer().ZoomMode(landscape ? zoomPageWidth : zoomWholePage);
@@ -109,7 +107,7 @@ void layOutMaximised(ReportWindow& window, bool landscape, bool roomy) {
 void layOutNormal(ReportWindow& window, const forms::Place& saved) {
     showControls(window, true);
     placeNormal(window, saved);
-    window.setBeginCaption("&Max View");
+    window.showState(ReportState::Done);
 }
 
 } // namespace

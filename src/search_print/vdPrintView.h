@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "forms/Twips.h"
+#include "forms/look/Twips.h"
 #include "search_print/document/VSPrinter.h"
 
 #include <string_view>

@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "shell/frmTOLMAIN.h"
 
-#include "data/DBEngine.h"
-#include "forms/Application.h"
-#include "forms/EventProcedure.h"
-#include "forms/LoadedForms.h"
-#include "forms/MenuBar.h"
+#include "forms/events/Application.h"
+#include "forms/events/EventProcedure.h"
+#include "forms/windows/LoadedForms.h"
+#include "forms/windows/MenuBar.h"
 #include "platform/Paths.h"
 #include "runtime/Host.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "shell/ProgramIcon.h"
 #include "shell/frmTOLSplash.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdBoxes.h"
+#include "shell/vdfunctions/vdLocation.h"
+#include "shell/vdfunctions/vdNullCheck.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <QIcon>
 
@@ -114,7 +116,7 @@ void frmTOLMAIN::onLoad() {
     try {
         checkDatabases();
         checkUserDatabase();
-        readNetPath();
+        sNetPath = vdNetworkFolder();
     } catch (const runtime::RuntimeError& error) {
         CloseSplash();
         sMsgTitle = "Error Loading Tolvane Module";
@@ -149,8 +151,8 @@ void frmTOLMAIN::checkDatabases() {
 
 void frmTOLMAIN::appendIfMissing(const std::string& file) {
     if (vdIsBlank(vdDir(file)))
-        sStartupErrors +=
-            fmt::format("The database file {}\\{} is missing.\n", platform::currentFolder(), file);
+        sStartupErrors += fmt::format("The database file {} is missing.\n",
+                                      platform::below(platform::currentFolder(), file));
 }
 
 void frmTOLMAIN::checkUserDatabase() {
@@ -160,29 +162,6 @@ void frmTOLMAIN::checkUserDatabase() {
     sMsgText = "This application requires the database file: ZOVUSER.MDB.\n"
                "The database must be on the local C Drive under the folder: C:\\ZOVUSER";
     endStartup();
-}
-
-void frmTOLMAIN::readNetPath() {
-    data::Workspace wksNETPATH = data::DBEngine::CreateWorkspace("wksNETPATH");
-    data::Database database = wksNETPATH.OpenDatabase("NETPATH.MDB");
-    data::Recordset recordset = database.OpenRecordset("NETPATH", data::dbOpenTable);
-    if (recordset.RecordCount() == 0) {
-        recordset.AddNew();
-        recordset.Update(1, false);
-        recordset.MoveFirst();
-    }
-    sNetPath = runtime::trim(vdNullCheckText(recordset.Fields("Path")));
-    if (vdIsBlank(sNetPath)) {
-        sNetPath = platform::currentFolder();
-        recordset.Edit();
-        recordset.Fields("Path").Value(sNetPath);
-        recordset.Update(1, false);
-    }
-    if (sNetPath.ends_with('\\'))
-        sNetPath.pop_back();
-    recordset.Close();
-    database.Close();
-    wksNETPATH.Close();
 }
 
 void frmTOLMAIN::endStartup() {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "forms/Form.h"
-#include "forms/MdiForm.h"
-#include "forms/Timer.h"
+#include "forms/events/Timer.h"
+#include "forms/windows/Form.h"
+#include "forms/windows/MdiForm.h"
 #include "shell/MainMenu.h"
 
 #include <cstdint>
@@ -51,7 +51,6 @@ class frmTOLMAIN : public forms::MdiForm {
     void startSplash();
     void checkDatabases();
     void checkUserDatabase();
-    void readNetPath();
     void appendIfMissing(const std::string& file);
     [[noreturn]] void endStartup();
     void CloseSplash();

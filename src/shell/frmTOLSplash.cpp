@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/frmTOLSplash.h"
 
-#include "forms/Controls.h"
-#include "forms/EventProcedure.h"
+#include "forms/controls/Controls.h"
+#include "forms/events/EventProcedure.h"
 #include "shell/ProgramIcon.h"
 
 #include <QFrame>

@@ -80,12 +80,7 @@ DataTest::DataTest()
 
 void DataTest::make(const std::string& name, const std::vector<data::FieldDef>& fields,
                     const std::vector<data::IndexDef>& indexes) {
-    data::TableDef table = database.CreateTableDef(name);
-    for (const auto& definition : fields)
-        table.Fields().Append(data::Field(definition));
-    for (const auto& definition : indexes)
-        table.Indexes().Append(data::Index(definition));
-    database.TableDefs().Append(table);
+    database.CreateTable({name, fields, indexes});
 }
 
 void DataTest::reopen() {

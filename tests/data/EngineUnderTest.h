@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/Engine.h"
 #include "data/StoreRegistry.h"
+#include "data/engine/Engine.h"
 
 #include <memory>
 #include <ostream>

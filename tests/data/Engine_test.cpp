@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "DataTest.h"
 
-#include "data/Engine.h"
+#include "data/rows/Cursor.h"
 
 #include <fstream>
 
@@ -25,7 +25,7 @@ class EngineContract : public testing::TestWithParam<EngineUnderTest> {
         table.name = "Table";
         table.fields = {field("N", dbLong), field("TXT", dbText, 20)};
         table.indexes = {plainIndex("BYN", {"N"}), plainIndex("BOTH", {"TXT", "N"})};
-        store->createTable(table);
+        store->alter(table.name, CreateTable{table});
     }
 
     [[nodiscard]] std::filesystem::path path() const { return folder / "FILE.MDB"; }
@@ -40,6 +40,13 @@ class EngineContract : public testing::TestWithParam<EngineUnderTest> {
     }
     static int numberAt(Cursor& cursor) { return cursor.value(0).get<std::int32_t>(); }
 
+    static Texts tableNames(Store& store) {
+        Texts names;
+        for (const auto& table : store.catalogue()->tables())
+            names.push_back(table->name);
+        return names;
+    }
+
     TempFolder folder;
     std::unique_ptr<Engine> engine;
     std::shared_ptr<Store> store;
@@ -48,7 +55,7 @@ class EngineContract : public testing::TestWithParam<EngineUnderTest> {
 } // namespace
 
 TEST_P(EngineContract, RecognisesItsOwnFilesOnly) {
-    store->settle();
+    store->flush();
     store.reset();
     std::string bytes(100, '\0');
     std::ifstream(path(), std::ios::binary).read(bytes.data(), 100);
@@ -58,15 +65,15 @@ TEST_P(EngineContract, RecognisesItsOwnFilesOnly) {
     EXPECT_FALSE(engine->recognises(std::string(100, '\0')));
     store = engine->open(path(), false);
     EXPECT_EQ(store->path(), path());
-    EXPECT_EQ(store->tableNames(), Texts{"Table"});
+    EXPECT_EQ(tableNames(*store), Texts{"Table"});
 }
 
 TEST_P(EngineContract, MakesNoFileOverAnother) {
-    store->settle();
+    store->flush();
     const std::string before = folder.read("FILE.MDB");
     EXPECT_EQ(raised([&] { engine->create(path()); }).substr(0, 4), "3204");
     EXPECT_EQ(raised([&] { engine->create(folder / "no" / "where.mdb"); }).substr(0, 4), "3044");
-    EXPECT_EQ(store->tableNames(), Texts{"Table"});
+    EXPECT_EQ(tableNames(*store), Texts{"Table"});
 }
 
 TEST_P(EngineContract, DefinitionKeepsTheStateThatItHad) {
@@ -74,10 +81,10 @@ TEST_P(EngineContract, DefinitionKeepsTheStateThatItHad) {
     ASSERT_NE(before, nullptr);
     EXPECT_EQ(before->name, "Table");
     EXPECT_EQ(store->definition("none"), nullptr);
-    store->addField("table", field("MORE", dbMemo));
-    store->dropIndex("TABLE", "byn");
-    store->renameField("TABLE", "txt", "TEXT");
-    store->renameTable("TABLE", "Other");
+    store->alter("table", AddField{field("MORE", dbMemo)});
+    store->alter("TABLE", DropIndex{"byn"});
+    store->alter("TABLE", RenameField{"txt", "TEXT"});
+    store->alter("TABLE", RenameTable{"Other"});
     EXPECT_EQ(before->fields.size(), 2U);
     EXPECT_EQ(before->indexes.size(), 2U);
     EXPECT_EQ(before->name, "Table");
@@ -86,8 +93,8 @@ TEST_P(EngineContract, DefinitionKeepsTheStateThatItHad) {
     EXPECT_EQ(after->fields.size(), 3U);
     EXPECT_EQ(after->fields[2].ordinal, 2); // behind the last one
     EXPECT_EQ(after->indexes[0].fields, (Texts{"TEXT", "N"}));
-    store->dropTable("OTHER");
-    EXPECT_EQ(store->tableNames(), Texts{});
+    store->alter("OTHER", DropTable{});
+    EXPECT_EQ(tableNames(*store), Texts{});
     EXPECT_EQ(after->fields.size(), 3U);
 }
 
@@ -99,11 +106,11 @@ TEST_P(EngineContract, DefinitionIsTheSameObjectWhileNothingChanges) {
 
 TEST_P(EngineContract, EntriesAreChangedByTheOnlyUser) {
     const auto use = store->useTable("Table");
-    EXPECT_EQ(raised([&] { store->setOrdinal("Table", "n", 9, nullptr); }), inUse("Table"));
-    EXPECT_EQ(raised([&] { store->setAllowZeroLength("Table", "TXT", true, nullptr); }), inUse("Table"));
-    store->setOrdinal("Table", "n", 9, use.get());
-    store->setAllowZeroLength("Table", "TXT", true, use.get());
-    store->setOrdinal("Table", "n", 9, nullptr);
+    EXPECT_EQ(raised([&] { store->alter("Table", SetOrdinal{"n", 9}); }), inUse("Table"));
+    EXPECT_EQ(raised([&] { store->alter("Table", SetAllowZeroLength{"TXT", true}); }), inUse("Table"));
+    store->alter("Table", SetOrdinal{"n", 9}, use.get());
+    store->alter("Table", SetAllowZeroLength{"TXT", true}, use.get());
+    store->alter("Table", SetOrdinal{"n", 9});
     const auto table = store->definition("Table");
     EXPECT_EQ(table->fields[0].name, "TXT"); // by ordinal
     EXPECT_EQ(table->fields[1].ordinal, 9);
@@ -114,28 +121,30 @@ TEST_P(EngineContract, UseKeepsSchemaStepsAway) {
     auto first = store->useTable("Table");
     auto second = store->useTable("TABLE");
     const auto steps = [&] {
-        return Texts{raised([&] { store->dropTable("Table"); }),
-                     raised([&] { store->renameTable("Table", "X"); }),
-                     raised([&] { store->addField("Table", field("X", dbLong)); }),
-                     raised([&] { store->dropField("Table", "N"); }),
-                     raised([&] { store->renameField("Table", "N", "X"); }),
-                     raised([&] { store->createIndex("Table", plainIndex("X", {"N"})); }),
-                     raised([&] { store->dropIndex("Table", "BYN"); })};
+        return Texts{raised([&] { store->alter("Table", DropTable{}); }),
+                     raised([&] { store->alter("Table", RenameTable{"X"}); }),
+                     raised([&] { store->alter("Table", AddField{field("X", dbLong)}); }),
+                     raised([&] { store->alter("Table", DropField{"N"}); }),
+                     raised([&] {
+                         store->alter("Table", RenameField{"N", "X"});
+                     }),
+                     raised([&] { store->alter("Table", AddIndex{plainIndex("X", {"N"})}); }),
+                     raised([&] { store->alter("Table", DropIndex{"BYN"}); })};
     };
     EXPECT_EQ(steps(), Texts(7, inUse("Table")));
     first.reset();
     EXPECT_EQ(steps(), Texts(7, inUse("Table")));
     TableDefinition other;
     other.name = "Other";
-    store->createTable(other);
+    store->alter(other.name, CreateTable{other});
     second.reset();
-    store->dropTable("Table");
-    EXPECT_EQ(store->tableNames(), Texts{"Other"});
+    store->alter("Table", DropTable{});
+    EXPECT_EQ(tableNames(*store), Texts{"Other"});
 }
 
 TEST_P(EngineContract, CursorStandsOnNoRowAtFirst) {
     const auto use = store->useTable("Table");
-    const auto cursor = store->openCursor("table");
+    const auto cursor = openCursor(*store, "table");
     insert(*cursor, 1);
     for (const char* index : {"", "BYN", "byn"}) {
         cursor->setIndex(index);
@@ -148,7 +157,7 @@ TEST_P(EngineContract, CursorStandsOnNoRowAtFirst) {
 
 TEST_P(EngineContract, InsertLeavesTheCursorWhereItIs) {
     const auto use = store->useTable("Table");
-    const auto cursor = store->openCursor("Table");
+    const auto cursor = openCursor(*store, "Table");
     const std::string first = insert(*cursor, 1);
     ASSERT_TRUE(cursor->first());
     const std::string second = insert(*cursor, 2);
@@ -163,8 +172,8 @@ TEST_P(EngineContract, InsertLeavesTheCursorWhereItIs) {
 
 TEST_P(EngineContract, WalkGoesOnOverCommitsAndOverChangesOfOthers) {
     const auto use = store->useTable("Table");
-    const auto cursor = store->openCursor("Table");
-    const auto other = store->openCursor("Table");
+    const auto cursor = openCursor(*store, "Table");
+    const auto other = openCursor(*store, "Table");
     for (int i = 0; i < 40; ++i)
         insert(*cursor, i);
     cursor->setIndex("BYN");
@@ -172,7 +181,7 @@ TEST_P(EngineContract, WalkGoesOnOverCommitsAndOverChangesOfOthers) {
     int met = 0;
     for (bool onRow = cursor->first(); onRow; onRow = cursor->next(), ++met) {
         EXPECT_EQ(numberAt(*cursor), met);
-        store->settle();
+        store->flush();
         const Value next[] = {met + 1};
         if (met % 4 == 0 && other->seek(SeekOperator::Equal, next)) {
             other->remove(); // just ahead
@@ -185,8 +194,8 @@ TEST_P(EngineContract, WalkGoesOnOverCommitsAndOverChangesOfOthers) {
 
 TEST_P(EngineContract, GoneRowRaisesAndIsSteppedOver) {
     const auto use = store->useTable("Table");
-    const auto cursor = store->openCursor("Table");
-    const auto other = store->openCursor("Table");
+    const auto cursor = openCursor(*store, "Table");
+    const auto other = openCursor(*store, "Table");
     std::string marks[3];
     for (int i = 0; i < 3; ++i)
         marks[i] = insert(*cursor, i);
@@ -205,9 +214,9 @@ TEST_P(EngineContract, GoneRowRaisesAndIsSteppedOver) {
 }
 
 TEST_P(EngineContract, FailedUpdateLeavesRowAndPlace) {
-    store->createIndex("Table", uniqueIndex("U", {"N"}));
+    store->alter("Table", AddIndex{uniqueIndex("U", {"N"})});
     const auto use = store->useTable("Table");
-    const auto cursor = store->openCursor("Table");
+    const auto cursor = openCursor(*store, "Table");
     for (int i = 0; i < 3; ++i)
         insert(*cursor, i);
     cursor->setIndex("U");
@@ -222,7 +231,7 @@ TEST_P(EngineContract, FailedUpdateLeavesRowAndPlace) {
 
 TEST_P(EngineContract, SeeksWithFewerKeys) {
     const auto use = store->useTable("Table");
-    const auto cursor = store->openCursor("Table");
+    const auto cursor = openCursor(*store, "Table");
     insert(*cursor, 2, "b");
     insert(*cursor, 1, "B");
     insert(*cursor, 3, "a");
@@ -243,7 +252,7 @@ TEST_P(EngineContract, SeeksWithFewerKeys) {
 
 TEST_P(EngineContract, RollbackUndoesRowsAndDefinitions) {
     const auto use = store->useTable("Table");
-    const auto cursor = store->openCursor("Table");
+    const auto cursor = openCursor(*store, "Table");
     insert(*cursor, 1);
     ASSERT_TRUE(cursor->first());
     store->begin();
@@ -251,14 +260,14 @@ TEST_P(EngineContract, RollbackUndoesRowsAndDefinitions) {
     insert(*cursor, 6);
     TableDefinition other;
     other.name = "Other";
-    store->createTable(other);
+    store->alter(other.name, CreateTable{other});
     EXPECT_EQ(cursor->count(), 2);
-    store->settle(); // not for this one
+    store->flush(); // not for this one
     store->rollback();
     EXPECT_EQ(cursor->count(), 1);
     EXPECT_EQ(numberAt(*cursor), 1);
-    EXPECT_EQ(store->tableNames(), Texts{"Table"});
-    store->createTable(other);
+    EXPECT_EQ(tableNames(*store), Texts{"Table"});
+    store->alter(other.name, CreateTable{other});
     store->begin();
     setNumber(*cursor, 8);
     store->commit();
@@ -269,18 +278,18 @@ TEST_P(EngineContract, RowsAreThereAfterReopening) {
     std::string mark;
     {
         const auto use = store->useTable("Table");
-        const auto cursor = store->openCursor("Table");
+        const auto cursor = openCursor(*store, "Table");
         insert(*cursor, 1, "one");
         mark = insert(*cursor, 2, "two");
     }
     store.reset(); // commits what waits
     store = engine->open(path(), true);
-    const auto cursor = store->openCursor("Table");
+    const auto cursor = openCursor(*store, "Table");
     EXPECT_EQ(cursor->count(), 2);
     EXPECT_TRUE(cursor->seekBookmark(mark));
     EXPECT_EQ(cursor->value(1), Value("two"));
     EXPECT_EQ(raised([&] { insert(*cursor, 3); }).substr(0, 4), "3027");
-    EXPECT_EQ(raised([&] { store->dropTable("Table"); }).substr(0, 4), "3027");
+    EXPECT_EQ(raised([&] { store->alter("Table", DropTable{}); }).substr(0, 4), "3027");
 }
 
 TOL_OVER_ALL_ENGINES(EngineContract);

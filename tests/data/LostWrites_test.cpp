@@ -2,8 +2,8 @@
 // Rows that a full disk keeps from being stored: who is told of it, however the file is closed.
 #include "DataTest.h"
 
+#include "runtime/DeferredErrors.h"
 #include "runtime/Host.h"
-#include "runtime/OwedErrors.h"
 #include "support/FullDisk.h"
 #include "support/TestHost.h"
 
@@ -11,7 +11,7 @@
 
 using namespace tol::data;
 using namespace tol::test;
-using tol::runtime::settle;
+using tol::runtime::flush;
 
 namespace {
 
@@ -19,8 +19,8 @@ class LostWrites : public DataTest {
   protected:
     LostWrites() { makeTable(); }
     ~LostWrites() override {
-        while (tol::runtime::anyOwed())
-            tol::runtime::takeOwed();
+        while (tol::runtime::anyDeferred())
+            tol::runtime::takeDeferred();
     }
 
     void makeTable() { make("T", {field("A", dbMemo)}); }
@@ -46,7 +46,7 @@ TEST_P(LostWrites, AreTheErrorOfAClose) {
     Recordset rows = open("T");
     const auto full = addRowThatFindsNoRoom(rows, "TEST.MDB");
     EXPECT_EQ(raised([&] { rows.Close(); }), noSpace());
-    EXPECT_EQ(raised([] { settle(); }), "");
+    EXPECT_EQ(raised([] { flush(); }), "");
 }
 
 TEST_P(LostWrites, AreToldAfterAHandleIsGone) {
@@ -55,8 +55,8 @@ TEST_P(LostWrites, AreToldAfterAHandleIsGone) {
         Recordset rows = open("T");
         full = addRowThatFindsNoRoom(rows, "TEST.MDB");
     }
-    EXPECT_EQ(raised([] { settle(); }), noSpace());
-    EXPECT_EQ(raised([] { settle(); }), "");
+    EXPECT_EQ(raised([] { flush(); }), noSpace());
+    EXPECT_EQ(raised([] { flush(); }), "");
 }
 
 TEST_P(LostWrites, AreToldAfterTheWholeWorkspaceIsGone) {
@@ -66,8 +66,8 @@ TEST_P(LostWrites, AreToldAfterTheWholeWorkspaceIsGone) {
         full = addRowThatFindsNoRoom(rows, "TEST.MDB");
         workspace = Workspace();
     }
-    EXPECT_EQ(raised([] { settle(); }), noSpace());
-    EXPECT_EQ(raised([] { settle(); }), "");
+    EXPECT_EQ(raised([] { flush(); }), noSpace());
+    EXPECT_EQ(raised([] { flush(); }), "");
 }
 
 TEST_P(LostWrites, AreToldForEachFile) {
@@ -82,9 +82,9 @@ TEST_P(LostWrites, AreToldForEachFile) {
         add(others, {{"A", "x"}});
     } while (inFile("TEST.MDB") == rows.RecordCount() || inFile("SECOND.MDB") == others.RecordCount());
     const FullDisk full(0);
-    EXPECT_EQ(raised([] { settle(); }), noSpace());
-    EXPECT_EQ(raised([] { settle(); }), noSpace("SECOND.MDB"));
-    EXPECT_EQ(raised([] { settle(); }), "");
+    EXPECT_EQ(raised([] { flush(); }), noSpace());
+    EXPECT_EQ(raised([] { flush(); }), noSpace("SECOND.MDB"));
+    EXPECT_EQ(raised([] { flush(); }), "");
 }
 
 TEST_P(LostWrites, DoNotKeepABoxFromBeingShown) {
@@ -100,7 +100,7 @@ TEST_P(LostWrites, DoNotKeepABoxFromBeingShown) {
     EXPECT_GE(rows.RecordCount(), stored);
     rows.CancelUpdate();
     add(rows, {{"A", "z"}});
-    EXPECT_EQ(raised([] { settle(); }), "");
+    EXPECT_EQ(raised([] { flush(); }), "");
 }
 
 TEST_P(LostWrites, OfATransactionAreToldOnce) {
@@ -114,7 +114,7 @@ TEST_P(LostWrites, OfATransactionAreToldOnce) {
         EXPECT_EQ(raised([&] { add(rows, {{"A", std::string(20'000'000, 'x')}}); }), noSpace());
         rows.CancelUpdate();
     }
-    EXPECT_EQ(raised([] { settle(); }), "");
+    EXPECT_EQ(raised([] { flush(); }), "");
     EXPECT_EQ(open("T").RecordCount(), 0);
 }
 

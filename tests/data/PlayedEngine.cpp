@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "PlayedEngine.h"
 
-#include "data/Names.h"
-
 #include <fstream>
 #include <utility>
 
@@ -12,102 +10,88 @@ namespace {
 using namespace data;
 using Calls = std::shared_ptr<PlayedCalls>;
 
-class PlayedCursor : public Cursor {
+class PlayedRows : public RowSource {
   public:
-    explicit PlayedCursor(Calls calls) : m_calls(std::move(calls)) {}
-    ~PlayedCursor() override { m_calls->calls.emplace_back("~cursor"); }
+    PlayedRows(Calls calls, std::filesystem::path file, std::shared_ptr<const TableDefinition> table)
+        : m_calls(std::move(calls)), m_file(std::move(file)), m_table(std::move(table)) {}
+    ~PlayedRows() override { m_calls->calls.emplace_back("~rows"); }
 
-    void setIndex(const std::string& name) override { m_calls->tell("setIndex " + name); }
-    bool first() override { return false; }
-    bool last() override { return false; }
-    bool next() override { return false; }
-    bool previous() override { return false; }
-    bool seek(SeekOperator, std::span<const runtime::Value>) override { return false; }
-    bool seekBookmark(std::string_view) override { return false; }
-    [[nodiscard]] std::string bookmark() const override { return "1"; }
-    runtime::Value value(std::size_t) override { return runtime::Null{}; }
-    std::string insert(std::span<const Assignment>) override {
-        m_calls->tell("insert");
-        return "1";
+    [[nodiscard]] const TableDefinition& definition() const override { return *m_table; }
+    [[nodiscard]] const std::filesystem::path& file() const override { return m_file; }
+    [[nodiscard]] TableState& state() override { return m_state; }
+    void enter(Look) override {}
+    [[nodiscard]] std::uint64_t changes() const override { return 0; }
+    [[nodiscard]] RowOrder order(int) const override { return {{{}}}; }
+    void choose(int, std::span<const std::size_t>) override {}
+    void read(std::span<const KeyRange>, std::span<const StoredValue>, Direction, RowBatch&) override {}
+    bool readRow(std::int64_t, RowBatch&) override { return false; }
+    std::int64_t count(std::int64_t) override { return 0; }
+    [[nodiscard]] StoredValue stored(std::size_t, const runtime::Value&, std::string&) const override {
+        return {};
     }
-    void update(std::span<const Assignment>) override {}
-    void remove() override {}
-    std::int64_t count() override { return 0; }
-    bool isEmpty() override { return true; }
+    [[nodiscard]] runtime::Value value(std::size_t, const StoredValue&) const override {
+        return runtime::Null{};
+    }
+    [[nodiscard]] bool keepsAsGiven(std::size_t) const override { return true; }
+    std::int64_t insert(std::span<const Assignment>) override {
+        m_calls->tell("insert");
+        return 1;
+    }
+    std::optional<std::int64_t> update(std::int64_t key, std::span<const Assignment>, bool) override {
+        return key;
+    }
+    bool remove(std::int64_t) override { return true; }
 
   private:
     Calls m_calls;
-};
-
-class PlayedUse : public TableUse {
-  public:
-    explicit PlayedUse(Calls calls) : m_calls(std::move(calls)) {}
-    ~PlayedUse() override { m_calls->calls.emplace_back("~use"); }
-
-  private:
-    Calls m_calls;
+    std::filesystem::path m_file;
+    std::shared_ptr<const TableDefinition> m_table;
+    TableState m_state;
 };
 
 class PlayedStore : public Store {
   public:
     PlayedStore(std::filesystem::path file, Calls calls, const std::vector<IndexDef>& indexes)
         : m_path(std::move(file)), m_calls(std::move(calls)) {
-        auto table = std::make_shared<TableDefinition>();
-        table->name = "T";
-        table->fields.emplace_back();
-        table->fields.back().name = "A";
-        table->fields.back().type = dbLong;
-        table->fields.back().size = reportedSize(dbLong, 0);
-        table->indexes = indexes;
-        m_table = std::move(table);
+        keep({"T", {{.name = "A", .type = dbLong, .size = reportedSize(dbLong, 0)}}, indexes});
     }
     ~PlayedStore() override { m_calls->calls.push_back("~store " + m_path.filename().string()); }
 
     [[nodiscard]] const std::filesystem::path& path() const override { return m_path; }
     void refresh() override { m_calls->tell("refresh"); }
-    std::vector<std::string> tableNames() override {
-        m_calls->tell("tableNames");
-        return {"T"};
-    }
-    std::shared_ptr<const TableDefinition> definition(std::string_view table) override {
-        m_calls->tell("definition");
-        return sameName(table, "T") ? m_table : nullptr;
-    }
-
-    void createTable(const TableDefinition&) override { m_calls->tell("createTable"); }
-    void dropTable(std::string_view) override { m_calls->tell("dropTable"); }
-    void renameTable(std::string_view, const std::string&) override {}
-    void addField(std::string_view, const FieldDef&) override { m_calls->tell("addField"); }
-    void dropField(std::string_view, std::string_view) override {}
-    void renameField(std::string_view, std::string_view, const std::string&) override {}
-    void createIndex(std::string_view, const IndexDef&) override {}
-    void dropIndex(std::string_view, std::string_view) override {}
-    void setOrdinal(std::string_view, std::string_view, int, const TableUse*) override {
-        m_calls->tell("setOrdinal");
-    }
-    void setAllowZeroLength(std::string_view, std::string_view, bool, const TableUse*) override {
-        m_calls->tell("setAllowZeroLength");
+    std::shared_ptr<const Catalogue> catalogue() override { return m_catalogue; }
+    void alter(std::string_view, const TableChange& change, const TableUse*) override {
+        m_calls->tell("alter");
+        auto table = *m_catalogue->tables().front();
+        apply(table, change, true);
+        keep(std::move(table));
     }
 
     std::unique_ptr<TableUse> useTable(std::string_view) override {
         m_calls->tell("useTable");
-        return std::make_unique<PlayedUse>(m_calls);
+        return std::make_unique<TableUse>(std::make_shared<TableState>(),
+                                          [calls = m_calls] { calls->calls.emplace_back("~use"); });
     }
-    std::unique_ptr<Cursor> openCursor(std::string_view) override {
-        m_calls->tell("openCursor");
-        return std::make_unique<PlayedCursor>(m_calls);
+    std::unique_ptr<RowSource> openRows(std::string_view) override {
+        m_calls->tell("openRows");
+        return std::make_unique<PlayedRows>(m_calls, m_path, m_catalogue->tables().front());
     }
 
     void begin() override { m_calls->tell("begin " + m_path.filename().string()); }
     void commit() override { m_calls->tell("commit " + m_path.filename().string()); }
     void rollback() override { m_calls->tell("rollback " + m_path.filename().string()); }
-    void settle() override { m_calls->tell("settle"); }
+    void flush() override { m_calls->tell("flush"); }
     void requireWritable() override { m_calls->tell("requireWritable"); }
 
   private:
+    void keep(TableDefinition table) {
+        auto kept = std::make_shared<const TableDefinition>(std::move(table));
+        m_catalogue = std::make_shared<const Catalogue>(Catalogue::Tables{std::move(kept)});
+    }
+
     std::filesystem::path m_path;
     Calls m_calls;
-    std::shared_ptr<const TableDefinition> m_table;
+    std::shared_ptr<const Catalogue> m_catalogue;
 };
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/Engine.h"
+#include "data/engine/Engine.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/Definition.h"
+#include "data/engine/Definition.h"
 #include "runtime/Value.h"
 
 #include <cstdint>

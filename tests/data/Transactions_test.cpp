@@ -67,7 +67,7 @@ TEST_P(Transactions, CloseOfTheWorkspaceRollsBack) {
     EXPECT_EQ(here.RecordCount(), 2);
     EXPECT_EQ(walk(here, "A"), (Texts{"1", "2"}));
     add(here, {{"A", 4}}); // written in nobody's transaction
-    DBEngine::settle();
+    DBEngine::flush();
     EXPECT_EQ(inFile(), (Texts{"1", "2", "4"}));
 }
 
@@ -131,7 +131,7 @@ TEST_P(Transactions, RollbackLeavesTheDatabaseOpenAndAsItWas) {
     EXPECT_EQ(walk(rows, "A"), Texts{"1"});
     rows.Close();
     table.Fields().Append(table.CreateField("B", dbText, 5));
-    DBEngine::settle();
+    DBEngine::flush();
     reopen();
     EXPECT_EQ(database.TableDefs("T").Fields()("B").Type(), dbText);
     EXPECT_EQ(raised([&] { workspace.Rollback(); }), "3034 Commit or Rollback without BeginTrans.");
@@ -182,12 +182,12 @@ TEST_P(Transactions, CoverAllDatabasesOfTheWorkspace) {
     EXPECT_EQ(inFile(), Texts{});
 }
 
-TEST_P(Transactions, SettlingLeavesThemAlone) {
+TEST_P(Transactions, FlushingLeavesThemAlone) {
     Recordset rows = open("T");
     workspace.BeginTrans();
     add(rows, {{"A", 1}});
-    DBEngine::settle();
-    tol::runtime::settle();
+    DBEngine::flush();
+    tol::runtime::flush();
     open("T").Close();
     EXPECT_EQ(inFile(), Texts{});
     workspace.CommitTrans();
@@ -238,11 +238,11 @@ TEST_P(Transactions, WritesInARowAreCommittedByTheClock) {
         ++written;
     }
     EXPECT_GT(inFile().size(), 0U); // long before the end of the run
-    DBEngine::settle();
+    DBEngine::flush();
     EXPECT_EQ(inFile().size(), static_cast<std::size_t>(written));
 }
 
-TEST_P(Transactions, EveryCloseSettles) {
+TEST_P(Transactions, EveryCloseFlushes) {
     const auto writeAll = [](Recordset& rows) {
         for (int i = 0; i < 50; ++i)
             add(rows, {{"A", i}});
@@ -265,7 +265,7 @@ TEST_P(Transactions, EveryCloseSettles) {
     database = workspace.OpenDatabase("TEST.MDB");
     Recordset rows = open("T");
     writeAll(rows);
-    tol::runtime::settle(); // what a host does before it waits
+    tol::runtime::flush(); // what a host does before it waits
     EXPECT_EQ(inFile().size(), 200U);
     writeAll(rows);
     workspace.Close();

@@ -54,7 +54,7 @@ class TwoProcesses : public testing::TestWithParam<EngineUnderTest> {
 
     /// Writes what waits here and lets the other process go to its next step.
     void step() const {
-        DBEngine::settle();
+        DBEngine::flush();
         process->next();
         ASSERT_TRUE(process->await());
     }
@@ -72,7 +72,7 @@ TEST_P(TwoProcesses, SeeEachOthersRows) {
     start([](Other& other, const Steps& steps) {
         for (const int number : {10, 20})
             add(other.rows, {{"A", number}});
-        DBEngine::settle();
+        DBEngine::flush();
         steps.done();
         steps.wait();
         require(other.rows.RecordCount() == 3, "count after the add");
@@ -82,7 +82,7 @@ TEST_P(TwoProcesses, SeeEachOthersRows) {
         change(other.rows, {{"B", "new"}});
         other.rows.MoveLast();
         other.rows.Delete();
-        DBEngine::settle();
+        DBEngine::flush();
         steps.done();
     });
     Recordset rows = database.OpenRecordset("T");
@@ -93,7 +93,7 @@ TEST_P(TwoProcesses, SeeEachOthersRows) {
     EXPECT_EQ(walk(rows, "A"), (Texts{"10", "20"}));
     add(rows, {{"A", 15}});
     const std::string mark = rows.LastModified();
-    DBEngine::settle();
+    DBEngine::flush();
     rows.MoveLast();
     step();
     EXPECT_EQ(rows.RecordCount(), 2);
@@ -107,7 +107,7 @@ TEST_P(TwoProcesses, TableThatTheOtherEmptiesIsAtBothEnds) {
     start([](Other& other, const Steps& steps) {
         other.rows.MoveFirst();
         other.rows.Delete();
-        DBEngine::settle();
+        DBEngine::flush();
         steps.done();
     });
     Recordset rows = database.OpenRecordset("T");
@@ -190,12 +190,12 @@ TEST_P(TwoProcesses, DefinitionsOfTheOtherAreSeen) {
         TableDef more = other.database.CreateTableDef("MORE");
         more.Fields().Append(more.CreateField("X", dbText, 5));
         other.database.TableDefs().Append(more);
-        DBEngine::settle();
+        DBEngine::flush();
         steps.done();
         steps.wait();
         other.database.TableDefs().Delete("MORE");
         table.Name("RENAMED");
-        DBEngine::settle();
+        DBEngine::flush();
         steps.done();
         steps.wait();
     });
@@ -233,7 +233,7 @@ TEST_P(TwoProcesses, WriterWaitsForTheOthersTransaction) {
     EXPECT_EQ(rows.RecordCount(), 0); // reading need not wait
     process->next();
     add(rows, {{"A", 2}});
-    DBEngine::settle();
+    DBEngine::flush();
     EXPECT_EQ(walk(rows, "A"), (Texts{"1", "2"}));
     EXPECT_EQ(process->finish(), 0);
 }

@@ -66,7 +66,7 @@ TEST_F(ForeignUpdate, keepsWhatNamesAConvertedField) {
     sql("CREATE TABLE Orders(Id INTEGER PRIMARY KEY AUTOINCREMENT, Customer TEXT(5), Freight INT, Paid INT "
         "CHECK(Paid < 1000), Changed INT, CHECK(Paid >= 0));"
         "CREATE TABLE Lines(OrderId INT REFERENCES Orders(Id) ON DELETE CASCADE, Place INT, Amount INT, "
-        "PRIMARY KEY(OrderId, Place)) WITHOUT ROWID;"
+        "PRIMARY KEY(OrderId, Place));"
         "CREATE TABLE History(What);"
         "CREATE VIEW Invoices AS SELECT o.Id, o.Customer, o.Freight, l.Amount FROM Orders o JOIN Lines l ON "
         "l.OrderId = o.Id;"
@@ -111,6 +111,19 @@ TEST_F(ForeignUpdate, keepsWhatNamesAConvertedField) {
               "91\n12.0 to 4.0\n");
     EXPECT_THAT(update(), ElementsAre(allOk, allOk));
     EXPECT_THAT(notes, IsEmpty());
+}
+
+TEST_F(ForeignUpdate, leavesATableWhoseRowsCantBeOpened) {
+    sql("CREATE TABLE Kind(Code TEXT(5) PRIMARY KEY, Size INT) WITHOUT ROWID; INSERT INTO Kind VALUES('a', "
+        "3)");
+    const std::string before = sql("SELECT sql FROM sqlite_schema WHERE name = 'Kind'");
+    want(R"({"Kind": {"fields": [["Code", 10, 5], ["Size", 7]], "indexes": {"PrimaryKey": ["Code"]}}})");
+    update();
+    EXPECT_THAT(world.host.texts(), testing::Contains(testing::AllOf(
+                                        HasSubstr("Error: 3251 ConvertFieldType\n"),
+                                        HasSubstr("(" + file + ") The table 'Kind' is WITHOUT ROWID"))));
+    EXPECT_EQ(sql("SELECT * FROM Kind"), "a|3\n");
+    EXPECT_EQ(sql("SELECT sql FROM sqlite_schema WHERE name = 'Kind'"), before);
 }
 
 TEST_F(ForeignUpdate, tellsWhatItCouldNotKeep) {

@@ -23,21 +23,16 @@ bool zeroLengthOf(const Json& field) {
                             : field.at(1) == data::dbText || field.at(1) == data::dbMemo;
 }
 
-data::TableDef makeTable(data::Database& database, const std::string& name, const Json& table) {
-    data::TableDef definition = database.CreateTableDef(name);
-    const Json fields = table.value("fields", Json::array());
-    for (const Json& field : fields) {
-        const auto fieldName = field.at(0).get<std::string>();
-        definition.Fields().Append(definition.CreateField(fieldName, field.at(1).get<int>(), sizeOf(field)));
-        definition.Fields()(fieldName).AllowZeroLength(zeroLengthOf(field));
-    }
+data::TableDefinition definitionOf(const std::string& name, const Json& table) {
+    data::TableDefinition definition{.name = name};
+    for (const Json& field : table.value("fields", Json::array()))
+        definition.fields.push_back({.name = field.at(0).get<std::string>(),
+                                     .type = static_cast<FieldType>(field.at(1).get<int>()),
+                                     .size = sizeOf(field),
+                                     .allowZeroLength = zeroLengthOf(field)});
     const Json indexes = table.value("indexes", Json::object());
-    for (const auto& [indexName, keys] : indexes.items()) {
-        data::Index index = definition.CreateIndex(indexName);
-        for (const Json& key : keys)
-            index.Fields().Append(index.CreateField(key.get<std::string>()));
-        definition.Indexes().Append(index);
-    }
+    for (const auto& [indexName, keys] : indexes.items())
+        definition.indexes.push_back({.name = indexName, .fields = keys.get<std::vector<std::string>>()});
     return definition;
 }
 
@@ -136,8 +131,7 @@ void addRows(data::Database& database, const std::string& table, const Json& row
 
 void addTables(data::Database& database, const Json& tables) {
     for (const auto& [name, table] : tables.items()) {
-        data::TableDef definition = makeTable(database, name, table);
-        database.TableDefs().Append(definition);
+        database.CreateTable(definitionOf(name, table));
         addRows(database, name, table.value("rows", Json::array()));
     }
 }

@@ -21,10 +21,10 @@ class RecordingView : public update::UpdateView {
     }
     void showRecordLabels(bool visible) override { recordLabels = visible; }
     void resetActivity() override { activity.clear(); }
-    void showActivity(const update::ActivityRow& row) override {
+    void showActivity(const update::Activity& fact, const update::ActivityRow& row) override {
         activity.push_back(row);
         if (onActivity)
-            onActivity(row);
+            onActivity(fact);
     }
     void fillActivity() override { ++fills; }
     void showNote(const update::DefinitionNote& note) override { notes.push_back(note); }
@@ -43,7 +43,7 @@ class RecordingView : public update::UpdateView {
     std::vector<update::ReportedError> errors;
     std::vector<update::LeftDatabase> left;
     std::vector<update::MissingFolder> missing;
-    std::function<void(const update::ActivityRow&)> onActivity;
+    std::function<void(const update::Activity&)> onActivity;
 };
 
 } // namespace tol::test

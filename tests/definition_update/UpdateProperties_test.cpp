@@ -3,6 +3,7 @@
 #include "ConversionModel.h"
 #include "RandomDefinitions.h"
 #include "UpdateWorld.h"
+#include "shell/vdfunctions/vdLocation.h"
 
 #include <gtest/gtest.h>
 

@@ -115,9 +115,9 @@ TEST_F(UpdateShown, opensItsDatabasesBeforeTheRunAndRaisesWhatThatRaises) {
 }
 
 TEST_F(UpdateShown, knowsADevelopersMachineByItsMarker) {
-    EXPECT_FALSE(update::DefinitionUpdate::developmentMode());
+    EXPECT_FALSE(update::TargetFinder::developmentMode());
     world.folder.write("drives/c/vbp/zov/zovorv.VBP", "");
-    EXPECT_TRUE(update::DefinitionUpdate::developmentMode());
+    EXPECT_TRUE(update::TargetFinder::developmentMode());
 }
 
 } // namespace

@@ -116,7 +116,7 @@ TEST(UpdateStop, finishesTheTableInWork) {
     UpdateWorld world;
     prepare(world);
     UpdateRun run;
-    run.cancelAtAction = "Added Field.";
+    run.cancelAt = update::ActivityKind::FieldOfNewTable;
     run(world);
     EXPECT_FALSE(run.finished);
     const Json live = liveNow(world);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "UpdateWorld.h"
 
+#include "data/DBEngine.h"
 #include "data/sqlite/SqliteEngine.h"
 #include "definition_update/engine/DefinitionUpdate.h"
 #include "platform/System.h"
@@ -125,7 +126,7 @@ void addTo(const std::string& file, const std::string& table, const Json& rows) 
 
 void useSqlite() {
     static const bool added = [] {
-        data::sqlite::addSqliteEngine();
+        data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
         return true;
     }();
     static_cast<void>(added);
@@ -207,20 +208,20 @@ void UpdateRun::operator()(UpdateWorld& world) {
         if (world.host.yields == cancelAtYield || boxReached)
             updating.Stop(stopRequest);
         if (world.host.yields == killAtYield) {
-            data::DBEngine::settle();
+            data::DBEngine::flush();
             kill(getpid(), SIGKILL);
         }
     };
-    view.onActivity = [&](const update::ActivityRow& row) {
-        if (row.Action == cancelAtAction)
+    view.onActivity = [&](const update::Activity& activity) {
+        if (activity.kind == cancelAt)
             updating.Stop(stopRequest);
     };
     updating.ProcessTaggedItems(currentMark);
     world.host.onYield = {};
     view.onActivity = {};
     yields = world.host.yields;
-    finished = updating.ContinueRun();
-    ended = updating.ended();
+    finished = updating.outcome() == update::RunOutcome::Finished;
+    ended = finished || updating.outcome() == update::RunOutcome::Stopped;
     anyIncomplete = updating.anyIncomplete();
 }
 

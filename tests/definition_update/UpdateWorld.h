@@ -9,6 +9,7 @@
 #include "support/TestHost.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -49,8 +50,8 @@ struct UpdateRun {
     bool tagAll = true;
     int currentSite = -1; ///< the highlight; -1 for an empty list
     int cancelAtYield = 0;
-    int cancelAfterBox = 0;     ///< the yield behind that box
-    std::string cancelAtAction; ///< while the first row with this action is logged
+    int cancelAfterBox = 0;                       ///< the yield behind that box
+    std::optional<update::ActivityKind> cancelAt; ///< while the first row of this kind is logged
     update::StopRequest stopRequest = update::StopRequest::Cancel; ///< what is asked for there
     /// The process is killed at that yield, when what was written before it has come to the disk.
     int killAtYield = 0;
@@ -59,8 +60,8 @@ struct UpdateRun {
 
     RecordingView view;
     int yields = 0;
-    bool finished = false; ///< ContinueRun at the end
-    bool ended = false;
+    bool finished = false;
+    bool ended = false; ///< finished or stopped
     bool anyIncomplete = false;
 };
 

@@ -31,7 +31,9 @@ class LastSeen : public update::UpdateView, public update::RefreshView {
     }
     void showRecordLabels(bool) override {}
     void resetActivity() override { activity.clear(); }
-    void showActivity(const update::ActivityRow& row) override { activity.push_back(row); }
+    void showActivity(const update::Activity& /*activity*/, const update::ActivityRow& row) override {
+        activity.push_back(row);
+    }
     void fillActivity() override {}
     void enableCancel() override {}
 };
@@ -47,7 +49,7 @@ LastSeen updateAll(DemoFolder& demo) {
                     text(row, "PathText")};
     });
     run.ProcessTaggedItems(" ");
-    EXPECT_TRUE(run.ended());
+    EXPECT_EQ(run.outcome(), update::RunOutcome::Finished);
     EXPECT_FALSE(run.anyIncomplete());
     return view;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "demo_support/DemoFolder.h"
 #include "platform/Paths.h"
+#include "support/FileBytes.h"
 #include "support/Program.h"
 
 #include <fmt/format.h>
@@ -15,11 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::HasSubstr;
-
-std::string bytesOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 void write(const fs::path& file, const std::string& bytes) {
     std::ofstream(file, std::ios::binary) << bytes;

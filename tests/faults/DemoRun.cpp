@@ -3,25 +3,19 @@
 
 #include "platform/Paths.h"
 #include "runtime/Text.h"
+#include "support/FileBytes.h"
 #include "support/Program.h"
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 namespace tol::test {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string bytesOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 Content contentOf(const std::string& file) {
     return {definitionsOf(file), valuesIn(platform::hostPath(file))};

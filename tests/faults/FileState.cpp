@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FileState.h"
 
-#include "data/sqlite/TextCollation.h"
+#include "data/sqlite/connection/TextCollation.h"
 #include "runtime/Text.h"
 
 #include <fmt/format.h>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "FileState.h"
+#include "data/DBEngine.h"
 #include "demo_support/DemoFolder.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdEmptyTable.h"
 #include "support/SecondProcess.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "DemoRun.h"
 #include "platform/Paths.h"
+#include "support/FileBytes.h"
 #include "support/Program.h"
 
 #include <fmt/format.h>
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <csignal>
-#include <fstream>
 #include <map>
 #include <set>
 
@@ -46,10 +46,8 @@ std::vector<fs::path> databasesBelow(const fs::path& folder) {
 
 std::map<fs::path, std::string> contentsBelow(const fs::path& folder) {
     std::map<fs::path, std::string> contents;
-    for (const fs::path& file : databasesBelow(folder)) {
-        std::ifstream stream(file, std::ios::binary);
-        contents[file] = {std::istreambuf_iterator<char>(stream), {}};
-    }
+    for (const fs::path& file : databasesBelow(folder))
+        contents[file] = bytesOf(file);
     return contents;
 }
 

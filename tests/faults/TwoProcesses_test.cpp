@@ -3,7 +3,7 @@
 #include "demo_support/DemoFolder.h"
 #include "platform/Paths.h"
 #include "runtime/Conversions.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdEmptyTable.h"
 #include "support/Program.h"
 #include "support/Raises.h"
 #include "support/SecondProcess.h"
@@ -122,11 +122,11 @@ TEST_F(TwoProcesses, ARowWrittenByOneIsSeenByTheOther) {
             rows.Fields("CREWTAG").Value(std::int32_t{900 + step});
             rows.Fields("CREWCODE").Value("NEW");
             rows.Update();
-            DBEngine::settle();
+            DBEngine::flush();
             rows.Bookmark(rows.LastModified());
         }
         rows.Delete();
-        DBEngine::settle();
+        DBEngine::flush();
         steps.done();
     });
     ASSERT_TRUE(other.await());

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "data/DBEngine.h"
 #include "data/json/DatabaseJson.h"
 #include "data/sqlite/SqliteEngine.h"
 #include "runtime/RuntimeError.h"
@@ -21,7 +22,7 @@ fs::path makeFolder() {
         (fs::is_directory("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path()) / "tol-fuzz-XXXXXX";
     if (mkdtemp(pattern.data()) == nullptr)
         std::abort();
-    sqlite::addSqliteEngine();
+    DBEngine::addEngine(std::make_unique<sqlite::SqliteEngine>());
     return pattern;
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "data/sqlite/DeclaredTypes.h"
+#include "data/sqlite/definitions/DeclaredTypes.h"
 
 #include <cstdint>
 #include <cstdlib>

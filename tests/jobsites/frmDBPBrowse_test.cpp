@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "jobsites/frmDBPBrowse.h"
 
-#include "forms/DriveList.h"
-#include "forms/Form.h"
-#include "forms/LoadedForms.h"
-#include "forms/TextBox.h"
+#include "forms/controls/FolderControls.h"
+#include "forms/controls/TextBox.h"
+#include "forms/windows/Form.h"
+#include "forms/windows/LoadedForms.h"
 #include "jobsites/frmDBPSearch.h"
 #include "runtime/Text.h"
 #include "screens/RowLabel.h"

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "jobsites/frmDBPSearch.h"
 
-#include "forms/DriveList.h"
-#include "forms/FileList.h"
-#include "forms/FolderList.h"
-#include "forms/WindowHost.h"
+#include "forms/controls/FolderControls.h"
+#include "forms/events/WindowHost.h"
 #include "runtime/Text.h"
 #include "support/Beeps.h"
 #include "support/BoxAnswerer.h"

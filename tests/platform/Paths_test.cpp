@@ -199,5 +199,18 @@ TEST_F(Paths, JoinsWithOneBackslash) {
     EXPECT_EQ(join("", "X.MDB"), "X.MDB");
 }
 
+TEST_F(Paths, PutsAFileBelowALocationAsItStands) {
+    EXPECT_EQ(below("C:\\JOBS", "X.MDB"), "C:\\JOBS\\X.MDB");
+    EXPECT_EQ(below("C:\\", "X.MDB"), "C:\\\\X.MDB");
+    EXPECT_EQ(below("", "X.MDB"), "\\X.MDB");
+}
+
+TEST_F(Paths, CutsOneBackslash) {
+    EXPECT_EQ(withoutBackslash("C:\\JOBS\\"), "C:\\JOBS");
+    EXPECT_EQ(withoutBackslash("C:\\JOBS\\\\"), "C:\\JOBS\\");
+    EXPECT_EQ(withoutBackslash("/srv/"), "/srv/");
+    EXPECT_EQ(withoutBackslash(""), "");
+}
+
 } // namespace
 } // namespace tol::test

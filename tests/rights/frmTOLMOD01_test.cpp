@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ModulesTest.h"
 
-#include "forms/Form.h"
-#include "forms/LoadedForms.h"
-#include "forms/TextBox.h"
+#include "data/DBEngine.h"
+#include "forms/controls/TextBox.h"
+#include "forms/windows/Form.h"
+#include "forms/windows/LoadedForms.h"
 #include "support/SecondProcess.h"
 
 #include <fmt/core.h>

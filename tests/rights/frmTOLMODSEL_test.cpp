@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "rights/frmTOLMODSEL.h"
 
-#include "forms/ListBox.h"
-#include "forms/WindowHost.h"
+#include "data/DBEngine.h"
+#include "forms/controls/ListBox.h"
+#include "forms/events/WindowHost.h"
 #include "support/BoxAnswerer.h"
 #include "support/StartFolder.h"
 #include "support/TestTable.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "runtime/Host.h"
 
-#include "runtime/OwedErrors.h"
+#include "runtime/DeferredErrors.h"
 #include "support/Raises.h"
 #include "support/TestHost.h"
 
@@ -34,24 +34,24 @@ TEST(Host, HandsTheBoxOnAndTheAnswerBack) {
     EXPECT_EQ(person.boxes[0].style, style);
 }
 
-TEST(Host, SettlesBeforeABoxAndBeforeTheEnd) {
-    static int settled = 0;
-    settled = 0;
-    addSettler([] { ++settled; });
+TEST(Host, FlushesBeforeABoxAndBeforeTheEnd) {
+    static int flushed = 0;
+    flushed = 0;
+    addFlusher([] { ++flushed; });
     TestHost person;
-    person.onBox = [](const Box&) { EXPECT_EQ(settled, 1); };
+    person.onBox = [](const Box&) { EXPECT_EQ(flushed, 1); };
     host().msgBox("text");
-    EXPECT_EQ(settled, 1);
+    EXPECT_EQ(flushed, 1);
     host().doEvents();
-    EXPECT_EQ(settled, 1) << "a yield alone waits for nobody";
+    EXPECT_EQ(flushed, 1) << "a yield alone waits for nobody";
     EXPECT_EQ(person.yields, 1);
     EXPECT_THROW(host().end(), ProgramEnded);
-    EXPECT_EQ(settled, 2);
+    EXPECT_EQ(flushed, 2);
 }
 
 TEST(Host, ShowsTheBoxAndOwesWhatCouldNotBeStored) {
     static bool fails = true;
-    addSettler([] {
+    addFlusher([] {
         if (fails)
             raise(errDiskFull);
     });
@@ -59,22 +59,22 @@ TEST(Host, ShowsTheBoxAndOwesWhatCouldNotBeStored) {
     host().msgBox("text");
     fails = false;
     EXPECT_EQ(person.texts(), std::vector<std::string>{"text"});
-    EXPECT_EQ(errorOf([] { settle(); }), errDiskFull);
-    EXPECT_EQ(errorOf([] { settle(); }), 0);
+    EXPECT_EQ(errorOf([] { flush(); }), errDiskFull);
+    EXPECT_EQ(errorOf([] { flush(); }), 0);
 }
 
-TEST(OwedErrors, AreRaisedOldestFirstAndOnce) {
+TEST(DeferredErrors, AreRaisedOldestFirstAndOnce) {
     const auto failure = [](int number) { return std::make_exception_ptr(RuntimeError(number, "")); };
-    owe(failure(1));
-    owe(failure(2), "A.MDB");
-    owe(failure(3));
-    EXPECT_EQ(errorOf([] { raiseOwed("B.MDB"); }), 0);
-    EXPECT_EQ(errorOf([] { raiseOwed("A.MDB"); }), 2);
-    EXPECT_EQ(errorOf([] { raiseOwed(); }), 1);
-    EXPECT_TRUE(anyOwed());
-    EXPECT_EQ(errorOf([] { raiseOwed(); }), 3);
-    EXPECT_FALSE(anyOwed());
-    EXPECT_EQ(takeOwed(), nullptr);
+    deferError(failure(1));
+    deferError(failure(2), "A.MDB");
+    deferError(failure(3));
+    EXPECT_EQ(errorOf([] { raiseDeferred("B.MDB"); }), 0);
+    EXPECT_EQ(errorOf([] { raiseDeferred("A.MDB"); }), 2);
+    EXPECT_EQ(errorOf([] { raiseDeferred(); }), 1);
+    EXPECT_TRUE(anyDeferred());
+    EXPECT_EQ(errorOf([] { raiseDeferred(); }), 3);
+    EXPECT_FALSE(anyDeferred());
+    EXPECT_EQ(takeDeferred(), nullptr);
 }
 
 } // namespace

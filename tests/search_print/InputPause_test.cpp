@@ -3,7 +3,8 @@
 
 #include "support/BoxAnswerer.h"
 
-#include "forms/MessageBox.h"
+#include "forms/windows/MessageBox.h"
+#include "runtime/Host.h"
 
 #include <gtest/gtest.h>
 

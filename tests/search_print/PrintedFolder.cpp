@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PrintedFolder.h"
 
-#include "forms/LoadedForms.h"
+#include "forms/windows/LoadedForms.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -47,19 +47,13 @@ bool whileShown(const std::function<void(QWidget&)>& show,
 PrintedFolder::PrintedFolder() {
     data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
     data::Database database = workspace.CreateDatabase("LIST.MDB");
-    data::TableDef table = database.CreateTableDef("LIST");
-    table.Fields().Append(table.CreateField("NAME", data::dbText, 20));
-    table.Fields().Append(table.CreateField("PLACE", data::dbText, 100));
-    table.Fields().Append(table.CreateField("AMOUNT", data::dbDouble));
-    table.Fields().Append(table.CreateField("DONE", data::dbBoolean));
-    data::Index index = table.CreateIndex("NAME");
-    index.Fields().Append(index.CreateField("NAME"));
-    table.Indexes().Append(index);
-    data::Index both = table.CreateIndex("NAMEPLACE");
-    both.Fields().Append(both.CreateField("NAME"));
-    both.Fields().Append(both.CreateField("PLACE"));
-    table.Indexes().Append(both);
-    database.TableDefs().Append(table);
+    database.CreateTable(
+        {"LIST",
+         {{.name = "NAME", .type = data::dbText, .size = 20},
+          {.name = "PLACE", .type = data::dbText, .size = 100},
+          {.name = "AMOUNT", .type = data::dbDouble},
+          {.name = "DONE", .type = data::dbBoolean}},
+         {{.name = "NAME", .fields = {"NAME"}}, {.name = "NAMEPLACE", .fields = {"NAME", "PLACE"}}}});
 }
 
 void PrintedFolder::add(const std::vector<ListRow>& added) const {

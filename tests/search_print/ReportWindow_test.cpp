@@ -2,7 +2,7 @@
 #include "search_print/ReportWindow.h"
 
 #include "PrintedFolder.h"
-#include "forms/Twips.h"
+#include "forms/look/Twips.h"
 #include "search_print/PreviewWidget.h"
 #include "search_print/document/vdPrintRun.h"
 #include "search_print/vdPrintView.h"
@@ -307,7 +307,7 @@ class ViewLimits : public ReportWindowTest {
   protected:
     ViewLimits() {
         window.setMinimumSize(0, 0);
-        window.cmdBegin().setText("&Max View");
+        window.showState(ReportState::Done);
         window.showModeless();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
@@ -323,7 +323,7 @@ TEST_F(ViewLimits, AWindowOfLessThan400By100IsLeftAsItIs) {
     EXPECT_EQ(window.cmdBegin().text(), "&Max View");
     maximise(9000, 405);
     EXPECT_EQ(window.cmdBegin().text(), "&Restore");
-    window.setBeginCaption("&Max View");
+    window.showState(ReportState::Done);
     maximise(90, 9000);
     EXPECT_EQ(window.cmdBegin().text(), "&Max View");
     maximise(105, 9000);

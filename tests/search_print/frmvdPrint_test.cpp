@@ -2,10 +2,12 @@
 #include "search_print/frmvdPrint.h"
 
 #include "PrintedFolder.h"
+#include "data/DBEngine.h"
 #include "document/Drawn.h"
-#include "forms/LoadedForms.h"
+#include "forms/windows/LoadedForms.h"
 #include "platform/System.h"
 #include "runtime/Conversions.h"
+#include "runtime/Host.h"
 #include "runtime/RuntimeError.h"
 #include "search_print/PreviewWidget.h"
 #include "support/KeepPicture.h"

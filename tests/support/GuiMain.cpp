@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/Application.h"
+#include "forms/events/Application.h"
 
 #include <gmock/gmock.h>
 

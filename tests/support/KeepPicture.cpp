@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/KeepPicture.h"
 
-#include "support/ToldNames.h"
+#include "support/AccessibleNames.h"
 
 #include <gmock/gmock.h>
 

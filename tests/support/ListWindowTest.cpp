@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/ListWindowTest.h"
 
-#include "forms/Form.h"
+#include "forms/windows/Form.h"
 
 namespace tol::test {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "forms/MdiForm.h"
-#include "forms/WindowHost.h"
+#include "forms/events/WindowHost.h"
+#include "forms/windows/MdiForm.h"
 #include "support/BoxAnswerer.h"
 #include "support/StartFolder.h"
 #include "support/TestTable.h"

@@ -14,7 +14,7 @@ void makeDatabase(const std::string& file) {
 
 void addEngineOnce() {
     static const bool added = [] {
-        data::sqlite::addSqliteEngine();
+        data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
         return true;
     }();
     static_cast<void>(added);
@@ -26,9 +26,7 @@ StartFolder::StartFolder() {
     addEngineOnce();
     data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
     data::Database database = workspace.CreateDatabase("NETPATH.MDB");
-    data::TableDef table = database.CreateTableDef("NETPATH");
-    table.Fields().Append(table.CreateField("Path", data::dbText, 200));
-    database.TableDefs().Append(table);
+    database.CreateTable({"NETPATH", {{.name = "Path", .type = data::dbText, .size = 200}}});
     makeDatabase("DBPATHS.MDB");
     std::filesystem::create_directories(driveC() / "ZOVUSER");
     makeDatabase(R"(C:\ZOVUSER\ZOVUSER.MDB)");

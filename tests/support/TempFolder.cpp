@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "support/TempFolder.h"
 
+#include "support/FileBytes.h"
+
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <vector>
 
@@ -35,8 +36,7 @@ void TempFolder::write(const fs::path& name, std::string_view content) const {
 }
 
 std::string TempFolder::read(const fs::path& name) const {
-    std::ifstream file(m_path / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return bytesOf(m_path / name);
 }
 
 } // namespace tol::test

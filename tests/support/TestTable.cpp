@@ -2,7 +2,6 @@
 #include "support/TestTable.h"
 
 #include "data/DBEngine.h"
-#include "data/Index.h"
 #include "platform/Paths.h"
 #include "runtime/Conversions.h"
 
@@ -20,21 +19,15 @@ TestTable::TestTable(std::string file, std::string name, const std::vector<TestC
     data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
     data::Database database =
         platform::dir(m_file).empty() ? workspace.CreateDatabase(m_file) : workspace.OpenDatabase(m_file);
-    data::TableDef table = database.CreateTableDef(m_name);
-    for (const TestColumn& column : columns) {
-        data::Field field = table.CreateField(column.name, column.type, column.size);
-        if (column.type == data::dbText)
-            field.AllowZeroLength(true);
-        table.Fields().Append(field);
-    }
-    for (const TestIndex& wanted : indexes) {
-        data::Index index = table.CreateIndex(wanted.name);
-        index.Unique(wanted.unique);
-        for (const std::string& field : wanted.fields)
-            index.Fields().Append(index.CreateField(field));
-        table.Indexes().Append(index);
-    }
-    database.TableDefs().Append(table);
+    data::TableDefinition table{.name = m_name};
+    for (const TestColumn& column : columns)
+        table.fields.push_back({.name = column.name,
+                                .type = column.type,
+                                .size = column.size,
+                                .allowZeroLength = column.type == data::dbText});
+    for (const TestIndex& index : indexes)
+        table.indexes.push_back({.name = index.name, .fields = index.fields, .unique = index.unique});
+    database.CreateTable(table);
 }
 
 void TestTable::use(const std::function<void(data::Recordset&)>& work) const {

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "data/Database.h"
-#include "data/Definition.h"
 #include "data/Recordset.h"
 #include "data/Workspace.h"
+#include "data/engine/Definition.h"
 #include "runtime/Value.h"
 
 #include <functional>

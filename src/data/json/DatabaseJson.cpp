@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/json/DatabaseJson.h"
 
-#include "data/FileError.h"
-#include "data/StagedFile.h"
-#include "data/json/DatabaseReader.h"
-#include "data/json/DatabaseWriter.h"
-#include "data/json/JsonStream.h"
+#include "data/engine/FileError.h"
+#include "data/engine/StagedFile.h"
 #include "platform/Paths.h"
 
 #include <filesystem>
@@ -13,19 +10,10 @@
 
 namespace tol::data::json {
 
-void writeDatabase(Database& database, std::ostream& out, const WriteOptions& options) {
-    DatabaseWriter(database, out, options).write();
-}
-
 std::string databaseText(Database& database, const WriteOptions& options) {
     std::ostringstream out;
     writeDatabase(database, out, options);
     return std::move(out).str();
-}
-
-void readDatabase(std::istream& in, Database& database, const RowWatcher& watcher) {
-    DatabaseReader reader(database, watcher);
-    readJson(in, reader);
 }
 
 void makeDatabase(const std::string& file, std::istream& in, const RowWatcher& watcher) {

@@ -1,18 +1,22 @@
 // SPDX-License-Identifier: MIT
-#include "data/json/DatabaseWriter.h"
-
 #include "data/FieldValue.h"
-#include "data/FileError.h"
-#include "data/Names.h"
+#include "data/engine/FileError.h"
+#include "data/engine/TableChange.h"
+#include "data/json/DatabaseJson.h"
 #include "data/json/JsonText.h"
 #include "data/json/JsonValue.h"
-#include "data/json/TableDraft.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <iterator>
+#include <unordered_set>
+#include <vector>
 
 namespace tol::data::json {
 namespace {
@@ -63,7 +67,7 @@ runtime::Value valueOf(const Field& field, const Place& place) {
     try {
         return field.Value();
     } catch (const RuntimeError& error) {
-        throw RuntimeError(error.number(), place() + ": " + error.description(), error.engineText());
+        throw atPlace(place(), error);
     }
 }
 
@@ -80,7 +84,65 @@ void requireLoadable(const TableDefinition& table, const FieldDef& field, const 
     }
 }
 
-} // namespace
+/// A unique index of another maker and the keys that have been written, as hashes: two keys that differ in
+/// case alone, say, may be one key to a load.
+class ForeignKeys {
+  public:
+    ForeignKeys(const TableDefinition& table, const IndexDef& index) : m_index(&index) {
+        for (const std::string& field : index.fields)
+            m_fields.push_back(static_cast<std::size_t>(table.findField(field)));
+    }
+
+    [[nodiscard]] bool doubted() const { return m_doubted; }
+    /// Raises 3022 when a row that came before has this row's key.
+    void add(const std::vector<runtime::Value>& row) {
+        std::string key;
+        for (const std::size_t field : m_fields) {
+            const runtime::Value& value = row[field];
+            if (value.isNull())
+                return; // no key at all
+            appendValue(key, value.is<std::string>() ? runtime::foldCase(value.get<std::string>()) : value);
+        }
+        m_doubted = !m_keys.insert(std::hash<std::string>()(key)).second;
+        if (m_doubted)
+            runtime::raise(runtime::errDuplicateKey, {m_index->name});
+    }
+
+  private:
+    const IndexDef* m_index;
+    std::vector<std::size_t> m_fields;
+    std::unordered_set<std::size_t> m_keys;
+    bool m_doubted = false;
+};
+
+/// Holds one row of the text at a time.
+class DatabaseWriter {
+  public:
+    DatabaseWriter(Database& database, std::ostream& out, const WriteOptions& options)
+        : m_database(database), m_out(out), m_options(options) {}
+
+    void write();
+
+  private:
+    void writeTables();
+    void writeTable(const TableDefinition& table);
+    void writeRows(const TableDefinition& table);
+    void appendRow(const TableDefinition& table, const std::vector<Field>& fields);
+    void checkKeys(const TableDefinition& table, const std::vector<runtime::Value>& row);
+    /// Runs a check of what a load would say, and complains of its error at that place.
+    template <typename Place, typename Check>
+    bool passes(const Place& place, Check&& check);
+    /// Passes the text that was put together on to the stream; 3043 when the stream fails.
+    void flush();
+
+    Database& m_database;
+    std::ostream& m_out;
+    const WriteOptions& m_options;
+    std::string m_text;
+    std::int64_t m_row = 0;
+    std::vector<bool> m_told; ///< of which fields a value was complained of
+    std::vector<ForeignKeys> m_keys;
+};
 
 void DatabaseWriter::write() {
     try {
@@ -107,8 +169,8 @@ void DatabaseWriter::writeTables() {
 void DatabaseWriter::writeTable(const TableDefinition& table) {
     passes([&] { return fmt::format("Table \"{}\"", table.name); },
            [&] {
-               requireNewName(table.name, true);
-               draftOf(m_database, table, table.indexes.size());
+               TableDefinition made;
+               apply(made, CreateTable{table}, true);
            });
     m_text += "{\"name\": ";
     appendName(m_text, table.name);
@@ -116,6 +178,8 @@ void DatabaseWriter::writeTable(const TableDefinition& table) {
     appendLines(m_text, table.fields, appendField);
     m_text += ",\n  \"indexes\": ";
     appendLines(m_text, table.indexes, appendIndex);
+    if (table.withoutRowKeys)
+        m_text += ",\n  \"withoutRowKeys\": true";
     if (!m_options.schemaOnly)
         writeRows(table);
     m_text += '}';
@@ -129,6 +193,10 @@ void DatabaseWriter::writeRows(const TableDefinition& table) {
     for (const FieldDef& field : table.fields)
         fields.push_back(rows.Fields(field.name));
     m_told.assign(fields.size(), false);
+    m_keys.clear();
+    for (const IndexDef& index : table.indexes)
+        if (index.unique && index.foreign)
+            m_keys.emplace_back(table, index);
 
     const std::int64_t count = rows.RecordCount();
     for (m_row = 1; !rows.AtEOF(); ++m_row) {
@@ -144,18 +212,28 @@ void DatabaseWriter::writeRows(const TableDefinition& table) {
 
 void DatabaseWriter::appendRow(const TableDefinition& table, const std::vector<Field>& fields) {
     m_text += '[';
+    std::vector<runtime::Value> row;
     for (std::size_t at = 0; at < fields.size(); ++at) {
         const FieldDef& field = table.fields[at];
         const auto place = [&] {
             return fmt::format("Table \"{}\", row {}, field \"{}\"", table.name, m_row, field.name);
         };
-        const runtime::Value value = valueOf(fields[at], place);
+        const runtime::Value& value = row.emplace_back(valueOf(fields[at], place));
         if (!m_told[at])
             m_told[at] = !passes(place, [&] { requireLoadable(table, field, value); });
         m_text += at == 0 ? "" : ", ";
         appendValue(m_text, value);
     }
     m_text += ']';
+    checkKeys(table, row);
+}
+
+// The first key of an index that is there twice is told, and then no more of that index.
+void DatabaseWriter::checkKeys(const TableDefinition& table, const std::vector<runtime::Value>& row) {
+    const auto place = [&] { return fmt::format("Table \"{}\", row {}", table.name, m_row); };
+    for (ForeignKeys& keys : m_keys)
+        passes(place, [&] { keys.add(row); });
+    std::erase_if(m_keys, [](const ForeignKeys& keys) { return keys.doubted(); });
 }
 
 template <typename Place, typename Check>
@@ -164,7 +242,7 @@ bool DatabaseWriter::passes(const Place& place, Check&& check) {
         check();
         return true;
     } catch (const RuntimeError& error) {
-        const RuntimeError told(error.number(), place() + ": " + error.description(), error.engineText());
+        const RuntimeError told = atPlace(place(), error);
         if (!m_options.complain)
             throw told;
         m_options.complain(aboutFile(told, m_database.Name()));
@@ -177,6 +255,12 @@ void DatabaseWriter::flush() {
     m_text.clear();
     if (!m_out)
         throw RuntimeError(runtime::errDiskOrNetwork, "The JSON text can't be written.");
+}
+
+} // namespace
+
+void writeDatabase(Database& database, std::ostream& out, const WriteOptions& options) {
+    DatabaseWriter(database, out, options).write();
 }
 
 } // namespace tol::data::json

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "data/json/JsonValue.h"
 
-#include "data/json/Base64.h"
 #include "data/json/JsonText.h"
 #include "runtime/Conversions.h"
 #include "runtime/Overloaded.h"

@@ -1,14 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/Definition.h"
-#include "data/json/JsonScalar.h"
+#include "data/engine/Definition.h"
 #include "runtime/Value.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <variant>
 
 namespace tol::data::json {
+
+/// A number with a fraction or an exponent, and how it was spelled: a Single must be rounded once, from
+/// the decimal digits, and not a second time from a Double.
+struct JsonReal {
+    double value;
+    std::string spelled;
+};
+
+/// A value of a JSON text that is no object and no array. Whole numbers above the range of the signed
+/// type come unsigned.
+using JsonScalar = std::variant<std::nullptr_t, bool, std::int64_t, std::uint64_t, JsonReal, std::string>;
 
 /// The key of the object {"base64": "..."} that stands for a text that is no UTF-8: JSON has no other
 /// place for such bytes, and a changed text would be a lost one.

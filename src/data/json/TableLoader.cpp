@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/json/TableLoader.h"
 
-#include "data/json/JsonValue.h"
-#include "data/json/TableDraft.h"
+#include "data/engine/FileError.h"
 #include "runtime/RuntimeError.h"
 
 #include <fmt/format.h>
@@ -21,7 +20,7 @@ void at(const Place& place, Step&& step) {
     try {
         step();
     } catch (const RuntimeError& error) {
-        throw RuntimeError(error.number(), place() + ": " + error.description(), error.engineText());
+        throw atPlace(place(), error);
     }
 }
 
@@ -38,8 +37,9 @@ void TableLoader::makeTable() {
     const auto lastUnique = std::find_if(m_wanted.indexes.rbegin(), m_wanted.indexes.rend(),
                                          [](const IndexDef& index) { return index.unique || index.primary; });
     m_indexesMade = static_cast<std::size_t>(m_wanted.indexes.rend() - lastUnique);
-    TableDef table = draftOf(m_database, m_wanted, m_indexesMade);
-    m_database.TableDefs().Append(table);
+    TableDefinition table = m_wanted;
+    table.indexes.resize(m_indexesMade);
+    m_database.CreateTable(table);
     m_made = true;
 }
 
@@ -112,7 +112,7 @@ void TableLoader::makeRemainingIndexes() {
         return;
     TableDef table = m_database.TableDefs(m_wanted.name);
     for (std::size_t index = m_indexesMade; index < m_wanted.indexes.size(); ++index)
-        table.Indexes().Append(indexOf(table, m_wanted.indexes[index]));
+        table.Indexes().Append(Index(m_wanted.indexes[index]));
 }
 
 std::string TableLoader::place() const {

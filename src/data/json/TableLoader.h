@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/DBEngine.h"
-#include "data/json/JsonScalar.h"
-#include "data/json/RowProgress.h"
+#include "data/json/DatabaseJson.h"
+#include "data/json/JsonValue.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -12,8 +12,8 @@
 
 namespace tol::data::json {
 
-/// Makes one table after the other in a database from what is told piece by piece: name, fields and
-/// indexes first, then row by row. The table is made when its rows begin. Its indexes up to the last
+/// Makes one table after the other in a database from what is told piece by piece: its definition
+/// first, then row by row. The table is made when its rows begin. Its indexes up to the last
 /// unique one are made with it, so that a duplicate key is told with its row; those behind it are made
 /// after the rows, which is quicker. Errors tell table, row (from 1) and field.
 class TableLoader {
@@ -22,9 +22,8 @@ class TableLoader {
         : m_database(database), m_watcher(std::move(watcher)) {}
 
     void beginTable();
-    void name(std::string name) { m_wanted.name = std::move(name); }
-    void addField(FieldDef field) { m_wanted.fields.push_back(std::move(field)); }
-    void addIndex(IndexDef index) { m_wanted.indexes.push_back(std::move(index)); }
+    /// The definition of the table, to be filled.
+    [[nodiscard]] TableDefinition& wanted() { return m_wanted; }
 
     void beginRows();
     void beginRow();

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite/SqliteEngine.h"
 
-#include "data/DBEngine.h"
-#include "data/sqlite/EngineError.h"
-#include "data/sqlite/FileFormat.h"
+#include "data/engine/FileError.h"
 #include "data/sqlite/SqliteStore.h"
+#include "data/sqlite/connection/EngineError.h"
+#include "data/sqlite/connection/FileFormat.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -59,10 +59,6 @@ std::shared_ptr<Store> SqliteEngine::create(const std::filesystem::path& file) {
         std::filesystem::remove(file, ignored);
         throw;
     }
-}
-
-void addSqliteEngine() {
-    DBEngine::addEngine(std::make_unique<SqliteEngine>());
 }
 
 } // namespace tol::data::sqlite

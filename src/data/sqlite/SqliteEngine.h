@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/Engine.h"
-#include "data/sqlite/Compaction.h"
+#include "data/engine/Engine.h"
+#include "data/sqlite/definitions/Compaction.h"
 
 namespace tol::data::sqlite {
 
@@ -14,8 +14,5 @@ class SqliteEngine : public Engine {
     std::shared_ptr<Store> create(const std::filesystem::path& file) override;
     void compact(const std::filesystem::path& file) override { compactFile(file); }
 };
-
-/// Adds the engine to those of the program.
-void addSqliteEngine();
 
 } // namespace tol::data::sqlite

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/Engine.h"
-#include "data/sqlite/Catalogue.h"
-#include "data/sqlite/SchemaSteps.h"
-#include "data/sqlite/Session.h"
-#include "data/sqlite/TableLocks.h"
+#include "data/engine/Engine.h"
+#include "data/sqlite/connection/Session.h"
+#include "data/sqlite/definitions/CatalogueReader.h"
+#include "data/sqlite/definitions/SchemaSteps.h"
+#include "data/sqlite/rows/OpenTable.h"
+#include "data/sqlite/rows/TableLocks.h"
 
 #include <functional>
 #include <map>
@@ -23,32 +24,19 @@ class SqliteStore : public Store, public std::enable_shared_from_this<SqliteStor
 
     [[nodiscard]] const std::filesystem::path& path() const override;
     void refresh() override;
-    std::vector<std::string> tableNames() override;
-    std::shared_ptr<const TableDefinition> definition(std::string_view table) override;
-
-    void createTable(const TableDefinition& table) override;
-    void dropTable(std::string_view table) override;
-    void renameTable(std::string_view table, const std::string& newName) override;
-    void addField(std::string_view table, const FieldDef& field) override;
-    void dropField(std::string_view table, std::string_view field) override;
-    void renameField(std::string_view table, std::string_view field, const std::string& newName) override;
-    void createIndex(std::string_view table, const IndexDef& index) override;
-    void dropIndex(std::string_view table, std::string_view index) override;
-    void setOrdinal(std::string_view table, std::string_view field, int ordinal,
-                    const TableUse* own) override;
-    void setAllowZeroLength(std::string_view table, std::string_view field, bool allow,
-                            const TableUse* own) override;
-
+    std::shared_ptr<const Catalogue> catalogue() override;
+    void alter(std::string_view table, const TableChange& change, const TableUse* own) override;
     SchemaNotes takeNotes() override;
     void letTriggersFire(bool fire) override;
 
     std::unique_ptr<TableUse> useTable(std::string_view table) override;
-    std::unique_ptr<Cursor> openCursor(std::string_view table) override;
+    std::unique_ptr<RowSource> openRows(std::string_view table) override;
 
     void begin() override;
     void commit() override;
     void rollback() override;
-    void settle() override;
+    void flush() override;
+    void leadBatch(bool lead) override;
     void requireWritable() override;
 
     [[nodiscard]] Session& session() { return *m_session; }
@@ -57,34 +45,33 @@ class SqliteStore : public Store, public std::enable_shared_from_this<SqliteStor
     struct ByName {
         bool operator()(const std::string& left, const std::string& right) const;
     };
-    using Tables = std::map<std::string, std::shared_ptr<TableState>, ByName>;
+    using Tables = std::map<std::string, std::shared_ptr<OpenTable>, ByName>;
 
+    void endUse(const std::string& table);
     void checkCollator();
     void sortTextIndexes();
     void enter();
     [[nodiscard]] std::string definitionsMark();
     void readTables();
+    void takeSnapshot();
     void readTable(const std::string& sqlName);
-    void put(PhysicalTable table);
+    void put(StoredTable table);
 
-    [[nodiscard]] std::shared_ptr<TableState> find(std::string_view table) const;
-    [[nodiscard]] std::shared_ptr<TableState> state(std::string_view table) const; ///< 3078 for none
+    [[nodiscard]] std::shared_ptr<OpenTable> find(std::string_view table) const;
+    [[nodiscard]] std::shared_ptr<OpenTable> state(std::string_view table) const; ///< 3078 for none
     [[nodiscard]] std::string nameOf(std::string_view table);
-    static std::size_t fieldPosition(const PhysicalTable& table, std::string_view field);
-
-    void run(const std::vector<std::string>& tables, const std::function<void()>& step, int ownUses = 0);
-    void changeEntry(std::string_view table, std::string_view field, const TableUse* own,
-                     const std::function<bool(const FieldDef&)>& holds,
-                     const std::function<void(const PhysicalTable&, std::size_t)>& step);
-    void write(const std::vector<std::string>& tables, const std::function<void()>& step);
+    [[nodiscard]] TableDefinition changed(const std::string& table, const TableChange& change) const;
+    void hold(const std::vector<std::string>& tables, int ownUses);
+    void make(const std::string& table, const TableChange& change, const std::vector<std::string>& touched);
 
     std::shared_ptr<Session> m_session;
     TableLocks m_locks;
-    Catalogue m_catalogue;
+    CatalogueReader m_reader;
     SchemaSteps m_steps;
     Tables m_tables;
     std::uint64_t m_othersSeen = 0;
-    std::string m_mark; ///< tells two states of the file's definitions apart
+    std::shared_ptr<const Catalogue> m_catalogue; ///< of m_tables; null when they have to be read again
+    std::string m_mark;                           ///< tells two states of the file's definitions apart
     bool m_outdatedCollation = false;
     int m_triggersOff = 0; ///< how many want them off
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "definition_update/engine/ActivityLog.h"
 
+#include "definition_update/engine/UpdateTexts.h"
 #include "runtime/RuntimeError.h"
 
 #include <array>
@@ -18,12 +19,18 @@ void rollBack(data::Workspace& workspace) {
     }
 }
 
+ActivityRow rowOf(const Run& run, const Activity& activity) {
+    ActivityRow row{run.siteName,   run.DBNAME,           activity.table, activity.index,
+                    activity.field, actionText(activity), run.runDate,    run.runTime};
+    if (activity.kind == ActivityKind::DatabaseIncomplete)
+        row.TABLENAME = row.INDEXNAME = row.FIELDNAME = "ERROR ";
+    return row;
+}
+
 } // namespace
 
-void WriteActivityLog(UpdateState& state, const std::string& table, const std::string& index,
-                      const std::string& field, const std::string& action) {
-    const ActivityRow row{state.siteName, state.DBNAME, table,         index,
-                          field,          action,       state.runDate, state.runTime};
+void WriteActivityLog(Run& run, const Activity& activity) {
+    const ActivityRow row = rowOf(run, activity);
     const std::array<std::pair<const char*, const std::string*>, 8> columns{{
         {"PATHNAME", &row.PATHNAME},
         {"DBNAME", &row.DBNAME},
@@ -34,31 +41,28 @@ void WriteActivityLog(UpdateState& state, const std::string& table, const std::s
         {"FDATE", &row.FDATE},
         {"PTIME", &row.PTIME},
     }};
-    state.ACTIVITYLOG.AddNew();
+    run.ACTIVITYLOG.AddNew();
     for (const auto& [name, text] : columns)
-        state.ACTIVITYLOG.Fields(name).Value(*text);
-    state.ACTIVITYLOG.Update();
-    state.view.showActivity(row);
+        run.ACTIVITYLOG.Fields(name).Value(*text);
+    run.ACTIVITYLOG.Update();
+    run.view.showActivity(activity, row);
 }
 
-void changeAndLog(UpdateState& s, const std::function<void()>& change, const std::string& table,
-                  const std::string& field, const std::string& action) {
+void changeAndLog(TargetDatabase& database, const std::function<void()>& change, const Activity& activity) {
     // The log's own file, as a target, takes no row while a change is under way in it.
-    const bool ownFile = s.target.Name() == s.definitions.Name();
-    s.wksTARGET.BeginTrans();
+    const bool ownFile = database.target.Name() == database.run.definitions.Name();
+    database.wksTARGET.BeginTrans();
     try {
         change();
-        if (!ownFile) {
-            WriteActivityLog(s, table, " ", field, action);
-            data::DBEngine::settle();
-        }
-        s.wksTARGET.CommitTrans();
+        if (!ownFile)
+            WriteActivityLog(database.run, activity);
+        database.wksTARGET.CommitTrans();
     } catch (...) {
-        rollBack(s.wksTARGET);
+        rollBack(database.wksTARGET);
         throw;
     }
     if (ownFile)
-        WriteActivityLog(s, table, " ", field, action);
+        WriteActivityLog(database.run, activity);
 }
 
 } // namespace tol::update

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "definition_update/engine/ConversionMatrix.h"
 
-#include "data/Definition.h"
+#include "data/engine/Definition.h"
 #include "runtime/Conversions.h"
 #include "runtime/Text.h"
 #include "screens/input/Dates.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <algorithm>
 #include <array>

@@ -2,13 +2,20 @@
 #include "definition_update/engine/DefinitionRefresh.h"
 
 #include "data/DBEngine.h"
-#include "data/Names.h"
+#include "data/engine/Names.h"
 #include "definition_update/engine/DefinitionRows.h"
 #include "definition_update/engine/ErrorReport.h"
 #include "definition_update/engine/FillingMark.h"
+#include "definition_update/engine/UpdateTexts.h"
+#include "platform/Paths.h"
 #include "runtime/Host.h"
+#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdEmptyTable.h"
+#include "shell/vdfunctions/vdLocation.h"
+#include "shell/vdfunctions/vdNullCheck.h"
+#include "shell/vdfunctions/vdRecords.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <fmt/format.h>
 
@@ -41,8 +48,9 @@ void copyList(data::Recordset& list, data::Recordset& copy, std::initializer_lis
 /// The reference copy of the database in that row.
 std::string referenceFile(const data::Recordset& DATABASES) {
     const std::string ALTDBNAME = foldedText(DATABASES.Fields("ALTDBNAME"));
-    const std::string copy = vdNullCheckText(DATABASES.Fields("FILLLOC")) + "\\" +
-                             (vdIsBlank(ALTDBNAME) ? foldedText(DATABASES.Fields("DBNAME")) : ALTDBNAME);
+    const std::string copy =
+        platform::below(vdNullCheckText(DATABASES.Fields("FILLLOC")),
+                        vdIsBlank(ALTDBNAME) ? foldedText(DATABASES.Fields("DBNAME")) : ALTDBNAME);
     return std::string(runtime::trim(copy)) + ".MDB";
 }
 
@@ -152,7 +160,8 @@ void DefinitionRefresh::fillDefinitions(data::Database& definitions) {
     } else if (!m_running) {
         m_outcome = RefreshOutcome::Canceled;
     }
-    showFillingEnded();
+    blankProgress();
+    showClosing(m_view, m_outcome);
 }
 
 void DefinitionRefresh::fillDatabases(data::Recordset& DATABASES, data::Recordset& NEWDEF,
@@ -168,14 +177,6 @@ void DefinitionRefresh::fillDatabases(data::Recordset& DATABASES, data::Recordse
     } while (m_running);
     for (data::Recordset* rows : {&DATABASES, &NEWDEF, &NEWINDEXES})
         rows->Close();
-}
-
-void DefinitionRefresh::showFillingEnded() {
-    const bool whole = m_outcome == RefreshOutcome::WithoutLists;
-    blankProgress();
-    m_view.showLabel(RefreshLabel::DBNAME, m_running ? "Finished" : "Process Canceled");
-    m_view.showLabel(RefreshLabel::DBDESC, whole ? "Database Definitions Have Been Refreshed."
-                                                 : "Database Definitions ARE INCOMPLETE.");
 }
 
 // A database whose reference copy is missing gets no rows, so that a later update deletes all its tables.
@@ -262,6 +263,14 @@ bool DefinitionRefresh::emptyCopy(data::Database& definitions, data::Recordset& 
 void DefinitionRefresh::blankProgress() {
     for (const RefreshLabel label : {RefreshLabel::TNAME, RefreshLabel::FNAME, RefreshLabel::INAME})
         m_view.showLabel(label, " ");
+}
+
+void showClosing(RefreshView& view, RefreshOutcome outcome) {
+    if (outcome == RefreshOutcome::NotBegun)
+        return;
+    const ClosingText closing = closingText(outcome);
+    view.showLabel(RefreshLabel::DBNAME, closing.result);
+    view.showLabel(RefreshLabel::DBDESC, closing.sentence);
 }
 
 } // namespace tol::update

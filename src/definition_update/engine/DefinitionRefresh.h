@@ -12,15 +12,6 @@ class Recordset;
 
 namespace tol::update {
 
-/// How far a refresh came.
-enum class RefreshOutcome {
-    NotBegun,     ///< nothing was emptied; the definition is the old one
-    Incomplete,   ///< an error left a part of the definition
-    Canceled,     ///< so did the operator
-    WithoutLists, ///< the definition is whole, the network's lists may not be
-    Finished,
-};
-
 /// Fills NEWDEF, NEWINDEXES, MODULES and USERACCESSITEMS of ZOVDEF.MDB from the reference databases
 /// and the network database. Everything that it opens is closed when RefreshDefinitions returns. A definition
 /// that holds a part only is marked as such (FillingMark).
@@ -28,7 +19,7 @@ class DefinitionRefresh {
   public:
     DefinitionRefresh(RefreshView& view, std::string netLocation);
     /// Traps its own errors (vdProcessError).
-    RefreshOutcome RefreshDefinitions();
+    [[nodiscard]] RefreshOutcome RefreshDefinitions();
     /// Clears the running flag; it takes effect behind the database in work.
     void Cancel();
 
@@ -36,7 +27,6 @@ class DefinitionRefresh {
     static bool empty(data::Database& definitions, data::Recordset& rows, const std::string& folder);
     void fillDefinitions(data::Database& definitions);
     void fillDatabases(data::Recordset& DATABASES, data::Recordset& NEWDEF, data::Recordset& NEWINDEXES);
-    void showFillingEnded();
     void fillDatabase(const data::Recordset& DATABASES, data::Recordset& NEWDEF, data::Recordset& NEWINDEXES);
     void FillNewTableDef(const data::Database& target, data::Recordset& NEWDEF, const std::string& DBNAME);
     void FillNewIndexDef(const data::Database& target, data::Recordset& NEWINDEXES,
@@ -51,5 +41,8 @@ class DefinitionRefresh {
     bool m_failed = false; // one of the routines reported an error
     RefreshOutcome m_outcome = RefreshOutcome::NotBegun;
 };
+
+/// Shows how far a refresh came, unless it did not begin.
+void showClosing(RefreshView& view, RefreshOutcome outcome);
 
 } // namespace tol::update

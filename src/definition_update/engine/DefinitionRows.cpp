@@ -2,7 +2,8 @@
 #include "definition_update/engine/DefinitionRows.h"
 
 #include "runtime/Text.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdNullCheck.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <cstdint>
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "data/Database.h"
+#include "runtime/DeferredErrors.h"
 #include "runtime/Host.h"
-#include "runtime/OwedErrors.h"
 #include "runtime/RuntimeError.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdBoxes.h"
 
 #include <string>
 #include <string_view>
@@ -27,15 +28,16 @@ bool trapError(Report&& report, Step&& step) {
     }
 }
 
-/// Runs a procedure's body and stores what it wrote: what can't be stored is a failure of the procedure as
-/// much as a run-time error in its body. Each failure goes to `report` and ends the procedure alone: its
-/// caller goes on. True when there was none.
+/// Runs a procedure's body and stores what it wrote, unless it is part of a batch of writes: what can't be
+/// stored is a failure of the procedure as much as a run-time error in its body. Each failure goes to
+/// `report` and ends the procedure alone: its caller goes on. True when there was none.
 template <typename Report, typename Body>
 bool trapErrors(Report&& report, Body&& body) {
     bool fine = trapError(report, body);
-    fine = trapError(report, runtime::settle) && fine;
-    while (runtime::anyOwed())
-        fine = trapError(report, [] { runtime::raiseOwed(); }) && fine;
+    if (!data::WriteBatch::isUnderWay())
+        fine = trapError(report, runtime::flush) && fine;
+    while (runtime::anyDeferred())
+        fine = trapError(report, [] { runtime::raiseDeferred(); }) && fine;
     return fine;
 }
 

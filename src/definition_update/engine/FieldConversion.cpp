@@ -6,8 +6,10 @@
 #include "definition_update/engine/Procedure.h"
 #include "runtime/Conversions.h"
 #include "runtime/Host.h"
+#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdNullCheck.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <cstdint>
 #include <optional>
@@ -15,15 +17,12 @@
 namespace tol::update {
 
 using runtime::host;
-using runtime::MsgResult;
-using runtime::MsgStyle;
 using runtime::Value;
 using shell::vdNullCheck;
 
 namespace {
 
 const std::string temporaryField = "TEMPFIELD";
-constexpr MsgStyle yesNo{runtime::MsgIcon::Question, runtime::MsgButtons::YesNo};
 
 /// The value through vdNullCheck; nothing for what another program stored there and what is no value of the
 /// field's type.
@@ -58,52 +57,48 @@ void deleteAllIndexes(data::TableDef& table) {
 //
 // The run may go on when the operator pressed Cancel, and must not when he answered No: his answer keeps the
 // old field, Cancel does not.
-void FieldConversion::ConvertFieldType() {
-    runStep(m_s, "ConvertFieldType", [this] {
-        m_s.WarnUnconvertible = true;
+void FieldConversion::ConvertFieldType(int liveType) {
+    runStep(m_db, "ConvertFieldType", [&] {
         showLabels();
-        deleteAllIndexes(*m_s.tableDef);
+        deleteAllIndexes(m_table);
         appendTemporaryField(true);
-        convertRows();
-        if (!m_s.keepsOldField())
-            replaceOldField(std::string("Changed Field Type. ") +
-                            (m_s.UnableToConvert ? "DATA MAY BE LOST" : " "));
+        convertRows(liveType);
+        if (!m_db.keepsOldField())
+            replaceOldField(ActivityKind::TypeChanged);
         hideLabels();
     });
 }
 
 // Unlike a change of type, a change of size keeps the old field whenever the run was stopped.
-void FieldConversion::ChangeFieldSize() {
-    runStep(m_s, "ChangeFieldSize", [this] {
-        m_s.WarnUnconvertible = true;
+void FieldConversion::ChangeFieldSize(int liveSize) {
+    runStep(m_db, "ChangeFieldSize", [&] {
         showLabels();
-        deleteAllIndexes(*m_s.tableDef);
+        deleteAllIndexes(m_table);
         appendTemporaryField(false);
-        resizeRows();
-        if (m_s.ContinueRun)
-            replaceOldField(std::string("Changed Field Size. ") +
-                            (m_s.UnableToConvert ? "Some Data may be lost." : " "));
+        resizeRows(liveSize);
+        if (m_run.ContinueRun)
+            replaceOldField(ActivityKind::SizeChanged);
         hideLabels();
     });
 }
 
 // Once the operator wants no more warnings no row is stored for the rest of the field, though conversions
 // still run and may fail. A row left without Update is dropped by the move to the next one.
-void FieldConversion::convertRows() {
-    data::Recordset rows = m_s.target.OpenRecordset(m_s.TNAME);
-    const data::Field from = rows.Fields(m_s.FNAME);
+void FieldConversion::convertRows(int liveType) {
+    data::Recordset rows = m_db.target.OpenRecordset(m_db.TNAME);
+    const data::Field from = rows.Fields(m_wanted.FNAME);
     data::Field to = rows.Fields(temporaryField);
-    const Conversion convert = conversionFor(m_s.liveType, m_s.FTYPE);
+    const Conversion convert = conversionFor(liveType, m_wanted.FTYPE);
     Value converted;
     eachRow(rows, [&] {
-        m_s.UnableToConvert = false;
+        m_run.UnableToConvert = false;
         const std::optional<Value> value = readableValue(from);
-        m_s.UnableToConvert = !value || !convert(*value, m_s.FSIZE, converted);
-        if (!m_s.UnableToConvert)
+        m_run.UnableToConvert = !value || !convert(*value, m_wanted.FSIZE, converted);
+        if (!m_run.UnableToConvert)
             to.Value(converted);
-        if (!m_s.WarnUnconvertible)
+        if (!m_warns)
             return;
-        if (m_s.UnableToConvert)
+        if (m_run.UnableToConvert)
             askAboutUnconvertible();
         else
             rows.Update();
@@ -112,33 +107,32 @@ void FieldConversion::convertRows() {
 }
 
 void FieldConversion::askAboutUnconvertible() {
-    const std::string text = "Unable to Convert Data in Field: " + std::string(runtime::trim(m_s.FNAME)) +
-                             " located in Table: " + std::string(runtime::trim(m_s.TNAME)) +
-                             "\nDATA IN THIS FIELD WILL BE LOST.\n\nOK to Continue?";
-    if (host().msgBox(text, yesNo, "Data Will Be Lost") == MsgResult::No) {
-        m_s.ContinueRun = false;
-        m_s.ProcessDatabase = false;
-        m_s.UnableToConvert = false;
-    } else if (host().msgBox("Warn Again if Unable to Convert Data?", yesNo, "Continue Warning?") ==
-               MsgResult::No) {
-        m_s.WarnUnconvertible = false;
+    const auto yes = [this](QuestionKind kind) {
+        return m_run.view.ask({kind, m_run.siteName, m_run.DBNAME, m_db.TNAME, m_wanted.FNAME});
+    };
+    if (!yes(QuestionKind::LoseValue)) {
+        m_run.ContinueRun = false;
+        m_db.keepsFields = true;
+        m_run.UnableToConvert = false;
+    } else if (!yes(QuestionKind::WarnAgain)) {
+        m_warns = false;
     }
 }
 
-void FieldConversion::resizeRows() {
-    data::Recordset rows = m_s.target.OpenRecordset(m_s.TNAME);
-    const data::Field from = rows.Fields(m_s.FNAME);
+void FieldConversion::resizeRows(int liveSize) {
+    data::Recordset rows = m_db.target.OpenRecordset(m_db.TNAME);
+    const data::Field from = rows.Fields(m_wanted.FNAME);
     data::Field to = rows.Fields(temporaryField);
-    m_s.UnableToConvert = m_s.liveSize > m_s.FSIZE;
+    m_run.UnableToConvert = liveSize > m_wanted.FSIZE;
     eachRow(rows, [&] {
         const std::optional<Value> value = readableValue(from);
         if (!value) {
-            if (m_s.WarnUnconvertible)
+            if (m_warns)
                 askAboutUnconvertible();
             return;
         }
-        if (m_s.UnableToConvert)
-            to.Value(runtime::left(runtime::toText(*value), m_s.FSIZE));
+        if (m_run.UnableToConvert)
+            to.Value(runtime::left(runtime::toText(*value), m_wanted.FSIZE));
         else
             to.Value(*value);
         rows.Update();
@@ -147,21 +141,23 @@ void FieldConversion::resizeRows() {
 }
 
 // A stop that has come meanwhile, and is no Cancel, keeps the old field.
-void FieldConversion::replaceOldField(const std::string& action) {
+void FieldConversion::replaceOldField(ActivityKind kind) {
     fillBlanks();
-    if (m_s.keepsOldField())
+    if (m_db.keepsOldField())
         return;
     const auto exchange = [this] {
-        m_s.tableDef->Fields().Delete(m_s.FNAME);
-        m_s.tableDef->Fields()(temporaryField).Name(m_s.FNAME);
+        m_table.Fields().Delete(m_wanted.FNAME);
+        m_table.Fields()(temporaryField).Name(m_wanted.FNAME);
     };
-    changeAndLog(m_s, exchange, m_s.TNAME, m_s.FNAME, action);
+    changeAndLog(
+        m_db, exchange,
+        {.kind = kind, .table = m_db.TNAME, .field = m_wanted.FNAME, .dataMayBeLost = m_run.UnableToConvert});
 }
 
 // Values that were not stored become the wanted type's blank. The rows that a Cancel kept from being reached
 // end without a value.
 void FieldConversion::fillBlanks() {
-    data::Recordset rows = m_s.target.OpenRecordset(m_s.TNAME);
+    data::Recordset rows = m_db.target.OpenRecordset(m_db.TNAME);
     data::Field value = rows.Fields(temporaryField);
     eachRow(rows, [&] {
         if (!value.Value().isNull())
@@ -169,43 +165,42 @@ void FieldConversion::fillBlanks() {
         value.Value(vdNullCheck(value));
         rows.Update();
     });
-    if (!rows.AtEOF() && !m_s.keepsOldField())
+    if (!rows.AtEOF() && !m_db.keepsOldField())
         clearBehind(rows, value);
     rows.Close();
 }
 
 void FieldConversion::eachRow(data::Recordset& rows, const std::function<void()>& change) {
     const std::int64_t count = rows.RecordCount();
-    m_s.view.showLabel(RunLabel::NP6, std::to_string(count));
+    m_run.view.showLabel(RunLabel::NP6, std::to_string(count));
     if (count == 0)
         return;
     rows.MoveFirst();
     for (std::int32_t counter = 1; !rows.AtEOF(); ++counter) {
-        m_s.view.showLabel(RunLabel::NP4, shell::vdLongText(counter, 10));
+        m_run.view.showLabel(RunLabel::NP4, shell::vdLongText(counter, 10));
         rows.Edit();
         change();
         host().doEvents();
-        if (!m_s.ContinueRun)
+        if (!m_run.ContinueRun)
             break;
         rows.MoveNext();
     }
 }
 
 void FieldConversion::appendTemporaryField(bool memoAllowsZeroLength) {
-    data::TableDef& table = *m_s.tableDef;
-    table.Fields().Append(table.CreateField(temporaryField, m_s.FTYPE, m_s.FSIZE));
-    if (m_s.FTYPE == data::dbText || (memoAllowsZeroLength && m_s.FTYPE == data::dbMemo))
-        table.Fields()(temporaryField).AllowZeroLength(true);
+    m_table.Fields().Append(m_table.CreateField(temporaryField, m_wanted.FTYPE, m_wanted.FSIZE));
+    if (m_wanted.FTYPE == data::dbText || (memoAllowsZeroLength && m_wanted.FTYPE == data::dbMemo))
+        m_table.Fields()(temporaryField).AllowZeroLength(true);
 }
 
 void FieldConversion::showLabels() {
-    m_s.view.showRecordLabels(true);
-    m_s.view.showLabel(RunLabel::NP2, m_s.TNAME);
+    m_run.view.showRecordLabels(true);
+    m_run.view.showLabel(RunLabel::NP2, m_db.TNAME);
 }
 
 void FieldConversion::hideLabels() {
-    m_s.view.showLabel(RunLabel::NP2, " ");
-    m_s.view.showRecordLabels(false);
+    m_run.view.showLabel(RunLabel::NP2, " ");
+    m_run.view.showRecordLabels(false);
 }
 
 } // namespace tol::update

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "definition_update/engine/FillingMark.h"
 
-#include "data/Names.h"
+#include "data/engine/Names.h"
 #include "runtime/Host.h"
 
 #include <string>
@@ -23,18 +23,16 @@ bool FillingMark::isSet() const {
 }
 
 void FillingMark::set() {
-    if (!isSet()) {
-        data::TableDef mark = m_definitions.CreateTableDef(markTable);
-        m_definitions.TableDefs().Append(mark);
-    }
-    runtime::settle();
+    if (!isSet())
+        m_definitions.CreateTable({.name = markTable});
+    runtime::flush();
 }
 
 void FillingMark::clear() {
-    runtime::settle(); // the rows first
+    runtime::flush(); // the rows first
     if (isSet())
         m_definitions.TableDefs().Delete(markTable);
-    runtime::settle();
+    runtime::flush();
 }
 
 } // namespace tol::update

@@ -6,7 +6,12 @@
 #include "definition_update/engine/Procedure.h"
 #include "runtime/Conversions.h"
 #include "runtime/Host.h"
+#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
+#include "shell/vdfunctions/vdBoxes.h"
+#include "shell/vdfunctions/vdNullCheck.h"
+#include "shell/vdfunctions/vdRecords.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <optional>
 
@@ -48,7 +53,7 @@ std::optional<data::TableDef> findTable(const data::Database& database, const st
 // OLDINDEXES stays what the capture found. An index that this pass deleted with a converted or removed
 // field is thus neither made again here nor logged as removed; the next capture sees what is missing.
 void IndexReconciliation::UpdateIndexDefs() {
-    runProcedure(m_s, "UpdateIndexDefs", [this] {
+    runProcedure(m_db, "UpdateIndexDefs", [this] {
         m_tables.removeOldDefinitions();
         makeWantedIndexes();
         removeOldIndexes();
@@ -56,32 +61,30 @@ void IndexReconciliation::UpdateIndexDefs() {
 }
 
 void IndexReconciliation::makeWantedIndexes() {
-    const IndexRows wanted(m_s.NEWINDEXES);
-    const IndexRows live(m_s.OLDINDEXES);
-    RowSearch search(m_s.OLDINDEXES, "OLDINDEXES", {live.TNAME, live.IName, live.KEYSTRING});
-    const shell::KeyPairs ofDatabase{{m_s.DBNAME, wanted.DBNAME()}};
-    const std::string mark = vdFindFirst(m_s.NEWINDEXES, "NEWINDEXES", ofDatabase);
+    const IndexRows wanted(m_db.NEWINDEXES);
+    const IndexRows live(m_db.OLDINDEXES);
+    RowSearch search(m_db.OLDINDEXES, "OLDINDEXES", {live.TNAME, live.IName, live.KEYSTRING});
+    const shell::KeyPairs ofDatabase{{m_run.DBNAME, wanted.DBNAME()}};
+    const std::string mark = vdFindFirst(m_db.NEWINDEXES, "NEWINDEXES", ofDatabase);
     if (vdIsBlank(mark))
         return;
-    m_s.NEWINDEXES.Index("NEWINDEXES");
-    m_s.NEWINDEXES.Bookmark(mark);
-    while (vdRecordOK(m_s.NEWINDEXES, ofDatabase)) {
-        m_s.TNAME = trimmedText(wanted.TNAME);
+    m_db.NEWINDEXES.Index("NEWINDEXES");
+    m_db.NEWINDEXES.Bookmark(mark);
+    while (vdRecordOK(m_db.NEWINDEXES, ofDatabase)) {
+        m_db.TNAME = trimmedText(wanted.TNAME);
         m_indexName = trimmedText(wanted.IName);
-        if (!search.find({m_s.TNAME, m_indexName, vdNullCheckText(wanted.KEYSTRING)}))
-            makeIndex(wanted, search.find({m_s.TNAME, m_indexName}));
-        m_s.NEWINDEXES.MoveNext();
+        if (!search.find({m_db.TNAME, m_indexName, vdNullCheckText(wanted.KEYSTRING)}))
+            makeIndex(wanted, search.find({m_db.TNAME, m_indexName}));
+        m_db.NEWINDEXES.MoveNext();
     }
 }
 
 void IndexReconciliation::makeIndex(const IndexRows& wanted, bool hasOtherKeys) {
-    m_s.tableDef = m_s.target.TableDefs(m_s.TNAME);
-    data::TableDef& table = *m_s.tableDef;
-    requireUpdatableTarget(m_s);
+    data::TableDef table = m_db.target.TableDefs(m_db.TNAME);
+    m_db.requireUpdatable();
     if (hasOtherKeys)
         deleteIndex(table, m_indexName);
-    const std::string action = hasOtherKeys ? "Changed Index Keys." : "Created New Index.";
-    WriteActivityLog(m_s, m_s.TNAME, m_indexName, " ", action);
+    log(hasOtherKeys ? ActivityKind::IndexKeysChanged : ActivityKind::IndexCreated);
     data::Index index = table.CreateIndex(m_indexName);
     addKeyFields(index, wanted);
     table.Indexes().Append(index);
@@ -93,77 +96,81 @@ void IndexReconciliation::addKeyFields(data::Index& index, const IndexRows& want
         const std::string key = trimmedText(column);
         if (vdIsBlank(key))
             continue;
-        WriteActivityLog(m_s, m_s.TNAME, m_indexName, key, "Added Field to Index Key.");
+        log(ActivityKind::IndexKeyAdded, key);
         index.Fields().Append(index.CreateField(key));
-        m_s.ChangesMade = true;
+        m_db.result.ChangesMade = true;
     }
 }
 
 void IndexReconciliation::removeOldIndexes() {
-    if (m_s.OLDINDEXES.RecordCount() == 0)
+    if (m_db.OLDINDEXES.RecordCount() == 0)
         return;
-    const IndexRows wanted(m_s.NEWINDEXES);
-    const IndexRows live(m_s.OLDINDEXES);
-    RowSearch search(m_s.NEWINDEXES, "NEWINDEXES", {wanted.DBNAME(), wanted.TNAME, wanted.IName});
-    m_s.OLDINDEXES.Index("OLDINDEXES");
-    m_s.OLDINDEXES.MoveFirst();
-    while (vdRecordOK(m_s.OLDINDEXES)) {
-        m_s.TNAME = trimmedText(live.TNAME);
+    const IndexRows wanted(m_db.NEWINDEXES);
+    const IndexRows live(m_db.OLDINDEXES);
+    RowSearch search(m_db.NEWINDEXES, "NEWINDEXES", {wanted.DBNAME(), wanted.TNAME, wanted.IName});
+    m_db.OLDINDEXES.Index("OLDINDEXES");
+    m_db.OLDINDEXES.MoveFirst();
+    while (vdRecordOK(m_db.OLDINDEXES)) {
+        m_db.TNAME = trimmedText(live.TNAME);
         m_indexName = trimmedText(live.IName);
-        if (!search.find({m_s.DBNAME, m_s.TNAME, m_indexName}))
+        if (!search.find({m_run.DBNAME, m_db.TNAME, m_indexName}))
             removeIndex();
-        m_s.OLDINDEXES.MoveNext();
+        m_db.OLDINDEXES.MoveNext();
     }
 }
 
 // A table that was removed took its indexes along, and a conversion may have deleted this one.
 void IndexReconciliation::removeIndex() {
-    std::optional<data::TableDef> table = findTable(m_s.target, m_s.TNAME);
+    std::optional<data::TableDef> table = findTable(m_db.target, m_db.TNAME);
     if (!table || !deleteIndex(*table, m_indexName))
         return;
-    WriteActivityLog(m_s, m_s.TNAME, m_indexName, " ", "Index Removed.");
-    m_s.ChangesMade = true;
+    log(ActivityKind::IndexRemoved);
+    m_db.result.ChangesMade = true;
+}
+
+void IndexReconciliation::log(ActivityKind kind, const std::string& field) {
+    WriteActivityLog(m_run, {.kind = kind, .table = m_db.TNAME, .index = m_indexName, .field = field});
 }
 
 void IndexReconciliation::UpdateOPOS() {
-    m_s.TNAME = " ";
+    m_db.TNAME = " ";
     const auto report = [this](const runtime::RuntimeError& error) {
         shell::vdProcessError(updateForm, std::to_string(error.number()),
-                              error.description() + " UpdateOPOS Table: " + m_s.TNAME);
-        noteError(m_s, "UpdateOPOS", error.number());
+                              error.description() + " UpdateOPOS Table: " + m_db.TNAME);
+        noteError(m_db, "UpdateOPOS", error.number());
     };
     trapErrors(report, [this] { setPositions(); });
 }
 
 void IndexReconciliation::setPositions() {
-    const FieldRows wanted(m_s.NEWDEF);
-    const shell::KeyPairs ofDatabase{{m_s.DBNAME, wanted.DBNAME()}};
-    const std::string mark = vdFindFirst(m_s.NEWDEF, "NEWDEF", ofDatabase);
+    const FieldRows wanted(m_db.NEWDEF);
+    const shell::KeyPairs ofDatabase{{m_run.DBNAME, wanted.DBNAME()}};
+    const std::string mark = vdFindFirst(m_db.NEWDEF, "NEWDEF", ofDatabase);
     if (vdIsBlank(mark))
         return;
-    m_s.NEWDEF.Index("NEWDEF");
-    m_s.NEWDEF.Bookmark(mark);
+    m_db.NEWDEF.Index("NEWDEF");
+    m_db.NEWDEF.Bookmark(mark);
     do {
-        if (!vdRecordOK(m_s.NEWDEF, ofDatabase))
+        if (!vdRecordOK(m_db.NEWDEF, ofDatabase))
             break;
-        m_s.TNAME = trimmedText(wanted.TNAME);
-        m_s.view.showLabel(RunLabel::NP2, m_s.TNAME);
-        m_s.tableDef = m_s.target.TableDefs(m_s.TNAME);
-        setPositionsOfTable(wanted);
-    } while (m_s.ContinueRun);
+        m_db.TNAME = trimmedText(wanted.TNAME);
+        m_run.view.showLabel(RunLabel::NP2, m_db.TNAME);
+        data::TableDef table = m_db.target.TableDefs(m_db.TNAME);
+        setPositionsOfTable(table, wanted);
+    } while (m_run.ContinueRun);
 }
 
-void IndexReconciliation::setPositionsOfTable(const FieldRows& wanted) {
-    const data::TableDef::FieldList fields = m_s.tableDef->Fields();
-    const shell::KeyPairs ofTable{{m_s.DBNAME, wanted.DBNAME()},
+void IndexReconciliation::setPositionsOfTable(data::TableDef& table, const FieldRows& wanted) {
+    const data::TableDef::FieldList fields = table.Fields();
+    const shell::KeyPairs ofTable{{m_run.DBNAME, wanted.DBNAME()},
                                   {shell::vdNullCheck(wanted.TNAME), wanted.TNAME}};
-    while (vdRecordOK(m_s.NEWDEF, ofTable)) {
+    while (vdRecordOK(m_db.NEWDEF, ofTable)) {
         data::Field field = fields(trimmedText(wanted.FNAME));
         field.OrdinalPosition(runtime::toInteger(shell::vdNullCheck(wanted.OPOS)));
         host().doEvents();
-        if (!m_s.ContinueRun)
+        if (!m_run.ContinueRun)
             break;
-        m_s.NEWDEF.MoveNext();
+        m_db.NEWDEF.MoveNext();
     }
 }
 

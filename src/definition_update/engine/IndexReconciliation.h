@@ -4,7 +4,7 @@
 #include "definition_update/engine/DefinitionRows.h"
 #include "definition_update/engine/RowSearch.h"
 #include "definition_update/engine/TableReconciliation.h"
-#include "definition_update/engine/UpdateState.h"
+#include "definition_update/engine/TargetDatabase.h"
 
 #include <string>
 
@@ -14,7 +14,8 @@ namespace tol::update {
 /// by table, name and joined key names; no other property is compared or made.
 class IndexReconciliation {
   public:
-    IndexReconciliation(UpdateState& state, TableReconciliation& tables) : m_s(state), m_tables(tables) {}
+    IndexReconciliation(TargetDatabase& database, TableReconciliation& tables)
+        : m_db(database), m_run(database.run), m_tables(tables) {}
 
     /// Removes old tables and fields, makes and changes the wanted indexes, removes the old ones.
     void UpdateIndexDefs();
@@ -27,10 +28,12 @@ class IndexReconciliation {
     void addKeyFields(data::Index& index, const IndexRows& wanted);
     void removeOldIndexes();
     void removeIndex();
+    void log(ActivityKind kind, const std::string& field = " ");
     void setPositions();
-    void setPositionsOfTable(const FieldRows& wanted);
+    void setPositionsOfTable(data::TableDef& table, const FieldRows& wanted);
 
-    UpdateState& m_s;
+    TargetDatabase& m_db;
+    Run& m_run;
     TableReconciliation& m_tables;
     std::string m_indexName; // of the index in work
 };

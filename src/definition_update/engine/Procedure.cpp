@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "definition_update/engine/Procedure.h"
 
-#include "definition_update/engine/ErrorReport.h"
+#include "runtime/RuntimeError.h"
+#include "shell/vdfunctions/vdBoxes.h"
 
 namespace tol::update {
 namespace {
@@ -10,36 +11,25 @@ bool takesNoChange(int number) {
     return number == runtime::errReadOnly || number == runtime::errNoPermission;
 }
 
-auto reportFor(UpdateState& s, std::string_view procedure) {
-    return [&s, procedure](const runtime::RuntimeError& error) {
-        boxFor(updateForm, procedure)(error);
-        noteError(s, procedure, error.number());
-    };
+// What is reported while a database is already being left is not the reason for it.
+void keepBox(Run& run) {
+    if (run.stopRequest != StopRequest::LeaveDatabase)
+        run.lastBox = shell::gMsgText;
 }
 
 } // namespace
 
-bool runProcedure(UpdateState& s, std::string_view procedure, const std::function<void()>& body) {
-    return trapErrors(reportFor(s, procedure), body);
+void noteError(Run& run, std::string_view procedure, int number) {
+    keepBox(run);
+    run.view.showError({procedure, number, run.siteName, run.DBNAME, {}, {}});
 }
 
-bool runStep(UpdateState& s, std::string_view procedure, const std::function<void()>& body) {
-    return trapError(reportFor(s, procedure), body);
-}
-
-// What is reported while a database is already being left is not the reason for it.
-void noteError(UpdateState& s, std::string_view procedure, int number) {
-    if (s.stopRequest != StopRequest::LeaveDatabase)
-        s.lastBox = shell::gMsgText;
-    if (s.target.isOpen() && takesNoChange(number))
-        s.stop(StopRequest::LeaveDatabase);
-    s.view.showError({procedure, number, s.siteName, s.DBNAME, s.TNAME, s.FNAME, shell::gMsgText});
-}
-
-void requireUpdatableTarget(UpdateState& s) {
-    if (!s.targetUpdatable)
-        s.target.RequireUpdatable();
-    s.targetUpdatable = true;
+void noteError(TargetDatabase& database, std::string_view procedure, int number) {
+    Run& run = database.run;
+    keepBox(run);
+    if (database.target.isOpen() && takesNoChange(number))
+        run.stop(StopRequest::LeaveDatabase);
+    run.view.showError({procedure, number, run.siteName, run.DBNAME, database.TNAME, database.FNAME});
 }
 
 } // namespace tol::update

@@ -2,7 +2,8 @@
 #include "definition_update/engine/RowSearch.h"
 
 #include "runtime/Conversions.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdRecords.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <algorithm>
 #include <utility>

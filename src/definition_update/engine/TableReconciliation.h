@@ -2,10 +2,9 @@
 #pragma once
 
 #include "definition_update/engine/DefinitionRows.h"
-#include "definition_update/engine/FieldConversion.h"
 #include "definition_update/engine/RowSearch.h"
-#include "definition_update/engine/UpdateState.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "definition_update/engine/TargetDatabase.h"
+#include "shell/vdfunctions/vdRecords.h"
 
 #include <optional>
 #include <string>
@@ -16,7 +15,7 @@ namespace tol::update {
 /// sizes are compared with the live field, not with OLDDEF.
 class TableReconciliation {
   public:
-    explicit TableReconciliation(UpdateState& state) : m_s(state), m_conversion(state) {}
+    explicit TableReconciliation(TargetDatabase& database) : m_db(database), m_run(database.run) {}
 
     void UpdateTableDefs();
     /// Both expect NEWDEF on a row of the table in work and leave it behind the table's last row, which
@@ -35,17 +34,19 @@ class TableReconciliation {
     bool goToFirstRow(const shell::KeyPairs& keys);
     /// Appends the fields that NEWDEF has for the table in work; false when it has none.
     bool addWantedFields(data::TableDef& table, const FieldRows& wanted);
-    void refuseTable(const FieldRows& wanted, const std::string& reason);
-    void appendField(data::TableDef& table);
-    void readWantedField(const FieldRows& wanted);
-    void modifyField();
+    void refuseTable(const FieldRows& wanted, ActivityKind reason);
+    void log(ActivityKind kind);
+    static void appendField(data::TableDef& table, const WantedField& wanted);
+    /// The field of the row, which is the one in work from now on.
+    WantedField wantedField(const FieldRows& rows);
+    void modifyField(data::TableDef& table, const WantedField& wanted);
     void removeField();
     void removeTable(const FieldRows& live);
 
-    UpdateState& m_s;
+    TargetDatabase& m_db;
+    Run& m_run;
     bool m_repeated = false;         // the walk meets the table in work once more
     std::optional<RowSearch> m_live; // in OLDDEF, while UpdateTableDefs goes on
-    FieldConversion m_conversion;
 };
 
 } // namespace tol::update

@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "definition_update/engine/UpdateState.h"
+#include "definition_update/engine/TargetDatabase.h"
+
+#include <string>
 
 namespace tol::update {
 
-/// Brings the target file of the state up to the wanted definition: captures what it holds into OLDDEF
-/// and OLDINDEXES, then has tables, indexes and field positions reconciled. Its outcome is in
-/// DatabaseOk, ChangesMade and the log; a target that can't be opened changes neither flag.
-void UpdateDatabaseDefinition(UpdateState& state);
-
-/// Fills OLDDEF, or OLDINDEXES, from the target.
-void FillTableDef(UpdateState& state);
-void FillIndexDef(UpdateState& state);
+/// Brings the file up to the wanted definition of the database in work: captures what it holds into OLDDEF
+/// and OLDINDEXES, then has tables, indexes and field positions reconciled. One that can't be opened counts
+/// as in order and unchanged.
+DatabaseResult UpdateDatabaseDefinition(Run& run, const std::string& file);
 
 } // namespace tol::update

@@ -1,13 +1,45 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/SchemaNote.h"
+#include "data/engine/SchemaNote.h"
 
 #include <compare>
 #include <string>
 #include <string_view>
 
 namespace tol::update {
+
+/// What a run did or met: each has its row in the log.
+enum class ActivityKind {
+    DevelopmentDatabase,  ///< a shared database on a developer's machine is left alone
+    DevelopmentDatabases, ///< so is a developer's own database, or copy of a site
+    WNDPATHEmpty,         ///< a path database names no folder
+    NETPATHEmpty,
+    DatabaseNotFound,
+    NoChanges,          ///< nothing was wrong with a database, or nothing that counts
+    DatabaseIncomplete, ///< or not all of it was done
+    OLDDEFInUse,        ///< a capture table can't be emptied
+    OLDINDEXESInUse,
+    TableAdded,
+    FieldOfNewTable, ///< a field of a table just added
+    FieldAdded,
+    TableExists,     ///< a table to be added is there already
+    TableNotDefined, ///< or has no field to be made
+    TypeChanged,
+    SizeChanged,
+    FieldRemoved,
+    TableRemoved,
+    IndexCreated,
+    IndexKeysChanged,
+    IndexKeyAdded, ///< a field of the key of an index just created or changed
+    IndexRemoved,
+};
+
+struct Activity {
+    ActivityKind kind;
+    std::string table = " ", index = " ", field = " "; ///< " " where none applies
+    bool dataMayBeLost = false;                        ///< by a change of type or size
+};
 
 /// One row of ACTIVITYLOG, as it is stored and shown.
 struct ActivityRow {
@@ -26,7 +58,6 @@ struct ReportedError {
     std::string_view procedure;
     int number;                                         ///< of the run-time error
     std::string PATHNAME, DBNAME, TABLENAME, FIELDNAME; ///< what was in work
-    std::string box;                                    ///< its text
     auto operator<=>(const ReportedError&) const = default;
 };
 
@@ -42,6 +73,17 @@ struct MissingFolder {
     bool operator==(const MissingFolder&) const = default;
 };
 
+/// What the operator is asked about a value that can't convert.
+enum class QuestionKind {
+    LoseValue, ///< whether to go on without it; No ends the run
+    WarnAgain, ///< whether to ask again in this field
+};
+
+struct Question {
+    QuestionKind kind;
+    std::string PATHNAME, DBNAME, TABLENAME, FIELDNAME; ///< where the value stands
+};
+
 /// The labels that a run writes to.
 enum class RunLabel {
     NPPATHNAME, ///< Job Site, at the end "Finished" or "STOPPED"
@@ -53,6 +95,14 @@ enum class RunLabel {
 };
 
 enum class RunState { Running, Ended };
+
+/// How a run came out.
+enum class RunOutcome {
+    NotBegun,  ///< no database was touched
+    BrokenOff, ///< an error that no procedure trapped ended it
+    Stopped,   ///< it ended by a stop or the operator's No
+    Finished,
+};
 
 /// What a run of the update shows while it works: the window, the terminal program and the tests each
 /// implement it. Every call is made on the caller's thread; none may throw.
@@ -70,11 +120,15 @@ class UpdateView {
     /// The activity list's row pointer goes back to the first row; its rows stay until others take their
     /// places.
     virtual void resetActivity() = 0;
-    virtual void showActivity(const ActivityRow& row) = 0;
+    /// `row` tells it in texts, as it was stored.
+    virtual void showActivity(const Activity& activity, const ActivityRow& row) = 0;
     /// The run has ended and the log was reopened: fill the activity list from its first row.
     virtual void fillActivity() = 0;
     /// Told of each database when its changes are done.
     virtual void showNote(const DefinitionNote& /*note*/) {}
+
+    /// Asks the operator; true for Yes. As it is, by a box.
+    virtual bool ask(const Question& question);
 
     // What a person at a window sees by the boxes and the activity list.
     virtual void showError(const ReportedError& /*error*/) {}
@@ -85,6 +139,15 @@ class UpdateView {
 
 /// What a refresh of the wanted definition shows while it works.
 enum class RefreshLabel { DBNAME, DBDESC, TNAME, FNAME, INAME };
+
+/// How far a refresh came.
+enum class RefreshOutcome {
+    NotBegun,     ///< nothing was emptied; the definition is the old one
+    Incomplete,   ///< an error left a part of the definition
+    Canceled,     ///< so did the operator
+    WithoutLists, ///< the definition is whole, the network's lists may not be
+    Finished,
+};
 
 class RefreshView {
   public:

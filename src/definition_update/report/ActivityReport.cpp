@@ -4,7 +4,7 @@
 #include "search_print/document/vdPrintCells.h"
 #include "search_print/document/vdPrintFooter.h"
 #include "search_print/document/vdPrintRun.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdNullCheck.h"
 
 #include <array>
 #include <string>

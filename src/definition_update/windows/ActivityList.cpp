@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "definition_update/windows/ActivityList.h"
 
-#include "definition_update/windows/ListKeys.h"
-#include "forms/Controls.h"
-#include "forms/Form.h"
-#include "forms/LineBreaks.h"
+#include "forms/controls/Controls.h"
+#include "forms/look/LineBreaks.h"
+#include "forms/windows/Form.h"
 
 #include <QLabel>
 
@@ -12,7 +11,6 @@ namespace tol::update {
 namespace {
 
 constexpr int rows = 8;
-constexpr int lastRow = rows - 1;
 constexpr int captionHeight = 255;
 constexpr int captionWidth = 1500;
 constexpr int lineHeight = 435; // two lines of text
@@ -40,7 +38,9 @@ screens::BrowseDescription description() {
 } // namespace
 
 ActivityList::ActivityList(forms::Form& form, int left, int top)
-    : m_panel(form, description(), {left, top + lineHeight, "hsbALMAIN", "cmdALB", "Activity Log"}),
+    : m_description(description()),
+      m_panel(form, m_description, {left, top + lineHeight, "hsbALMAIN", "cmdALB", "Activity Log"}),
+      m_rows(m_panel, m_description),
       m_rowText(forms::addLabel(form, "lblALROW", {},
                                 {left + captionWidth, top, m_panel.width() - captionWidth, lineHeight})) {
     QLabel& caption = forms::addLabel(form, "lblHHActivityLog", "Activity Log",
@@ -66,7 +66,7 @@ int ActivityList::height() const {
 void ActivityList::open(DefinitionUpdate& update) {
     close();
     m_list = std::make_unique<screens::BrowseList>(
-        m_panel, description(), update.ACTIVITYLOG(), [&update] { return update.openACTIVITYLOG(); },
+        m_panel, m_description, update.ACTIVITYLOG(), [&update] { return update.openACTIVITYLOG(); },
         screens::BrowseActions{});
     m_panel.connectTo(*m_list, [this](int) { takeFocus(); });
     m_list->BrowseLoad();
@@ -83,28 +83,19 @@ void ActivityList::reset() {
 }
 
 void ActivityList::show(const ActivityRow& row) {
-    if (m_nextRow > lastRow) {
-        scrollUp();
-        m_nextRow = lastRow;
+    if (m_nextRow == rows) {
+        m_rows.BrowseScrollUp();
+        --m_nextRow;
     }
-    setRow(m_nextRow, {row.PATHNAME, row.DBNAME, row.TABLENAME, row.INDEXNAME, row.FIELDNAME, row.Action});
-    showWhole(m_panel.rowText(m_nextRow));
-    ++m_nextRow;
-}
-
-void ActivityList::scrollUp() {
-    for (int row = 1; row < rows; ++row)
-        for (int column = 0; column < 6; ++column)
-            m_panel.setCaption(row - 1, column, m_panel.caption(row, column));
-}
-
-void ActivityList::setRow(int row, const std::array<std::string, 6>& captions) {
-    for (int column = 0; column < 6; ++column)
-        m_panel.setCaption(row, column, captions.at(static_cast<std::size_t>(column)));
+    int column = 0;
+    for (const std::string& caption :
+         {row.PATHNAME, row.DBNAME, row.TABLENAME, row.INDEXNAME, row.FIELDNAME, row.Action})
+        m_rows.setCaption(m_nextRow, column++, caption);
+    showWhole(m_rows.text(m_nextRow++));
 }
 
 void ActivityList::keyDown(forms::KeyPress& key) {
-    if (isMoveKey(key.code) && m_list != nullptr)
+    if (m_list != nullptr)
         m_list->BrowseKeyDown(key.code, key.shift);
 }
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "definition_update/engine/DefinitionUpdate.h"
-#include "forms/Keys.h"
-#include "screens/BrowseList.h"
+#include "forms/events/Keys.h"
 #include "screens/ListPanel.h"
+#include "screens/browse/BrowseList.h"
 
 #include <memory>
 
@@ -36,10 +36,10 @@ class ActivityList {
 
   private:
     void showWhole(const std::string& text);
-    void scrollUp();
-    void setRow(int row, const std::array<std::string, 6>& captions);
 
+    const screens::BrowseDescription m_description;
     screens::ListPanel m_panel;
+    screens::BrowseRows m_rows; ///< as a run reports them
     QLabel& m_rowText;
     std::unique_ptr<screens::BrowseList> m_list; ///< while the list can be browsed
     int m_nextRow = 0;

@@ -1,26 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "definition_update/windows/JobSiteList.h"
 
-#include "definition_update/windows/ListKeys.h"
-#include "runtime/Conversions.h"
 #include "runtime/Host.h"
-#include "runtime/Text.h"
 
 #include <algorithm>
 
 namespace tol::update {
 namespace {
 
-constexpr int markColumn = 2;
-constexpr const char* tagMark = "\u2713"; // a tick
-constexpr const char* noMark = " ";
-
-TaggedSite siteOf(const data::Recordset& record) {
-    return {
-        runtime::toLong(shell::vdNullCheck(record.Fields("DBTAG"))),
-        shell::vdNullCheckText(record.Fields("PATHNAME")),
-        std::string(runtime::trim(runtime::upperCase(shell::vdNullCheckText(record.Fields("PathText")))))};
-}
+constexpr int tickColumn = 2;
+constexpr const char* tick = "\u2713";
+constexpr const char* noTick = " ";
 
 } // namespace
 
@@ -35,18 +25,18 @@ screens::BrowseDescription JobSiteList::description() const {
                         {"lblPATHTEXT", "lblHPATHTEXT", " Location of Database Files", 4350, "PathText",
                          nullptr, screens::TextCut::Middle},
                         {"lblTAG", "lblHTAG", "Tag", 600, "",
-                         [this](data::Recordset& site) { return markOf(site); }}},
+                         [this](data::Recordset& site) { return tickOf(site); }}},
             .descriptionColumn = 1,
             .rows = 8,
             .endText = "End of List",
             .emptyText = "List is Empty"};
 }
 
-std::string JobSiteList::markOf(const data::Recordset& site) const {
+std::string JobSiteList::tickOf(const data::Recordset& site) const {
     const std::int32_t DBTAG = siteOf(site).DBTAG;
     const bool tagged = DBTAG != 0 && std::ranges::find(m_update->tagList(), DBTAG, &TaggedSite::DBTAG) !=
                                           m_update->tagList().end();
-    return tagged ? tagMark : noMark;
+    return tagged ? tick : noTick;
 }
 
 void JobSiteList::open(DefinitionUpdate& update) {
@@ -65,7 +55,7 @@ void JobSiteList::close() {
 }
 
 void JobSiteList::retire() {
-    m_list->BrowseRowOff(m_list->row());
+    m_list->rows().BrowseRowOff(m_list->row());
     m_panel.disconnect();
     setInUse(false);
 }
@@ -80,7 +70,7 @@ std::string JobSiteList::currentMark() const {
 
 void JobSiteList::toggleTag() {
     if (!isEmpty() && m_list->goToCurrent()) {
-        setMark(toggle(siteOf(m_list->recordset())));
+        setTick(toggle(siteOf(m_list->recordset())));
         m_list->BrowseMove(forms::keyDown);
     }
     takeFocus();
@@ -130,19 +120,18 @@ void JobSiteList::clearTags() {
     takeFocus();
 }
 
-void JobSiteList::markCurrent() {
-    setMark(true);
+void JobSiteList::tickCurrent() {
+    setTick(true);
 }
 
-void JobSiteList::setMark(bool tagged) {
-    m_panel.setCaption(m_list->row(), markColumn, tagged ? tagMark : noMark);
+void JobSiteList::setTick(bool tagged) {
+    m_list->rows().setCaption(m_list->row(), tickColumn, tagged ? tick : noTick);
 }
 
 void JobSiteList::keyDown(forms::KeyPress& key) {
     if (m_list == nullptr || !m_panel.isInUse())
         return;
-    if (isMoveKey(key.code))
-        return m_list->BrowseKeyDown(key.code, key.shift);
+    m_list->BrowseKeyDown(key.code, key.shift);
     if (key.code != 'T')
         return;
     key.code = forms::keyNone;

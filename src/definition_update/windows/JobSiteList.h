@@ -2,17 +2,17 @@
 #pragma once
 
 #include "definition_update/engine/DefinitionUpdate.h"
-#include "forms/Keys.h"
-#include "screens/BrowseList.h"
+#include "forms/events/Keys.h"
 #include "screens/ListPanel.h"
+#include "screens/browse/BrowseList.h"
 
 #include <memory>
 #include <string>
 
 namespace tol::update {
 
-/// The Job Sites on the update window, with a mark on those that are tagged. The tags themselves are kept
-/// by the update, so a row that scrolls in gets its mark from them. Its controls are the form's.
+/// The Job Sites on the update window, with a tick on those that are tagged. The tags themselves are kept
+/// by the update, so a row that scrolls in gets its tick from them. Its controls are the form's.
 class JobSiteList {
   public:
     /// `tag` is what the action button and the key T do.
@@ -32,7 +32,7 @@ class JobSiteList {
     void tagAll();
     void clearTags();
     /// Shows the highlighted site as tagged.
-    void markCurrent();
+    void tickCurrent();
     /// The highlighted site's bookmark, " " for none.
     [[nodiscard]] std::string currentMark() const;
 
@@ -45,10 +45,10 @@ class JobSiteList {
 
   private:
     [[nodiscard]] screens::BrowseDescription description() const;
-    [[nodiscard]] std::string markOf(const data::Recordset& site) const;
+    [[nodiscard]] std::string tickOf(const data::Recordset& site) const;
     [[nodiscard]] bool isEmpty() const;
     bool toggle(const TaggedSite& site);
-    void setMark(bool tagged);
+    void setTick(bool tagged);
 
     screens::ListPanel m_panel;
     forms::EventProcedure m_tag;

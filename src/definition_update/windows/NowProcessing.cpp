@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "definition_update/windows/NowProcessing.h"
 
-#include "forms/Controls.h"
+#include "forms/controls/Controls.h"
 #include "screens/RowLabel.h"
 
 #include <QGroupBox>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "definition_update/engine/UpdateView.h"
-#include "forms/Twips.h"
+#include "forms/look/Twips.h"
 
 #include <array>
 #include <string>

@@ -4,8 +4,7 @@
 #include "definition_update/engine/ErrorReport.h"
 #include "definition_update/windows/frmDBUPrint.h"
 #include "definition_update/windows/frmDBURefresh.h"
-#include "forms/Buttons.h"
-#include "forms/Controls.h"
+#include "forms/controls/Controls.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -96,7 +95,7 @@ void frmDBUDDU::onLoad() {
     setKeyPreview(true);
     m_nowProcessing.setVisible(false);
     const bool loaded = reportErrors(updateForm, "Load", [this] {
-        m_cmdRefresh.setEnabled(DefinitionUpdate::developmentMode());
+        m_cmdRefresh.setEnabled(TargetFinder::developmentMode());
         UpdateView& view = *this;
         m_update = std::make_unique<DefinitionUpdate>(view, ModuleCode);
         m_jobSites.open(*m_update);
@@ -226,7 +225,7 @@ void frmDBUDDU::enableChoices(bool enabled) {
 }
 
 void frmDBUDDU::showTagged(int /*index*/) {
-    m_jobSites.markCurrent();
+    m_jobSites.tickCurrent();
 }
 
 void frmDBUDDU::showLabel(RunLabel label, const std::string& text) {
@@ -241,7 +240,7 @@ void frmDBUDDU::resetActivity() {
     m_activity.reset();
 }
 
-void frmDBUDDU::showActivity(const ActivityRow& row) {
+void frmDBUDDU::showActivity(const Activity& /*activity*/, const ActivityRow& row) {
     m_activity.show(row);
 }
 

@@ -5,7 +5,7 @@
 #include "definition_update/windows/ActivityList.h"
 #include "definition_update/windows/JobSiteList.h"
 #include "definition_update/windows/NowProcessing.h"
-#include "forms/Form.h"
+#include "forms/windows/Form.h"
 
 #include <memory>
 #include <string>
@@ -60,7 +60,7 @@ class frmDBUDDU : public forms::Form, private UpdateView {
     void showLabel(RunLabel label, const std::string& text) override;
     void showRecordLabels(bool visible) override;
     void resetActivity() override;
-    void showActivity(const ActivityRow& row) override;
+    void showActivity(const Activity& activity, const ActivityRow& row) override;
     void fillActivity() override;
 
     QGroupBox& m_fraInstructions;

@@ -15,29 +15,19 @@ frmDBUPrint::frmDBUPrint() : ReportWindow("frmDBUPrint") {
 // Without the log there is nothing to begin with.
 void frmDBUPrint::onLoad() {
     const bool loaded = reportErrors("frmDBUPrint", "Load", [this] {
-        wksDBU = data::DBEngine::CreateWorkspace("wksDBU");
-        m_definitions = wksDBU.OpenDatabase("ZOVDEF.MDB");
-        ACTIVITYLOG = m_definitions.OpenRecordset("ACTIVITYLOG");
+        ACTIVITYLOG = data::OpenTable("wksDBU", "ZOVDEF.MDB", "ACTIVITYLOG");
     });
     cmdBegin().setEnabled(loaded);
     (loaded ? cmdBegin() : CmdExit()).setFocus();
-    if (!loaded)
-        closeDatabase();
 }
 
 bool frmDBUPrint::onRun() {
-    return printActivityLog(*this, printer(), ACTIVITYLOG, savedOrientation());
+    return printActivityLog(*this, printer(), ACTIVITYLOG.rows, savedOrientation());
 }
 
 void frmDBUPrint::onUnload() {
     ReportWindow::onUnload();
-    closeDatabase();
-}
-
-void frmDBUPrint::closeDatabase() {
     ACTIVITYLOG = {};
-    m_definitions = {};
-    wksDBU = {};
 }
 
 } // namespace tol::update

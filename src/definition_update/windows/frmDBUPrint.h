@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/DBEngine.h"
+#include "data/OpenTable.h"
 #include "search_print/ReportWindow.h"
 
 namespace tol::update {
@@ -17,11 +17,7 @@ class frmDBUPrint : public search_print::ReportWindow {
     bool onRun() override;
 
   private:
-    void closeDatabase();
-
-    data::Workspace wksDBU;
-    data::Database m_definitions;
-    data::Recordset ACTIVITYLOG;
+    data::OpenTable ACTIVITYLOG;
 };
 
 } // namespace tol::update

@@ -2,8 +2,7 @@
 #include "definition_update/windows/frmDBURefresh.h"
 
 #include "definition_update/engine/DefinitionRefresh.h"
-#include "forms/Buttons.h"
-#include "forms/Controls.h"
+#include "forms/controls/Controls.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -81,8 +80,9 @@ void frmDBURefresh::RefreshDefinitions() {
     const Busy busy(*this);
     DefinitionRefresh refresh(*this, NetLocation);
     m_refresh = &refresh;
-    refresh.RefreshDefinitions();
+    const RefreshOutcome outcome = refresh.RefreshDefinitions();
     m_refresh = nullptr;
+    showClosing(*this, outcome); // an error may have ended it before it came to that
 }
 
 // The close button is another Exit.

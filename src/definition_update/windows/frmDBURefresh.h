@@ -2,7 +2,7 @@
 #pragma once
 
 #include "definition_update/engine/UpdateView.h"
-#include "forms/Form.h"
+#include "forms/windows/Form.h"
 
 #include <array>
 #include <string>

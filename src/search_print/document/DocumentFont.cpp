@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "search_print/document/DocumentFont.h"
 
-#include "search_print/document/PrintableText.h"
-
 #include <QFontMetricsF>
 
 #include <algorithm>
@@ -60,6 +58,18 @@ double DocumentFont::width(std::string_view text) const {
         sum += m_advances[code];
     }
     return sum;
+}
+
+QString printableText(std::string_view text) {
+    QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    std::ranges::replace_if(
+        line,
+        [](QChar c) {
+            return c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
+                   c == QChar::ParagraphSeparator;
+        },
+        QChar(u' '));
+    return line;
 }
 
 } // namespace tol::search_print

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QFont>
+#include <QString>
 
 #include <array>
 #include <string>
@@ -40,5 +41,8 @@ class DocumentFont {
     double m_ascent, m_height;
     std::array<double, 128> m_advances{}; // of the ASCII characters; most texts have no others
 };
+
+/// The text as it goes on paper: one line, in which line breaks and other controls are blanks.
+QString printableText(std::string_view text);
 
 } // namespace tol::search_print

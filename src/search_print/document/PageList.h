@@ -11,6 +11,8 @@
 #include <variant>
 #include <vector>
 
+class QPainter;
+
 namespace tol::search_print {
 
 // What stands on a page. Measures are twips from the page's upper left corner.
@@ -59,5 +61,9 @@ class PageList {
   private:
     std::deque<DocumentFont> m_fonts; // a few; references to them stay valid
 };
+
+/// Draws a page with a painter whose unit is the twip and whose origin is the page's upper left corner. The
+/// paper itself is not drawn.
+void paintPage(QPainter& painter, const PageList& list, const Page& page);
 
 } // namespace tol::search_print

@@ -2,7 +2,7 @@
 #include "search_print/document/PdfFile.h"
 
 #include "runtime/RuntimeError.h"
-#include "search_print/document/PagePainter.h"
+#include "search_print/document/PageList.h"
 
 #include <QBuffer>
 #include <QFile>

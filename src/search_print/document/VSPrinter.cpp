@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "search_print/document/VSPrinter.h"
 
-#include "search_print/document/PrintableText.h"
+#include "search_print/document/DocumentFont.h"
 
 #include <QFontMetricsF>
 #include <QStringList>

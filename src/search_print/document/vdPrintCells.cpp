@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "search_print/document/vdPrintCells.h"
 
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 namespace tol::search_print {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "runtime/NumberFormat.h"
 #include "runtime/Text.h"
-#include "shell/vdfunctions/MessageBox.h"
+#include "shell/vdfunctions/vdBoxes.h"
 
 namespace tol::search_print {
 namespace {
@@ -18,8 +18,7 @@ double orUsual(double margin) {
 
 bool vdPrintStart(ReportView& view, VSPrinter& printer, std::string_view orientation, bool keepNavigation,
                   const PrintMargins& margins) {
-    view.setBeginCaption("&Cancel");
-    view.showProcess();
+    view.showState(ReportState::Running);
     if (printer.Error() != 0) {
         shell::showBox("Printer Problem Detected", runtime::MsgIcon::Critical, "Printer Error");
         return false;
@@ -45,9 +44,7 @@ bool vdPrintFinish(ReportView& view, VSPrinter& printer, int savedOrientation, b
     printer.previewNavigation(navigationFree);
     printer.PenWidth(0);
     printer.Orientation(savedOrientation);
-    view.setBeginCaption("&Max View");
-    view.showBegin();
-    view.showProcess();
+    view.showState(ReportState::Done);
     view.setProcess(started ? "Report Finished, Press 'P' to Print" : "Report STOPPED BY USER (INCOMPLETE)");
     return true;
 }

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "shell/vdfunctions/DatabaseName.h"
-#include "shell/vdfunctions/MessageBox.h"
-#include "shell/vdfunctions/vdfunctions.h"
 
+#include "shell/vdfunctions/vdEmptyTable.h"
+
+#include "data/DBEngine.h"
+#include "runtime/RuntimeError.h"
+#include "shell/vdfunctions/vdBoxes.h"
+#include "shell/vdfunctions/vdLocation.h"
 #include <fmt/format.h>
 
 #include <string>
@@ -31,21 +34,16 @@ data::TableDefinition readDefinition(data::Database& database, const std::string
 }
 
 /// Names, sizes and types of the fields, names and columns of the indexes; nothing else.
-void makeTable(data::Database& database, const data::TableDefinition& definition) {
-    data::TableDef table = database.CreateTableDef(definition.name);
-    for (const data::FieldDef& old : definition.fields) {
-        data::Field field = table.CreateField(old.name, old.type, old.size);
-        if (old.type == data::dbText)
-            field.AllowZeroLength(true);
-        table.Fields().Append(field);
-    }
-    database.TableDefs().Append(table);
-    for (const data::IndexDef& old : definition.indexes) {
-        data::Index index = table.CreateIndex(old.name);
-        for (const std::string& field : old.fields)
-            index.Fields().Append(index.CreateField(field));
-        table.Indexes().Append(index);
-    }
+data::TableDefinition bareDefinition(const data::TableDefinition& old) {
+    data::TableDefinition bare{.name = old.name};
+    for (const data::FieldDef& field : old.fields)
+        bare.fields.push_back({.name = field.name,
+                               .type = field.type,
+                               .size = field.size,
+                               .allowZeroLength = field.type == data::dbText});
+    for (const data::IndexDef& index : old.indexes)
+        bare.indexes.push_back({.name = index.name, .fields = index.fields});
+    return bare;
 }
 
 } // namespace
@@ -62,7 +60,7 @@ bool vdEmptyTable(std::string_view folder, std::string_view database, data::Reco
         // A program that is killed in between must not leave everybody without the table.
         wksTEMP.BeginTrans();
         file.TableDefs().Delete(name);
-        makeTable(file, definition);
+        file.CreateTable(bareDefinition(definition));
         wksTEMP.CommitTrans();
         file.Close();
         wksTEMP.Close();

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "shell/vdfunctions/vdGetNewTag.h"
+
+#include "data/OpenTable.h"
 #include "runtime/Conversions.h"
-#include "shell/vdfunctions/DatabaseName.h"
-#include "shell/vdfunctions/MessageBox.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "runtime/Host.h"
+#include "runtime/RuntimeError.h"
+#include "shell/vdfunctions/vdBoxes.h"
+#include "shell/vdfunctions/vdLocation.h"
+#include "shell/vdfunctions/vdNullCheck.h"
 
 #include <limits>
 
@@ -15,24 +20,6 @@ std::int32_t inRange(std::int64_t number) {
         runtime::raise(runtime::errOverflow);
     return static_cast<std::int32_t>(number);
 }
-
-/// The table of a counter, open for one change that others wait for.
-struct CounterTable {
-    data::Workspace wksMAIN;
-    data::Database file;
-    data::Recordset rows;
-
-    CounterTable(const std::string& database, const std::string& table)
-        : wksMAIN(data::DBEngine::CreateWorkspace("wksMAIN")),
-          file(wksMAIN.OpenDatabase(database)),
-          rows(file.OpenRecordset(table, data::dbOpenTable, data::dbSeeChanges, data::dbPessimistic)) {}
-
-    void close() {
-        rows.Close();
-        file.Close();
-        wksMAIN.Close();
-    }
-};
 
 /// Hands out the number that the counter holds and stores the next one.
 std::int32_t takeNumber(data::Recordset& rows, const std::string& field) {
@@ -59,14 +46,14 @@ std::int32_t vdGetNewTag(std::string_view folder, const std::string& field, std:
     if (table.empty())
         table = "SYSTAGS";
     try {
-        CounterTable counter(database, table);
-        counter.wksMAIN.BeginTrans();
+        data::OpenTable counter("wksMAIN", database, table);
+        counter.workspace.BeginTrans();
         const std::int32_t number = takeNumber(counter.rows, field);
         const std::int32_t tag = inRange(inRange(prefix * numbersOfPrefix) + std::int64_t{number});
-        counter.wksMAIN.CommitTrans(data::dbForceOSFlush);
-        counter.close();
+        counter.workspace.CommitTrans(data::dbForceOSFlush);
+        counter.Close();
         // Part of the routine's contract: a counter that can't be opened again hands out nothing.
-        CounterTable(database, table).close();
+        data::OpenTable("wksMAIN", database, table).Close();
         return tag;
     } catch (const runtime::RuntimeError& error) {
         showBox("Attempt to Assign New Tag Number Failed.\n" + error.description(),

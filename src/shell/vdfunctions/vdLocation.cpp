@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include "shell/vdfunctions/vdLocation.h"
+
+#include "data/OpenTable.h"
 #include "platform/Paths.h"
 #include "platform/System.h"
+#include "runtime/Host.h"
+#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "shell/vdfunctions/MessageBox.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdBoxes.h"
+#include "shell/vdfunctions/vdNullCheck.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <fmt/format.h>
 
@@ -12,6 +18,7 @@ namespace {
 
 using runtime::RuntimeError;
 
+constexpr const char* locationFile = "NETPATH.MDB";
 constexpr const char* notFound = " ";
 constexpr const char* failed = "ERROR";
 
@@ -19,11 +26,27 @@ bool fileExists(std::string_view name) {
     return vdNotBlank(vdDir(name));
 }
 
-/// The folder in the only row of NETPATH.MDB; an empty or blank row is filled with the current folder.
-std::string storedFolder() {
-    data::Workspace wksNETPATH = data::DBEngine::CreateWorkspace("wksNETPATH");
-    data::Database database = wksNETPATH.OpenDatabase("NETPATH.MDB");
-    data::Recordset rows = database.OpenRecordset("NETPATH", data::dbOpenTable);
+/// Where ZOVNET.MDB ought to be.
+std::string networkDatabase(std::string_view path) {
+    if (fileExists(locationFile))
+        return platform::below(vdNetworkFolder(), "ZOVNET.MDB");
+    std::string file = platform::below(path, "ZOVNET.MDB");
+    if (fileExists(file))
+        return file;
+    return fileExists("ZOVNET.MDB") ? "ZOVNET.MDB" : notFound;
+}
+
+} // namespace
+
+std::string vdDir(std::string_view name) {
+    return platform::dir(name);
+}
+
+std::string vdNetworkFolder() {
+    if (!fileExists(locationFile))
+        return {};
+    data::OpenTable table("wksNETPATH", locationFile, "NETPATH");
+    data::Recordset& rows = table.rows;
     if (rows.RecordCount() == 0) {
         rows.AddNew();
         rows.Update();
@@ -36,27 +59,8 @@ std::string storedFolder() {
         rows.Fields("Path").Value(path);
         rows.Update();
     }
-    database.Close();
-    wksNETPATH.Close();
-    return path;
-}
-
-/// Where ZOVNET.MDB ought to be.
-std::string networkDatabase(std::string_view path) {
-    if (fileExists("NETPATH.MDB")) {
-        const std::string folder = storedFolder();
-        return folder + (folder.ends_with('\\') ? "ZOVNET.MDB" : "\\ZOVNET.MDB");
-    }
-    std::string file = std::string(path) + "\\ZOVNET.MDB";
-    if (fileExists(file))
-        return file;
-    return fileExists("ZOVNET.MDB") ? "ZOVNET.MDB" : notFound;
-}
-
-} // namespace
-
-std::string vdDir(std::string_view name) {
-    return platform::dir(name);
+    table.Close();
+    return platform::withoutBackslash(path);
 }
 
 std::string vdNetPath(std::string_view path, bool quiet) {
@@ -92,6 +96,10 @@ std::string vdUserName() {
                 runtime::MsgIcon::None, {});
     }
     return result;
+}
+
+std::string databaseName(std::string_view folder, std::string_view database) {
+    return platform::join(runtime::trim(folder), database.empty() ? "MAIN.MDB" : database);
 }
 
 } // namespace tol::shell

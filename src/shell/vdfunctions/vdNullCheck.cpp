@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "shell/vdfunctions/vdNullCheck.h"
+
 #include "runtime/Conversions.h"
+#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "shell/vdfunctions/MessageBox.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdBoxes.h"
 
 #include <fmt/format.h>
 

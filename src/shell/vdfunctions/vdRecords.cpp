@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "shell/vdfunctions/vdRecords.h"
+
 #include "runtime/Conversions.h"
+#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdNullCheck.h"
 
 #include <algorithm>
 

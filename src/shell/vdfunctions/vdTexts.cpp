@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "shell/vdfunctions/vdTexts.h"
+
 #include "runtime/Conversions.h"
 #include "runtime/NumberFormat.h"
 #include "runtime/Text.h"
-#include "shell/vdfunctions/vdfunctions.h"
 
 #include <algorithm>
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/vdwindows/frmvdMsgBox.h"
 
-#include "forms/Buttons.h"
-#include "forms/Controls.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "forms/controls/Controls.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <QLabel>
 #include <QPushButton>

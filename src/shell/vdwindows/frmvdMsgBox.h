@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "forms/Form.h"
+#include "forms/windows/Form.h"
 
 #include <string>
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/vdwindows/frmvdWarning.h"
 
-#include "forms/Buttons.h"
-#include "forms/Controls.h"
+#include "forms/controls/Controls.h"
 
 #include <QCheckBox>
 #include <QIcon>

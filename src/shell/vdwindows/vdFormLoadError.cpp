@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/vdwindows/vdFormLoadError.h"
 
-#include "forms/Controls.h"
-#include "shell/vdfunctions/vdfunctions.h"
+#include "forms/controls/Controls.h"
+#include "shell/vdfunctions/vdBoxes.h"
 
 #include <QWidget>
 

@@ -2,10 +2,11 @@
 // The windowed program in the current folder, with a person before it who presses keys and clicks at random.
 // Arguments: seed, seconds.
 #include "RandomPerson.h"
+#include "data/DBEngine.h"
 #include "data/sqlite/SqliteEngine.h"
-#include "forms/Application.h"
-#include "forms/ErrorGuard.h"
-#include "forms/WindowHost.h"
+#include "forms/events/Application.h"
+#include "forms/events/ErrorGuard.h"
+#include "forms/events/WindowHost.h"
 #include "shell/frmTOLMAIN.h"
 #include "tol/Windows.h"
 
@@ -16,7 +17,7 @@ int main(int count, char** arguments) {
         return 2;
     const tol::forms::Application application("Tolvane Module");
     const tol::forms::WindowHost host;
-    tol::data::sqlite::addSqliteEngine();
+    tol::data::DBEngine::addEngine(std::make_unique<tol::data::sqlite::SqliteEngine>());
     tol::shell::frmTOLMAIN mainWindow;
     tol::addWindows(mainWindow);
     tol::forms::guarded([&] { mainWindow.load(); });

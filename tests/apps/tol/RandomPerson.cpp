@@ -2,7 +2,7 @@
 #include "RandomPerson.h"
 
 #include "FocusShown.h"
-#include "forms/ErrorGuard.h"
+#include "forms/events/ErrorGuard.h"
 #include "runtime/Host.h"
 
 #include <QAbstractButton>

@@ -27,7 +27,8 @@ class CompactTest : public testing::Test {
 
     /// Another program of the suite that has the table open.
     data::Recordset use(data::Workspace& workspace, data::Database& database) const {
-        static const bool added = (data::sqlite::addSqliteEngine(), true);
+        static const bool added =
+            (data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>()), true);
         (void)added;
         workspace = data::DBEngine::CreateWorkspace("wks");
         database = workspace.OpenDatabase(m_case.folder / "A.MDB");

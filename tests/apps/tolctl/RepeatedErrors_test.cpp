@@ -8,7 +8,7 @@ namespace {
 
 class RepeatedErrorsTest : public testing::Test {
   protected:
-    const update::ReportedError m_error{"ModifyTable", 3259, "NORTH", "WORK", "CREW", "PAY", "T"};
+    const update::ReportedError m_error{"ModifyTable", 3259, "NORTH", "WORK", "CREW", "PAY"};
     ctl::RepeatedErrors m_errors;
 };
 
@@ -26,7 +26,7 @@ TEST_F(RepeatedErrorsTest, NoticesTheThirdOneWhateverComesBetween) {
 TEST_F(RepeatedErrorsTest, CountsEachPlaceForItself) {
     for (std::string update::ReportedError::*part :
          {&update::ReportedError::PATHNAME, &update::ReportedError::DBNAME, &update::ReportedError::TABLENAME,
-          &update::ReportedError::FIELDNAME, &update::ReportedError::box}) {
+          &update::ReportedError::FIELDNAME}) {
         update::ReportedError elsewhere = m_error;
         elsewhere.*part = "OTHER";
         EXPECT_FALSE(m_errors.isRepeated(elsewhere));

@@ -10,12 +10,18 @@ namespace {
 
 using testing::HasSubstr;
 using testing::Not;
+using update::ActivityKind;
+using update::QuestionKind;
 
 class RunSummaryTest : public testing::Test {
   protected:
-    void add(const std::string& action, const std::string& table = "CREW",
-             const std::string& field = "NAME") {
-        m_summary.add({"NORTH", "WORK", table, " ", field, action, "", ""});
+    void add(const update::Activity& activity) {
+        m_summary.add(activity,
+                      {"NORTH", "WORK", activity.table, " ", activity.field, "As the log has it. ", "", ""});
+    }
+    void addAll(std::initializer_list<ActivityKind> kinds) {
+        for (const ActivityKind kind : kinds)
+            add({.kind = kind, .table = "CREW", .field = "NAME"});
     }
     std::string text() const {
         std::ostringstream out;
@@ -27,19 +33,11 @@ class RunSummaryTest : public testing::Test {
 };
 
 TEST_F(RunSummaryTest, CountsChangesByKind) {
-    add("Added New Table.");
-    add("Added Field.");
-    add("Added Field.");
-    add("Added New Field");
-    add("Added New Field");
-    add("Changed Field Type.  ");
-    add("Changed Field Size.  ");
-    add("Removed Old Field.");
-    add("Table: OLD Removed.");
-    add("Created New Index.");
-    add("Added Field to Index Key.");
-    add("Changed Index Keys.");
-    add("Index Removed.");
+    addAll({ActivityKind::TableAdded, ActivityKind::FieldOfNewTable, ActivityKind::FieldOfNewTable,
+            ActivityKind::FieldAdded, ActivityKind::FieldAdded, ActivityKind::TypeChanged,
+            ActivityKind::SizeChanged, ActivityKind::FieldRemoved, ActivityKind::TableRemoved,
+            ActivityKind::IndexCreated, ActivityKind::IndexKeyAdded, ActivityKind::IndexKeysChanged,
+            ActivityKind::IndexRemoved});
     EXPECT_EQ(text(), "\nJob Sites: 1, databases: 1\n"
                       "  tables added                             1\n"
                       "  fields added                             2\n"
@@ -53,38 +51,55 @@ TEST_F(RunSummaryTest, CountsChangesByKind) {
 }
 
 TEST_F(RunSummaryTest, AnUnchangedDatabaseIsNoChange) {
-    add("Database Ok. No Changes Made.", " ", " ");
+    add({ActivityKind::NoChanges});
     EXPECT_EQ(text(), "\nJob Sites: 1, databases: 1\n");
 }
 
 TEST_F(RunSummaryTest, TellsWhatNeedsALookOnce) {
-    add("Cannot Find Database.", " ", " ");
-    add("Cannot Find Database.", " ", " ");
-    add("DATABASE DEFINITION UPDATE INCOMPLETE.", "ERROR ", "ERROR ");
-    add("ERROR CREATING TABLE.TABLE EXITS", "CREW", " ");
+    add({ActivityKind::DatabaseNotFound});
+    add({ActivityKind::DatabaseNotFound});
+    add({.kind = ActivityKind::TableExists, .table = "CREW"});
     EXPECT_THAT(text(), HasSubstr("  What needs a look:\n"
-                                  "    NORTH, WORK, CREW: ERROR CREATING TABLE.TABLE EXITS\n"
-                                  "    NORTH, WORK: Cannot Find Database.\n"
-                                  "    NORTH, WORK: DATABASE DEFINITION UPDATE INCOMPLETE.\n"));
+                                  "    NORTH, WORK, CREW: As the log has it.\n"
+                                  "    NORTH, WORK: As the log has it.\n"));
+    EXPECT_THAT(text(), HasSubstr("  tables that could not be made            1\n"));
     EXPECT_THAT(text(), HasSubstr("  databases not processed                  2\n"));
 }
 
+TEST_F(RunSummaryTest, EveryTroubleNeedsALook) {
+    for (const ActivityKind kind :
+         {ActivityKind::DevelopmentDatabase, ActivityKind::DevelopmentDatabases, ActivityKind::WNDPATHEmpty,
+          ActivityKind::NETPATHEmpty, ActivityKind::DatabaseNotFound, ActivityKind::OLDDEFInUse,
+          ActivityKind::OLDINDEXESInUse, ActivityKind::DatabaseIncomplete, ActivityKind::TableExists,
+          ActivityKind::TableNotDefined}) {
+        m_summary = {};
+        add({kind});
+        EXPECT_THAT(text(), HasSubstr("  What needs a look:\n    NORTH, WORK: As the log has it.\n"))
+            << static_cast<int>(kind);
+    }
+    EXPECT_THAT(text(), HasSubstr("  tables that could not be made            1\n"));
+}
+
 TEST_F(RunSummaryTest, TellsWhereDataWasLost) {
-    const std::string question = "Unable to Convert Data in Field: PAY located in Table: CREW\nDATA IN THIS";
-    m_summary.addUnconvertible("NORTH, WORK", question);
-    m_summary.addUnconvertible("NORTH, WORK", question);
-    m_summary.addUnconvertible("SOUTH, WORK", question);
-    m_summary.addUnconvertible("SOUTH, WORK", "Something else");
-    add("Changed Field Size. Some Data may be lost.");
-    EXPECT_THAT(text(),
-                HasSubstr("lost:\n    NORTH, WORK, CREW, PAY (2 rows)\n    SOUTH, WORK, CREW, PAY (1 row)\n"
-                          "    SOUTH, WORK, Something else (1 row)\n"));
-    EXPECT_THAT(text(), HasSubstr("may have been cut:\n    NORTH, WORK, CREW, NAME\n"));
+    m_summary.add({QuestionKind::LoseValue, "NORTH", "WORK", "CREW", "PAY "});
+    m_summary.add({QuestionKind::WarnAgain, "NORTH", "WORK", "CREW", "PAY "});
+    m_summary.add({QuestionKind::LoseValue, "NORTH", "WORK", "CREW", "PAY "});
+    m_summary.add({QuestionKind::LoseValue, "SOUTH", "WORK", "CREW", "PAY "});
+    add({.kind = ActivityKind::SizeChanged, .table = "CREW", .field = "NAME", .dataMayBeLost = true});
+    add({.kind = ActivityKind::SizeChanged, .table = "CREW", .field = "NOTE"});
+    EXPECT_THAT(text(), HasSubstr("lost:\n    NORTH, WORK, CREW, PAY (2 rows)\n"
+                                  "    SOUTH, WORK, CREW, PAY (1 row)\n"
+                                  "  Fields made shorter, where longer texts may have been cut:\n"
+                                  "    NORTH, WORK, CREW, NAME\n"));
+    EXPECT_THAT(text(), Not(HasSubstr("NOTE")));
 }
 
 TEST_F(RunSummaryTest, CountsTheRestOfALongList) {
     for (int field = 100; field < 125; ++field)
-        add("Changed Field Size. Some Data may be lost.", "CREW", "F" + std::to_string(field));
+        add({.kind = ActivityKind::SizeChanged,
+             .table = "CREW",
+             .field = "F" + std::to_string(field),
+             .dataMayBeLost = true});
     EXPECT_THAT(text(), HasSubstr("F119\n    and 5 more\n"));
     EXPECT_THAT(text(), Not(HasSubstr("F120")));
 }

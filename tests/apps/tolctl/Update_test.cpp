@@ -241,7 +241,8 @@ TEST_F(UpdateTest, ADefinitionDatabaseWithoutItsListCannotStart) {
 // Another program of the suite reads the log.
 TEST_F(UpdateTest, ALogThatIsInUseCannotStart) {
     m_case.finish();
-    static const bool added = (data::sqlite::addSqliteEngine(), true);
+    static const bool added =
+        (data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>()), true);
     (void)added;
     data::Workspace workspace = data::DBEngine::CreateWorkspace("wks");
     data::Database database = workspace.OpenDatabase(m_case.folder / "ZOVDEF.MDB");

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "CaseFolder.h"
+#include "support/FileBytes.h"
 
 #include <gmock/gmock.h>
 
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <set>
 #include <string_view>
 
@@ -77,8 +77,7 @@ std::set<std::string> optionsIn(const std::string& text) {
 }
 
 TEST_F(UsageTest, TheManualPageTellsEveryCommandAndOption) {
-    std::ifstream file(TOL_MAN_PAGE);
-    std::string page{std::istreambuf_iterator<char>(file), {}};
+    std::string page = bytesOf(TOL_MAN_PAGE);
     std::erase(page, '\\'); // the page's source says \-\-json
     std::set<std::string> options = optionsIn(m_case.run({"--help"}).out);
     for (const char* command : {"update", "refresh", "log", "dump", "load", "compact", "demo"}) {

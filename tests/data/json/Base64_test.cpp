@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "data/json/Base64.h"
+#include "data/json/JsonText.h"
 
 #include <gtest/gtest.h>
 

@@ -19,7 +19,8 @@ namespace tol::test {
 class JsonTest : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        static const bool added = (data::sqlite::addSqliteEngine(), true);
+        static const bool added =
+            (data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>()), true);
         (void)added;
     }
 

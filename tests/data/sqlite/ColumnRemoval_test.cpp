@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "data/sqlite/ColumnRemoval.h"
+#include "data/sqlite/definitions/ColumnRemoval.h"
 
 #include "ForeignFile.h"
 #include "runtime/RuntimeError.h"
@@ -27,15 +27,16 @@ class Removal : public testing::Test {
     std::vector<std::string> drop(const std::string& table, const std::vector<std::string>& columns) {
         Connection connection(file.path(), Connection::Mode::ReadWrite);
         connection.execute("BEGIN IMMEDIATE");
-        ColumnRemoval removal(connection, table);
+        Losses losses(connection);
+        ColumnRemoval removal(connection, table, losses);
         for (const std::string& column : columns)
             removal.drop(column);
         connection.execute("COMMIT");
         EXPECT_EQ(connection.text("PRAGMA integrity_check"), "ok");
         EXPECT_EQ(connection.number("SELECT count(*) FROM sqlite_schema WHERE name LIKE 'MSys%'"), 0);
         std::vector<std::string> lost;
-        for (const Loss& loss : removal.losses())
-            lost.push_back(kindWord(loss.note.kind) + (loss.note.name.empty() ? "" : " " + loss.note.name));
+        for (const SchemaNote& note : losses.takeNotes())
+            lost.push_back(kindWord(note.kind) + (note.name.empty() ? "" : " " + note.name));
         return lost;
     }
 
@@ -225,7 +226,8 @@ TEST_F(Removal, ChangesNothingWhenItFails) {
     {
         Connection connection(file.path(), Connection::Mode::ReadWrite);
         connection.execute("BEGIN IMMEDIATE");
-        ColumnRemoval removal(connection, "t");
+        Losses losses(connection);
+        ColumnRemoval removal(connection, "t", losses);
         EXPECT_THROW(removal.drop("a"), runtime::RuntimeError);
         EXPECT_EQ(connection.text("SELECT a FROM v"), "x");
         connection.execute("COMMIT");
@@ -238,7 +240,8 @@ TEST_F(Removal, RaisesForATableThatIsNotThere) {
     file.run("CREATE TABLE t(a, b)");
     Connection connection(file.path(), Connection::Mode::ReadWrite);
     try {
-        ColumnRemoval(connection, "nothing").drop("a");
+        Losses losses(connection);
+        ColumnRemoval(connection, "nothing", losses).drop("a");
         FAIL() << "no error";
     } catch (const runtime::RuntimeError& error) {
         EXPECT_EQ(error.number(), 3078);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "data/sqlite/Compaction.h"
+#include "data/sqlite/definitions/Compaction.h"
 
 #include "EngineTest.h"
 #include "support/SecondProcess.h"
@@ -63,7 +63,7 @@ TEST_F(Compaction, RemovesTheBytesAndKeepsTheBookmarks) {
         const auto store = engine.create(file());
         makeTable(*store);
         addRows(*store, "T", 1, 50);
-        const auto cursor = store->openCursor("T");
+        const auto cursor = openCursor(*store, "T");
         ASSERT_TRUE(cursor->last());
         const Assignment change[] = {{2, "a note that is soon gone"}};
         cursor->update(change);
@@ -71,9 +71,9 @@ TEST_F(Compaction, RemovesTheBytesAndKeepsTheBookmarks) {
         ASSERT_TRUE(cursor->previous());
         const Assignment row[] = {{2, "a row that is soon gone"}};
         cursor->update(row);
-        store->settle();
+        store->flush();
         cursor->remove();
-        store->dropField("T", "Note");
+        store->alter("T", DropField{"Note"});
     }
     EXPECT_EQ(compact().number(), 0);
     EXPECT_EQ(folder.read(file()).find("soon gone"), std::string::npos);
@@ -86,7 +86,7 @@ TEST_F(Compaction, RemovesTheBytesAndKeepsTheBookmarks) {
     }
     const auto store = engine.open(file(), false);
     EXPECT_EQ(store->definition("T")->indexes.size(), 2U);
-    const auto cursor = store->openCursor("T");
+    const auto cursor = openCursor(*store, "T");
     ASSERT_TRUE(cursor->seekBookmark(bookmark));
     EXPECT_EQ(cursor->value(0), Value(50));
     EXPECT_EQ(cursor->insert({}), "51"); // and no key is given out twice

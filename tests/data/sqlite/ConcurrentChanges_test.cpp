@@ -83,15 +83,15 @@ Value valueOf(const std::optional<std::string>& text) {
 class ConcurrentChanges : public EngineTest, public testing::WithParamInterface<int> {
   protected:
     ConcurrentChanges() : m_random(static_cast<unsigned>(GetParam())) {
-        store->createTable({.name = "T",
-                            .fields = {{.name = "Number", .type = dbLong, .size = 4},
-                                       {.name = "Text", .type = dbText, .size = 10},
-                                       {.name = "Free", .type = dbLong, .size = 4}},
-                            .indexes = {{.name = "Both", .fields = {"Number", "Text"}}}});
-        m_other = store->openCursor("T");
+        createTable(*store, {.name = "T",
+                             .fields = {{.name = "Number", .type = dbLong, .size = 4},
+                                        {.name = "Text", .type = dbText, .size = 10},
+                                        {.name = "Free", .type = dbLong, .size = 4}},
+                             .indexes = {{.name = "Both", .fields = {"Number", "Text"}}}});
+        m_other = openCursor(*store, "T");
         for (int i = 0; i < 60; ++i)
             insertByOtherCursor();
-        store->settle();
+        store->flush();
         m_plain = std::make_unique<PlainSqlite>(file());
         m_plain->execute("PRAGMA synchronous = OFF"); // no power fails here
     }
@@ -140,7 +140,7 @@ class ConcurrentChanges : public EngineTest, public testing::WithParamInterface<
     }
 
     void changeByOtherProgram() {
-        store->settle();
+        store->flush();
         const long key = randomKey();
         const Row row = randomRow();
         switch (pick(3)) {
@@ -198,7 +198,7 @@ class ConcurrentChanges : public EngineTest, public testing::WithParamInterface<
             changeCurrentRow(cursor, place, moved);
             break;
         case 4:
-            store->settle();
+            store->flush();
             break;
         default:
             break;
@@ -213,7 +213,7 @@ class ConcurrentChanges : public EngineTest, public testing::WithParamInterface<
 
     void walk(bool byIndex) {
         m_model.byIndex = byIndex;
-        const auto cursor = store->openCursor("T");
+        const auto cursor = openCursor(*store, "T");
         cursor->setIndex(byIndex ? "Both" : "");
         std::set<long> moved;
         bool forward = true;
@@ -259,7 +259,7 @@ TEST_P(ConcurrentChanges, LoseNoRowAndRepeatNoneByAnIndex) {
 
 TEST_P(ConcurrentChanges, LeaveTheFileIntact) {
     walk(true);
-    store->settle();
+    store->flush();
     EXPECT_TRUE(m_plain->isIntact());
     EXPECT_EQ(m_plain->text("SELECT count(*) FROM T"), std::to_string(m_model.rows.size()));
 }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "data/sqlite/Connection.h"
+#include "data/sqlite/connection/Connection.h"
 
 #include "EngineTest.h"
-#include "data/sqlite/Sql.h"
 
 #include <sqlite3.h>
 

@@ -53,7 +53,7 @@ class DamagedWalks : public EngineTest {
         store.reset();
         folder.write("A.MDB", bytes);
         store = engine.open(file(), false);
-        const auto cursor = store->openCursor("T");
+        const auto cursor = openCursor(*store, "T");
         cursor->setIndex(walk.index);
         for (bool row = (*cursor.*walk.start)(); row; row = (*cursor.*walk.step)()) {
             if (++met > 40 * rows)

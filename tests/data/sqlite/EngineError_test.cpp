@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "data/sqlite/EngineError.h"
+#include "data/sqlite/connection/EngineError.h"
 
 #include <cerrno>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "EngineTest.h"
 
-#include "data/sqlite/TextCollation.h"
+#include "data/sqlite/connection/TextCollation.h"
 
 #include <sqlite3.h>
 #include <stdexcept>
@@ -61,27 +61,38 @@ TableDefinition definitionOf(const std::string& name, std::vector<FieldDef> fiel
     return {name, std::move(fields), std::move(indexes)};
 }
 
+void createTable(Store& store, const TableDefinition& table) {
+    store.alter(table.name, CreateTable{table});
+}
+
+std::vector<std::string> tableNames(Store& store) {
+    std::vector<std::string> names;
+    for (const auto& table : store.catalogue()->tables())
+        names.push_back(table->name);
+    return names;
+}
+
 void makeTable(Store& store, const std::string& name) {
-    store.createTable({.name = name,
-                       .fields = {{.name = "Id", .type = dbLong, .size = 4},
-                                  {.name = "Name", .type = dbText, .size = 20},
-                                  {.name = "Note", .type = dbMemo}},
-                       .indexes = {{.name = "ById", .fields = {"Id"}, .unique = true},
-                                   {.name = "ByName", .fields = {"Name"}}}});
+    createTable(store, {.name = name,
+                        .fields = {{.name = "Id", .type = dbLong, .size = 4},
+                                   {.name = "Name", .type = dbText, .size = 20},
+                                   {.name = "Note", .type = dbMemo}},
+                        .indexes = {{.name = "ById", .fields = {"Id"}, .unique = true},
+                                    {.name = "ByName", .fields = {"Name"}}}});
 }
 
 void addRows(Store& store, const std::string& table, int from, int to) {
-    const auto cursor = store.openCursor(table);
+    const auto cursor = openCursor(store, table);
     for (int id = from; id <= to; ++id) {
         const Assignment row[] = {{0, id}, {1, "n" + std::to_string(id)}};
         cursor->insert(row);
     }
-    store.settle();
+    store.flush();
 }
 
 std::vector<Value> column(Store& store, const std::string& table, std::size_t field,
                           const std::string& index) {
-    const auto cursor = store.openCursor(table);
+    const auto cursor = openCursor(store, table);
     cursor->setIndex(index);
     std::vector<Value> values;
     for (bool row = cursor->first(); row; row = cursor->next())
@@ -94,7 +105,7 @@ EngineTest::EngineTest() : store(engine.create(file())) {
 }
 
 void EngineTest::reopen(bool readOnly) {
-    store->settle();
+    store->flush();
     store.reset();
     store = engine.open(file(), readOnly);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "data/rows/Cursor.h"
 #include "data/sqlite/SqliteEngine.h"
 #include "data/sqlite/SqliteStore.h"
 #include "runtime/RuntimeError.h"
@@ -42,9 +43,11 @@ class PlainSqlite {
 
 data::TableDefinition definitionOf(const std::string& name, std::vector<data::FieldDef> fields = {},
                                    std::vector<data::IndexDef> indexes = {});
+void createTable(data::Store& store, const data::TableDefinition& table);
+[[nodiscard]] std::vector<std::string> tableNames(data::Store& store);
 /// Makes a table with "Id" Long, "Name" Text 20 and "Note" Memo, an index "ById" (unique) and one "ByName".
 void makeTable(data::Store& store, const std::string& name = "T");
-/// Adds rows with Id from..to and Name "n<Id>", and settles.
+/// Adds rows with Id from..to and Name "n<Id>", and flushes.
 void addRows(data::Store& store, const std::string& table, int from, int to);
 /// Values of a field of all rows, in the order of an index ("" for stored order).
 std::vector<runtime::Value> column(data::Store& store, const std::string& table, std::size_t field,

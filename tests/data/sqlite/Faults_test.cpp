@@ -47,7 +47,7 @@ TEST_F(Faults, AKilledProgramLeavesAnIntactFileAndLosesOneTransactionAtMost) {
     for (int turn = 0; turn < 15; ++turn) {
         auto writer = std::make_unique<SecondProcess>([&](const Steps& steps) {
             const auto store = open();
-            const auto cursor = store->openCursor("T");
+            const auto cursor = openCursor(*store, "T");
             store->begin();
             cursor->insert({});
             store->commit();
@@ -69,7 +69,7 @@ TEST_F(Faults, AKilledProgramLeavesAnIntactFileAndLosesOneTransactionAtMost) {
         EXPECT_EQ(plain.text("SELECT count(*) FROM T WHERE Id BETWEEN 1 AND 1000"), "1000");
     }
     const auto store = open();
-    store->dropField("T", "Note"); // no table is in use any more
+    store->alter("T", DropField{"Note"}); // no table is in use any more
     EXPECT_FALSE(std::filesystem::exists(file().native() + "-journal"));
 }
 
@@ -77,7 +77,7 @@ TEST_F(Faults, AFullDiskUndoesWhatDidNotFitAndNamesTheFile) {
     const auto store = open();
     auto& connection = dynamic_cast<sqlite::SqliteStore&>(*store).session().connection();
     connection.execute("PRAGMA max_page_count = " + connection.text("PRAGMA page_count"));
-    const auto cursor = store->openCursor("T");
+    const auto cursor = openCursor(*store, "T");
     const Assignment row[] = {{2, std::string(5000, 'x')}};
     const auto error = errorOf([&] { cursor->insert(row); });
     EXPECT_EQ(error.number(), 3026);
@@ -86,7 +86,7 @@ TEST_F(Faults, AFullDiskUndoesWhatDidNotFitAndNamesTheFile) {
     ASSERT_TRUE(cursor->first());
     const Assignment change[] = {{1, "short"}};
     cursor->update(change);
-    store->settle();
+    store->flush();
     EXPECT_TRUE(PlainSqlite(file()).isIntact());
     EXPECT_EQ(PlainSqlite(file()).text("SELECT Name FROM T WHERE Id = 1"), "short");
 }
@@ -94,7 +94,7 @@ TEST_F(Faults, AFullDiskUndoesWhatDidNotFitAndNamesTheFile) {
 TEST_F(Faults, AFullDiskInARunIsReportedAndTheFileIsWhole) {
     SecondProcess writer([&](const Steps&) {
         const auto store = open();
-        const auto cursor = store->openCursor("T");
+        const auto cursor = openCursor(*store, "T");
         std::signal(SIGXFSZ, SIG_IGN);
         const auto size = static_cast<rlim_t>(std::filesystem::file_size(file()));
         const rlimit limit{size + 100'000, RLIM_INFINITY};
@@ -115,7 +115,7 @@ TEST_F(Faults, AFullDiskInARunIsReportedAndTheFileIsWhole) {
         // The store goes on as soon as there is room again.
         const std::int64_t kept = cursor->count();
         cursor->insert({});
-        store->settle();
+        store->flush();
         require(cursor->count() == kept + 1, "a row is missing");
         require(static_cast<std::int64_t>(column(*store, "T", 0).size()) == kept + 1, "another count");
     });
@@ -133,14 +133,14 @@ TEST_F(Faults, AReadOnlyFileCanBeReadAndRefusesChanges) {
         const auto store = open();
         require(column(*store, "T", 0, "ByName").size() == 1000, "rows can't be read");
         const auto use = store->useTable("T");
-        const auto cursor = store->openCursor("T");
+        const auto cursor = openCursor(*store, "T");
         require(cursor->first(), "no row");
         const auto error = errorOf([&] { cursor->remove(); });
         require(error.number() == 3027, "another error for a row");
         require(error.description() ==
                     "Cannot update. Database or object '" + file().string() + "' is read-only.",
                 "another text");
-        require(errorOf([&] { store->createTable(definitionOf("N")); }).number() == 3027,
+        require(errorOf([&] { createTable(*store, definitionOf("N")); }).number() == 3027,
                 "another error for a step");
         require(errorOf([&] { engine.compact(file()); }).number() == 3027, "another error for compaction");
         require(errorOf([&] { store->requireWritable(); }).number() == 3027, "counts as writable");
@@ -158,7 +158,7 @@ TEST_F(Faults, AReadOnlyFolderLetsTheFileBeReadAndRefusesChanges) {
         const auto store = open();
         const auto use = store->useTable("T");
         require(column(*store, "T", 0).size() == 1000, "rows can't be read");
-        const auto cursor = store->openCursor("T");
+        const auto cursor = openCursor(*store, "T");
         require(cursor->first(), "no row");
         for (const auto& write : std::initializer_list<std::function<void()>>{
                  [&] { store->requireWritable(); }, [&] { cursor->remove(); }}) {
@@ -178,8 +178,8 @@ TEST_F(Faults, AStoreOpenedForReadingLeavesNoTrace) {
     const auto use = store->useTable("T");
     EXPECT_EQ(column(*store, "T", 0, "ById").size(), 1000U);
     EXPECT_FALSE(std::filesystem::exists(file().native() + ".lock"));
-    EXPECT_EQ(errorOf([&] { store->openCursor("T")->insert({}); }).number(), 3027);
-    EXPECT_EQ(errorOf([&] { store->createTable(definitionOf("N")); }).number(), 3027);
+    EXPECT_EQ(errorOf([&] { openCursor(*store, "T")->insert({}); }).number(), 3027);
+    EXPECT_EQ(errorOf([&] { createTable(*store, definitionOf("N")); }).number(), 3027);
     EXPECT_EQ(folder.read(file()), before);
 }
 
@@ -199,10 +199,10 @@ TEST_F(Faults, AnothersTransactionIsWaitedForAndThenReported) {
     const auto store = open();
     auto& connection = dynamic_cast<sqlite::SqliteStore&>(*store).session().connection();
     connection.setBusyWait(50ms);
-    const auto cursor = store->openCursor("T");
+    const auto cursor = openCursor(*store, "T");
     EXPECT_EQ(errorOf([&] { cursor->insert({}); }).number(), 3218);
     EXPECT_EQ(errorOf([&] { store->begin(); }).number(), 3218);
-    EXPECT_EQ(errorOf([&] { store->createTable(definitionOf("N")); }).number(), 3218);
+    EXPECT_EQ(errorOf([&] { createTable(*store, definitionOf("N")); }).number(), 3218);
     EXPECT_EQ(cursor->count(), 1000);
     holder.next();
     ASSERT_TRUE(holder.await());
@@ -216,7 +216,7 @@ TEST_F(Faults, ARunLetsOthersIn) {
     SecondProcess runner([&](const Steps& steps) {
         const auto store = open();
         const auto use = store->useTable("T");
-        const auto cursor = store->openCursor("T");
+        const auto cursor = openCursor(*store, "T");
         cursor->insert({});
         steps.done();
         const auto end = std::chrono::steady_clock::now() + 1500ms;
@@ -226,7 +226,7 @@ TEST_F(Faults, ARunLetsOthersIn) {
     ASSERT_TRUE(runner.await());
     const auto store = open();
     const auto use = store->useTable("T");
-    const auto cursor = store->openCursor("T");
+    const auto cursor = openCursor(*store, "T");
     for (int turn = 0; turn < 4; ++turn) {
         const auto before = std::chrono::steady_clock::now();
         cursor->insert({});
@@ -249,7 +249,7 @@ TEST_F(Faults, AStepNotYetCommittedKeepsOthersOutOfItsTable) {
     });
     const auto store = open();
     store->begin();
-    store->dropField("T", "Note");
+    store->alter("T", DropField{"Note"});
     other.next();
     ASSERT_TRUE(other.await());
     store->commit();

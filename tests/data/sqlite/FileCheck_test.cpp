@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "data/sqlite/FileCheck.h"
 
 #include "ForeignFile.h"
-#include "data/sqlite/Catalogue.h"
-#include "data/sqlite/FileFormat.h"
+#include "data/sqlite/connection/FileFormat.h"
+#include "data/sqlite/definitions/CatalogueReader.h"
 #include "runtime/RuntimeError.h"
 #include "support/TempFolder.h"
 
@@ -31,7 +30,7 @@ class FileCheck : public testing::Test {
     void open(const std::function<void(Connection&)>& steps = [](Connection&) {}) {
         Connection connection(folder / "x.db", Connection::Mode::ReadWrite);
         checkFile(connection);
-        Catalogue(connection).tables();
+        CatalogueReader(connection).tables();
         steps(connection);
     }
 

@@ -27,8 +27,8 @@ std::vector<std::string> wordsOf(const SchemaNotes& notes) {
 } // namespace
 
 TEST_F(ForeignDefinitions, KeepAConstraintInForceWhoseIndexIsDeleted) {
-    make("CREATE TABLE t(k TEXT PRIMARY KEY, v TEXT UNIQUE, n INT) WITHOUT ROWID; INSERT INTO t VALUES('b', "
-         "'2', 1), ('a', '1', 2)");
+    make("CREATE TABLE t(k TEXT PRIMARY KEY, v TEXT UNIQUE, n INT); INSERT INTO t VALUES('a', '1', 2), ('b', "
+         "'2', 1)");
     database.TableDefs("t").Indexes().Delete("PrimaryKey");
     database.TableDefs("t").Indexes().Delete("v");
     EXPECT_THAT(wordsOf(database.takeNotes()),
@@ -100,13 +100,13 @@ TEST_F(ForeignDefinitions, BringBackWithAFieldWhatWentWithIt) {
     database.TableDefs("t").Fields().Delete("b");
     TableDef table = database.TableDefs("t");
     table.Fields().Append(table.CreateField("B", dbText, 5));
-    runtime::settle();
+    runtime::flush();
     EXPECT_EQ(file.rows(others), before);
     EXPECT_THAT(wordsOf(database.takeNotes()), ElementsAre("t: default b", "t: not null b"));
     table.Fields().Delete("B");
     EXPECT_THAT(wordsOf(database.takeNotes()),
                 testing::UnorderedElementsAre("t: view v", "t: index part", "t: index expr", "t: trigger r"));
-    runtime::settle();
+    runtime::flush();
     EXPECT_THAT(file.rows(others),
                 ElementsAre("table|log|CREATE TABLE log(x)", "view|v|CREATE VIEW v AS SELECT b FROM t"));
 }
@@ -123,7 +123,7 @@ TEST_F(ForeignDefinitions, BringBackWithANameWhatWentWithIt) {
     table.Fields().Append(table.CreateField("TEMPFIELD", dbDouble));
     table.Fields().Delete("b");
     table.Fields()("TEMPFIELD").Name("b");
-    runtime::settle();
+    runtime::flush();
     EXPECT_EQ(file.rows(others), before);
     EXPECT_THAT(database.takeNotes(), IsEmpty());
 }
@@ -133,7 +133,7 @@ TEST_F(ForeignDefinitions, ForgetWhatARollbackBringsBack) {
     const auto shared = StoreRegistry::instance().open(file.path(), false);
     Store& store = shared->store();
     store.begin();
-    store.dropField("t", "b");
+    store.alter("t", DropField{"b"});
     store.rollback();
     EXPECT_THAT(store.takeNotes(), IsEmpty());
     EXPECT_EQ(store.definition("t")->fields.size(), 2U);
@@ -234,8 +234,8 @@ TEST_F(ForeignDefinitions, RenameFieldsWithAllThatNamesThem) {
          "CREATE TABLE child(x INT REFERENCES t(a)); INSERT INTO t VALUES(1, 2)");
 
     auto store = StoreRegistry::instance().open(file.path(), false);
-    store->store().renameField("t", "b", "New Name");
-    store->store().renameField("t", "a", "Key");
+    store->store().alter("t", RenameField{"b", "New Name"});
+    store->store().alter("t", RenameField{"a", "Key"});
     store.reset();
     reopen();
     EXPECT_THAT(fieldsOf(database.TableDefs("t")), ElementsAre("Key:4/4", "New Name:4/4"));

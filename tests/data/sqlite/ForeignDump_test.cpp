@@ -83,6 +83,27 @@ TEST_F(ForeignDump, SaysAtOnceWhichTablesNoLoadMakes) {
                                         HasSubstr("3191 Table \"u\": ")));
 }
 
+TEST_F(ForeignDump, SaysWhichFieldBearsTheNameOfTheRowKey) {
+    file.run("CREATE TABLE t (a INTEGER, msyskey INTEGER); INSERT INTO t VALUES (1, 2)");
+    open();
+    const std::string text = dump();
+    EXPECT_THAT(complaints, ElementsAre(HasSubstr("3125 Table \"t\": 'msyskey' is not a valid name.")));
+    EXPECT_EQ(errorOf([&] { json::makeDatabase("NEW.MDB", text); }).number(), 3125);
+}
+
+TEST_F(ForeignDump, SaysAtOnceWhichKeysAreOneToALoad) {
+    file.run("CREATE TABLE t (a TEXT(9) UNIQUE, b TEXT(9), c INTEGER); CREATE UNIQUE INDEX i ON t (b, c);"
+             "INSERT INTO t VALUES ('\xC3\x89t\xC3\xA9', 'x', 1), ('ETE', 'X', 2), (NULL, NULL, 1), (NULL, "
+             "NULL, 1),"
+             "('\xC3\xA9T\xC3\x89', 'y', 1), ('ete', 'Y', 1), ('other', 'y', 2)");
+    open();
+    const std::string text = dump();
+    EXPECT_THAT(complaints, ElementsAre(AllOf(HasSubstr("3022 Table \"t\", row 5: "), HasSubstr("'a'"),
+                                              HasSubstr(file.path().native())),
+                                        AllOf(HasSubstr("3022 Table \"t\", row 6: "), HasSubstr("'i'"))));
+    EXPECT_EQ(errorOf([&] { json::makeDatabase("NEW.MDB", text); }).number(), 3022);
+}
+
 TEST_F(ForeignDump, NamesFileTableRowAndFieldOfAValueThatCannotBeRead) {
     file.run("CREATE TABLE t (a INTEGER, b DATETIME); INSERT INTO t VALUES (1, NULL), (2, x'FF00')");
     open();

@@ -6,8 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <map>
-
 namespace tol::test {
 
 using namespace data;
@@ -234,64 +232,21 @@ TEST_F(ForeignRows, FollowARowWhoseRowIdChanges) {
 
 // ---------------------------------------------------------------- tables without row ids
 
-TEST_F(ForeignRows, WalkAndChangeTablesWithoutRowIds) {
-    make(
-        "CREATE TABLE t(code TEXT, n INT, note TEXT, PRIMARY KEY(code COLLATE nocase, n DESC)) WITHOUT ROWID;"
-        "CREATE INDEX byNote ON t(note);"
-        "INSERT INTO t VALUES('b', 1, 'x'), ('A', 2, 'y'), ('a', 3, 'x')");
-    Recordset rows = database.OpenRecordset("t");
-    EXPECT_THAT(walkBy(rows, "PrimaryKey"), ElementsAre("a|3|x", "A|2|y", "b|1|x"));
-    EXPECT_THAT(walkBack(rows, 1), ElementsAre("1", "2", "3"));
-    EXPECT_THAT(walkBy(rows, "byNote"), ElementsAre("a|3|x", "b|1|x", "A|2|y"));
-    EXPECT_THAT(walkBack(rows, 1), ElementsAre("2", "1", "3"));
-    EXPECT_THAT(walkBy(rows, ""), ElementsAre("a|3|x", "A|2|y", "b|1|x"));
-
-    rows.Index("PrimaryKey");
-    rows.Seek("=", {"A", 2});
-    ASSERT_FALSE(rows.NoMatch());
-    set(rows, "note", "changed");
-    set(rows, "n", 9);
-    EXPECT_EQ(valueText(rows.Fields("note").Value()), "changed");
-    add(rows, {{"code", "c"}, {"n", 1}});
-    rows.Bookmark(rows.LastModified());
-    EXPECT_EQ(valueText(rows.Fields("code").Value()), "c");
-    EXPECT_EQ(errorOf([&] { add(rows, {{"code", "C"}, {"n", 1}}); }).number(), 3022);
-    rows.CancelUpdate();
-    rows.MoveFirst();
-    rows.Delete();
-    rows.Close();
-    EXPECT_THAT(file.rows("SELECT * FROM t ORDER BY code COLLATE nocase, n DESC"),
-                ElementsAre("a|3|x", "b|1|x", "c|1|NULL"));
-}
-
-TEST_F(ForeignRows, MissNoRowWhereAnIndexTellsFewerTextsApartThanThePrimaryKey) {
-    make("CREATE TABLE t(code TEXT PRIMARY KEY, n INT) WITHOUT ROWID; CREATE INDEX loose ON t(code COLLATE "
-         "nocase);"
-         "WITH RECURSIVE c(x) AS (SELECT 0 UNION ALL SELECT x + 1 FROM c WHERE x < 99)"
-         "INSERT INTO t SELECT char(65 + x / 10) || char(97 + x % 10), x FROM c;"
-         "INSERT INTO t SELECT lower(code), n FROM t; INSERT OR IGNORE INTO t SELECT upper(code), n FROM t");
-    Recordset rows = database.OpenRecordset("t");
-    EXPECT_EQ(walkBy(rows, "loose").size(), 300U);
-    EXPECT_EQ(walkBack(rows, 0).size(), 300U);
-}
-
-TEST_F(ForeignRows, KeepBookmarksOfTablesWithoutRowIds) {
-    make("CREATE TABLE t(k PRIMARY KEY, v TEXT) WITHOUT ROWID;"
-         "INSERT INTO t VALUES(5, 'integer'), (2.5, 'real'), ('', 'blank'), ('5', 'text'), (x'00ff', "
-         "'bytes')");
-    std::map<std::string, std::string> marks;
-    {
-        Recordset rows = database.OpenRecordset("t");
-        for (; !rows.AtEOF(); rows.MoveNext())
-            marks[rows.Bookmark()] = valueText(rows.Fields("v").Value());
-    }
-    EXPECT_EQ(marks.size(), 5U);
-    reopen();
-    Recordset rows = database.OpenRecordset("t");
-    for (const auto& [mark, value] : marks) {
-        rows.Bookmark(mark);
-        EXPECT_EQ(valueText(rows.Fields("v").Value()), value);
-    }
+TEST_F(ForeignRows, AreNotOpenedWhereTheyHaveNoRowIds) {
+    make("CREATE TABLE t(code TEXT PRIMARY KEY, n INT) WITHOUT ROWID; INSERT INTO t VALUES('a', 1)");
+    EXPECT_THAT(fieldsOf(database.TableDefs("t")), ElementsAre("code:12/0", "n:4/4"));
+    EXPECT_TRUE(database.TableDefs("t").definition().withoutRowKeys);
+    const auto error = errorOf([&] { database.OpenRecordset("t"); });
+    EXPECT_EQ(error.number(), runtime::errNotSupported);
+    EXPECT_EQ(error.description(), "Operation is not supported for this type of object. (" +
+                                       file.path().native() +
+                                       ") The table 't' is WITHOUT ROWID: its rows can't be opened.");
+    TableDef table = database.TableDefs("t");
+    table.Fields().Append(table.CreateField("more", dbLong)); // nobody has the table in use
+    EXPECT_THAT(fieldsOf(table), ElementsAre("code:12/0", "n:4/4", "more:4/4"));
+    table.Fields().Delete("n");
+    database.Close();
+    EXPECT_EQ(file.value("SELECT * FROM t"), "a|NULL");
 }
 
 } // namespace tol::test

@@ -24,14 +24,14 @@ class ForeignUpdates : public EngineTest {
 
     /// Sets the field to `value` in every row; how many statements it took that begin so.
     int statementsToChangeAll(std::size_t field, const Value& value, std::string_view begin) {
-        const auto cursor = store->openCursor("t");
+        const auto cursor = openCursor(*store, "t");
         const StatementCount counter(session().connection().handle(), begin);
         const Assignment change[] = {{field, value}};
         int rows = 0;
         for (bool row = cursor->first(); row; row = cursor->next(), ++rows)
             cursor->update(change);
         EXPECT_EQ(rows, 3000);
-        store->settle();
+        store->flush();
         return counter.count();
     }
 
@@ -46,14 +46,14 @@ TEST_F(ForeignUpdates, ReadEachRowOnce) {
 
 TEST_F(ForeignUpdates, OfAFieldThatThisProgramHasMadeAreWrittenTogether) {
     make(plain);
-    store->addField("t", {.name = "c", .type = dbDouble});
+    store->alter("t", AddField{{.name = "c", .type = dbDouble}});
     EXPECT_LT(statementsToChangeAll(2, Value(1.5), "UPDATE"), 20);
     EXPECT_EQ(PlainSqlite(file()).text("SELECT count(*) FROM t WHERE c = 1.5"), "3000");
 }
 
 TEST_F(ForeignUpdates, OfOtherFieldsAreWrittenOneByOne) {
     make("CREATE TABLE t (a INTEGER, b TEXT CHECK (length(b) < 8))");
-    const auto cursor = store->openCursor("t");
+    const auto cursor = openCursor(*store, "t");
     ASSERT_TRUE(cursor->first());
     const Assignment tooLong[] = {{1, Value("123456789")}};
     const Assignment fitting[] = {{1, Value("1234")}};
@@ -61,13 +61,13 @@ TEST_F(ForeignUpdates, OfOtherFieldsAreWrittenOneByOne) {
     ASSERT_TRUE(cursor->next());
     EXPECT_EQ(errorOf([&] { cursor->update(tooLong); }).number(), 3219);
     cursor->update(fitting);
-    store->settle();
+    store->flush();
     EXPECT_EQ(PlainSqlite(file()).text("SELECT count(*) FROM t WHERE b = '1234'"), "2");
 }
 
 TEST_F(ForeignUpdates, ShowWhatTheFileHoldsThen) {
     make("CREATE TABLE t (a INTEGER, b NUMERIC)");
-    const auto cursor = store->openCursor("t");
+    const auto cursor = openCursor(*store, "t");
     ASSERT_TRUE(cursor->first());
     ASSERT_TRUE(cursor->next());
     const Value before = cursor->value(0);
@@ -94,8 +94,8 @@ TEST_F(ForeignUpdates, ShowWhatTriggersChangeInOtherRows) {
     PlainSqlite(file()).execute(
         "CREATE TRIGGER g AFTER UPDATE ON t BEGIN UPDATE t SET b = 'by ' || new.a WHERE a = new.a + 1; END");
     store = engine.open(file(), false);
-    store->addField("t", {.name = "c", .type = dbDouble});
-    const auto cursor = store->openCursor("t");
+    store->alter("t", AddField{{.name = "c", .type = dbDouble}});
+    const auto cursor = openCursor(*store, "t");
     ASSERT_TRUE(cursor->first());
     for (int row = 1; row < 100; ++row) {
         const Assignment change[] = {{2, Value(0.5)}};
@@ -107,8 +107,8 @@ TEST_F(ForeignUpdates, ShowWhatTriggersChangeInOtherRows) {
 
 TEST_F(ForeignUpdates, OfARowThatIsGoneAreRefused) {
     make(plain);
-    const auto cursor = store->openCursor("t");
-    const auto other = store->openCursor("t");
+    const auto cursor = openCursor(*store, "t");
+    const auto other = openCursor(*store, "t");
     ASSERT_TRUE(cursor->first());
     ASSERT_TRUE(other->first());
     const Assignment change[] = {{1, Value("x")}};

@@ -20,7 +20,7 @@ class ManyTables : public EngineTest {
         addRows(*store, "T", 1, 40);
         store->begin();
         for (int number = 0; number < 600; ++number)
-            store->createTable(definitionOf("T" + std::to_string(number), {{.name = "A", .type = dbLong}}));
+            createTable(*store, definitionOf("T" + std::to_string(number), {{.name = "A", .type = dbLong}}));
         store->commit();
     }
 
@@ -40,7 +40,7 @@ class ManyTables : public EngineTest {
 
     /// The row key and what lies in "Name", row by row.
     std::string rowsInFile() {
-        store->settle();
+        store->flush();
         return PlainSqlite(file()).text("SELECT group_concat(MSysKey || Name || ifnull(Note, '')) FROM T");
     }
 };
@@ -49,10 +49,10 @@ TEST_F(ManyTables, FieldsOfASmallOneComeAndGoWithoutAlteringIt) {
     const std::string before = rowsInFile();
     EXPECT_EQ(statements("ALTER",
                          [&] {
-                             store->addField("T", {.name = "X", .type = dbDouble});
-                             store->dropField("T", "Note");
-                             store->addField("T", {.name = "Note", .type = dbText, .size = 9});
-                             store->dropField("T", "X");
+                             store->alter("T", AddField{{.name = "X", .type = dbDouble}});
+                             store->alter("T", DropField{"Note"});
+                             store->alter("T", AddField{{.name = "Note", .type = dbText, .size = 9}});
+                             store->alter("T", DropField{"X"});
                          }),
               0);
     EXPECT_EQ(rowsInFile(), before);
@@ -72,7 +72,7 @@ TEST_F(ManyTables, FieldsOfASmallOneComeAndGoWithoutAlteringIt) {
 TEST_F(ManyTables, AFieldOfASmallOneIsRenamedWithoutAlteringItUnlessAnIndexHasIt) {
     const std::string before = rowsInFile();
     const auto renames = [&](const char* field, const char* newName) {
-        return statements("ALTER", [&] { store->renameField("T", field, newName); });
+        return statements("ALTER", [&] { store->alter("T", RenameField{field, newName}); });
     };
     EXPECT_EQ(renames("Note", "Remark"), 0);
     EXPECT_THAT(fieldNames(), ElementsAre("Id", "Name", "Remark"));
@@ -89,11 +89,11 @@ TEST_F(ManyTables, AFieldOfASmallOneIsRenamedWithoutAlteringItUnlessAnIndexHasIt
 TEST_F(ManyTables, RowKeysAreNotGivenAgain) {
     const auto last = [&] { return PlainSqlite(file()).text("SELECT max(MSysKey) FROM T"); };
     {
-        const auto cursor = store->openCursor("T");
+        const auto cursor = openCursor(*store, "T");
         ASSERT_TRUE(cursor->last());
         cursor->remove();
     }
-    store->addField("T", {.name = "X", .type = dbLong});
+    store->alter("T", AddField{{.name = "X", .type = dbLong}});
     addRows(*store, "T", 90, 90);
     EXPECT_EQ(last(), "41");
 }
@@ -101,8 +101,8 @@ TEST_F(ManyTables, RowKeysAreNotGivenAgain) {
 TEST_F(ManyTables, StepThatIsTakenBackLeavesTheTable) {
     const std::string before = rowsInFile();
     store->begin();
-    store->dropField("T", "Note");
-    store->addField("T", {.name = "X", .type = dbLong});
+    store->alter("T", DropField{"Note"});
+    store->alter("T", AddField{{.name = "X", .type = dbLong}});
     store->rollback();
     EXPECT_THAT(fieldNames(), ElementsAre("Id", "Name", "Note"));
     EXPECT_EQ(rowsInFile(), before);
@@ -112,16 +112,16 @@ TEST_F(ManyTables, WhatOthersHavePutOnATableStays) {
     store.reset();
     PlainSqlite(file()).execute("CREATE INDEX others ON T (Id) WHERE Id > 7");
     store = engine.open(file(), false);
-    store->addField("T", {.name = "X", .type = dbLong});
-    store->dropField("T", "Note");
-    store->settle();
+    store->alter("T", AddField{{.name = "X", .type = dbLong}});
+    store->alter("T", DropField{"Note"});
+    store->flush();
     EXPECT_EQ(PlainSqlite(file()).text("SELECT count(*) FROM sqlite_schema WHERE name = 'others'"), "1");
     EXPECT_TRUE(PlainSqlite(file()).isIntact());
 }
 
 TEST_F(ManyTables, LargeOneIsAltered) {
     addRows(*store, "T", 41, 2000);
-    EXPECT_EQ(statements("ALTER", [&] { store->addField("T", {.name = "X", .type = dbDouble}); }), 1);
+    EXPECT_EQ(statements("ALTER", [&] { store->alter("T", AddField{{.name = "X", .type = dbDouble}}); }), 1);
 }
 
 } // namespace

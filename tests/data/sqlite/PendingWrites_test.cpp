@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // When changes reach the file: what another program can see of them, and when.
-#include "data/sqlite/PendingWrites.h"
+#include "data/writes/PendingWrites.h"
 
 #include "EngineTest.h"
-#include "data/sqlite/WriteClock.h"
+#include "data/writes/WriteClock.h"
 
 #include <thread>
 
@@ -11,7 +11,7 @@ namespace tol::test {
 namespace {
 
 using namespace data;
-using data::sqlite::WriteClock;
+using data::WriteClock;
 using runtime::Value;
 using namespace std::chrono_literals;
 
@@ -23,8 +23,8 @@ class PendingWritesTest : public EngineTest {
   protected:
     PendingWritesTest() {
         makeTable(*store);
-        store->settle();
-        cursor = store->openCursor("T");
+        store->flush();
+        cursor = openCursor(*store, "T");
         other = std::make_unique<PlainSqlite>(file());
         sleepOnePeriod(); // so that nothing belongs to a run
     }
@@ -45,7 +45,7 @@ TEST_F(PendingWritesTest, ALoneChangeIsCommittedAtOnce) {
 }
 
 TEST_F(PendingWritesTest, ALoneSchemaStepIsCommittedAtOnce) {
-    store->addField("T", {.name = "More", .type = dbLong});
+    store->alter("T", AddField{{.name = "More", .type = dbLong}});
     EXPECT_EQ(other->text("SELECT count(More) FROM T"), "0");
 }
 
@@ -73,25 +73,25 @@ TEST_F(PendingWritesTest, ALongRunIsCommittedAllTheTime) {
     }
     EXPECT_GE(commits, 3);
     EXPECT_LE(commits, 10);
-    store->settle();
+    store->flush();
     EXPECT_EQ(inFile(), cursor->count());
 }
 
-TEST_F(PendingWritesTest, SettlingCommitsWhatIsHeld) {
+TEST_F(PendingWritesTest, FlushingCommitsWhatIsHeld) {
     insert();
     insert();
-    store->settle();
+    store->flush();
     EXPECT_EQ(inFile(), 2);
-    store->settle();
+    store->flush();
 }
 
 TEST_F(PendingWritesTest, SchemaStepsJoinTheRun) {
     insert();
-    store->addField("T", {.name = "More", .type = dbLong});
-    store->dropField("T", "More");
-    store->addField("T", {.name = "Last", .type = dbLong});
+    store->alter("T", AddField{{.name = "More", .type = dbLong}});
+    store->alter("T", DropField{"More"});
+    store->alter("T", AddField{{.name = "Last", .type = dbLong}});
     EXPECT_EQ(other->text("SELECT count(*) FROM pragma_table_info('T') WHERE name = 'Last'"), "0");
-    store->settle();
+    store->flush();
     EXPECT_EQ(other->text("SELECT count(*) FROM pragma_table_info('T') WHERE name = 'Last'"), "1");
 }
 
@@ -101,7 +101,7 @@ TEST_F(PendingWritesTest, AFailedChangeKeepsTheOnesBeforeIt) {
     insert();
     EXPECT_EQ(errorOf([&] { cursor->insert(row); }).number(), 3022);
     insert();
-    store->settle();
+    store->flush();
     EXPECT_EQ(inFile(), 3);
     EXPECT_EQ(cursor->count(), 3);
 }
@@ -119,7 +119,7 @@ TEST_F(PendingWritesTest, CallsForAnotherFileMakeTheClockGoOn) {
     insert();
     const auto second = engine.create(folder / "B.MDB");
     sleepOnePeriod();
-    second->tableNames();
+    second->refresh();
     EXPECT_EQ(inFile(), 2);
 }
 
@@ -131,7 +131,7 @@ TEST_F(PendingWritesTest, TheCallersTransactionIsLeftToHim) {
     insert();
     sleepOnePeriod();
     insert();
-    store->settle();
+    store->flush();
     EXPECT_EQ(inFile(), 2);
     store->begin();
     insert();
@@ -146,7 +146,7 @@ TEST_F(PendingWritesTest, ARollbackTakesRowsAndDefinitionsBack) {
     insert();
     store->begin();
     insert();
-    store->addField("T", {.name = "More", .type = dbLong});
+    store->alter("T", AddField{{.name = "More", .type = dbLong}});
     EXPECT_EQ(store->definition("T")->fields.size(), 4U);
     store->rollback();
     EXPECT_EQ(store->definition("T")->fields.size(), 3U);
@@ -159,27 +159,27 @@ TEST_F(PendingWritesTest, WaitsForAReaderWhenItCommitsAndGivesUp) {
     insert();
     insert();
     other->execute("BEGIN; SELECT count(*) FROM T");
-    EXPECT_EQ(errorOf([&] { store->settle(); }).number(), 3218);
+    EXPECT_EQ(errorOf([&] { store->flush(); }).number(), 3218);
     EXPECT_EQ(cursor->count(), 1); // what was told as failed does not happen later
     PlainSqlite third(file());
     EXPECT_EQ(third.text("SELECT count(*) FROM T"), "1"); // and keeps no new reader out
     other->execute("COMMIT");
-    store->settle();
+    store->flush();
     EXPECT_EQ(inFile(), 1);
     insert();
-    store->settle();
+    store->flush();
     EXPECT_EQ(inFile(), 2);
 }
 
 TEST_F(PendingWritesTest, AStepThatAReaderKeepsOutIsUndone) {
     session().connection().setBusyWait(30ms);
     other->execute("BEGIN; SELECT count(*) FROM T");
-    const auto addField = [&] { store->addField("T", {.name = "More", .type = dbLong}); };
+    const auto addField = [&] { store->alter("T", AddField{{.name = "More", .type = dbLong}}); };
     EXPECT_EQ(errorOf(addField).number(), 3218);
     other->execute("COMMIT");
     EXPECT_EQ(store->definition("T")->findField("More"), -1);
     addField();
-    store->settle();
+    store->flush();
     EXPECT_EQ(other->text("SELECT count(More) FROM T"), "0");
 }
 
@@ -187,7 +187,7 @@ TEST_F(PendingWritesTest, WhoWaitsForOneFileKeepsNobodyFromAnother) {
     const auto second = engine.create(folder / "B.MDB");
     makeTable(*second);
     addRows(*second, "T", 1, 2);
-    const auto rows = second->openCursor("T");
+    const auto rows = openCursor(*second, "T");
     rows->insert({});
     rows->insert({});
     PlainSqlite third(folder / "B.MDB");

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "RandomTable.h"
-#include "data/sqlite/ColumnRemoval.h"
-#include "data/sqlite/Connection.h"
-#include "data/sqlite/FileSchema.h"
-#include "data/sqlite/Sql.h"
+#include "data/sqlite/connection/Connection.h"
+#include "data/sqlite/definitions/ColumnRemoval.h"
+#include "data/sqlite/definitions/PragmaSchema.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -121,7 +120,8 @@ TEST(RandomRemoval, ChangesNothingButTheColumn) {
         const Description before(connection, table, key, column);
         const std::vector<std::int64_t> idsBefore = rowIds(connection);
 
-        ColumnRemoval(connection, "t").drop(column);
+        Losses losses(connection);
+        ColumnRemoval(connection, "t", losses).drop(column);
 
         const Description after(connection, table, key, column);
         ASSERT_EQ(after.lines(), before.lines())

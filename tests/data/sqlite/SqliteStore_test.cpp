@@ -2,7 +2,7 @@
 #include "data/sqlite/SqliteStore.h"
 
 #include "EngineTest.h"
-#include "data/sqlite/FileFormat.h"
+#include "data/sqlite/connection/FileFormat.h"
 
 #include <gmock/gmock.h>
 #include <sqlite3.h>
@@ -17,7 +17,7 @@ using testing::ElementsAre;
 class SqliteStoreTest : public EngineTest {
   protected:
     std::string inFile(const std::string& query) {
-        store->settle();
+        store->flush();
         return PlainSqlite(file()).text(query);
     }
     std::string fieldNames(const std::string& table) {
@@ -28,7 +28,7 @@ class SqliteStoreTest : public EngineTest {
     }
     static FieldDef longField(const std::string& name) { return {.name = name, .type = dbLong, .size = 4}; }
     bool fileContains(const std::string& text) {
-        store->settle();
+        store->flush();
         return folder.read(file()).find(text) != std::string::npos;
     }
 };
@@ -57,8 +57,8 @@ TEST_F(SqliteStoreTest, LeavesNoFileBesideTheDatabase) {
 
 TEST_F(SqliteStoreTest, KeepsDefinitionsWhenReopened) {
     makeTable(*store);
-    store->setOrdinal("T", "Id", 9, nullptr);
-    store->setAllowZeroLength("t", "name", true, nullptr);
+    store->alter("T", SetOrdinal{"Id", 9});
+    store->alter("t", SetAllowZeroLength{"name", true});
     const auto before = *store->definition("T");
     reopen();
     const auto after = *store->definition("T");
@@ -71,17 +71,17 @@ TEST_F(SqliteStoreTest, KeepsDefinitionsWhenReopened) {
 
 TEST_F(SqliteStoreTest, HidesADeletedFieldAtOnceAndKeepsItsBytes) {
     makeTable(*store);
-    const auto cursor = store->openCursor("T");
+    const auto cursor = openCursor(*store, "T");
     const Assignment row[] = {{0, 1}, {2, "a note that is soon gone"}};
     const std::string bookmark = cursor->insert(row);
-    store->dropField("T", "Note");
+    store->alter("T", DropField{"Note"});
     EXPECT_EQ(fieldNames("T"), "Id Name ");
     EXPECT_EQ(inFile("SELECT group_concat(name) FROM pragma_table_info('T')"),
               "MSysKey,Id,Name,MSysDeleted1");
     EXPECT_TRUE(fileContains("a note that is soon gone"));
-    store->addField("T", {.name = "Note", .type = dbMemo});
+    store->alter("T", AddField{{.name = "Note", .type = dbMemo}});
     EXPECT_EQ(column(*store, "T", 2), std::vector<Value>{runtime::Null{}});
-    store->dropField("T", "Note");
+    store->alter("T", DropField{"Note"});
     EXPECT_EQ(inFile("SELECT group_concat(FieldName || Deleted) FROM MSysFields WHERE Deleted"),
               "Note1,Note1");
 }
@@ -92,8 +92,8 @@ TEST_F(SqliteStoreTest, SweepsDeletedFieldsOutBeforeTheColumnsRunOut) {
     sqlite3_limit(session().connection().handle(), SQLITE_LIMIT_COLUMN, 120);
     store->begin();
     for (int i = 0; i < 150; ++i) {
-        store->addField("T", longField("Temp"));
-        store->dropField("T", "Temp");
+        store->alter("T", AddField{longField("Temp")});
+        store->alter("T", DropField{"Temp"});
     }
     store->commit();
     EXPECT_LT(std::stoi(inFile("SELECT count(*) FROM pragma_table_info('T')")), 120);
@@ -107,14 +107,14 @@ TEST_F(SqliteStoreTest, IndexNamesCountPerTable) {
     EXPECT_EQ(
         inFile("SELECT group_concat(name) FROM sqlite_schema WHERE type = 'index' AND name LIKE '%.ById'"),
         "T.ById,U.ById");
-    store->renameTable("T", "V");
+    store->alter("T", RenameTable{"V"});
     makeTable(*store); // whose index finds its name taken
     reopen();
     for (const char* table : {"T", "U", "V"}) {
         ASSERT_EQ(store->definition(table)->findIndex("ById"), 0) << table;
         addRows(*store, table, 1, 3);
         EXPECT_EQ(column(*store, table, 0, "ById").size(), 3U);
-        store->dropIndex(table, "ById");
+        store->alter(table, DropIndex{"ById"});
         EXPECT_EQ(store->definition(table)->findIndex("ById"), -1);
     }
 }
@@ -122,20 +122,20 @@ TEST_F(SqliteStoreTest, IndexNamesCountPerTable) {
 TEST_F(SqliteStoreTest, RenamesInCaseOnly) {
     makeTable(*store, "Items");
     addRows(*store, "Items", 1, 1);
-    store->renameTable("ITEMS", "items");
-    store->renameField("items", "ID", "id");
+    store->alter("ITEMS", RenameTable{"items"});
+    store->alter("items", RenameField{"ID", "id"});
     reopen();
-    EXPECT_THAT(store->tableNames(), ElementsAre("items"));
+    EXPECT_THAT(tableNames(*store), ElementsAre("items"));
     EXPECT_EQ(store->definition("items")->fields[0].name, "id");
     EXPECT_EQ(column(*store, "items", 0, "ById"), std::vector<Value>{1});
 }
 
 TEST_F(SqliteStoreTest, TakesNamesOfAllKinds) {
     for (const char* name : {"a b", "it's \"quoted\"", "select", "Größe", "[x]", "T.ById", "99"}) {
-        store->createTable({.name = name,
-                            .fields = {longField(name)},
-                            .indexes = {{.name = name, .fields = {name}, .primary = true}}});
-        const auto cursor = store->openCursor(name);
+        createTable(*store, {.name = name,
+                             .fields = {longField(name)},
+                             .indexes = {{.name = name, .fields = {name}, .primary = true}}});
+        const auto cursor = openCursor(*store, name);
         const Assignment row[] = {{0, 7}};
         cursor->insert(row);
         cursor->setIndex(name);
@@ -148,9 +148,9 @@ TEST_F(SqliteStoreTest, RefusesNamesThatItKeepsForItself) {
     EXPECT_EQ(errorOf([&] { makeTable(*store, "sqlite_x"); }).number(), 3125);
     EXPECT_EQ(errorOf([&] { makeTable(*store, "MSysInfo"); }).number(), 3010);
     makeTable(*store);
-    EXPECT_EQ(errorOf([&] { store->addField("T", longField("MSysKey")); }).number(), 3125);
-    EXPECT_EQ(errorOf([&] { store->addField("T", longField("MSysDeleted1")); }).number(), 3125);
-    EXPECT_EQ(errorOf([&] { store->renameField("T", "Id", "msyskey"); }).number(), 3125);
+    EXPECT_EQ(errorOf([&] { store->alter("T", AddField{longField("MSysKey")}); }).number(), 3125);
+    EXPECT_EQ(errorOf([&] { store->alter("T", AddField{longField("MSysDeleted1")}); }).number(), 3125);
+    EXPECT_EQ(errorOf([&] { store->alter("T", RenameField{"Id", "msyskey"}); }).number(), 3125);
     EXPECT_EQ(fieldNames("T"), "Id Name Note ");
 }
 
@@ -158,17 +158,17 @@ TEST_F(SqliteStoreTest, AStepThatFailsLeavesNothingBehind) {
     makeTable(*store);
     addRows(*store, "T", 1, 3);
     EXPECT_NE(errorOf([&] {
-                  store->createTable(definitionOf("New", {longField("A"), longField("A")}));
+                  createTable(*store, definitionOf("New", {longField("A"), longField("A")}));
               }).number(),
               0);
     EXPECT_EQ(store->definition("New"), nullptr);
     EXPECT_EQ(inFile("SELECT count(*) FROM MSysFields WHERE TableName = 'New'"), "0");
-    const auto cursor = store->openCursor("T");
+    const auto cursor = openCursor(*store, "T");
     ASSERT_TRUE(cursor->first());
     const Assignment same[] = {{1, "n2"}};
     cursor->update(same);
     const auto error =
-        errorOf([&] { store->createIndex("T", {.name = "U", .fields = {"Name"}, .unique = true}); });
+        errorOf([&] { store->alter("T", AddIndex{{.name = "U", .fields = {"Name"}, .unique = true}}); });
     EXPECT_EQ(error.number(), 3022);
     EXPECT_EQ(store->definition("T")->findIndex("U"), -1);
     EXPECT_EQ(inFile("SELECT count(*) FROM T WHERE Name = 'n2'"), "2"); // the row before it is kept
@@ -176,9 +176,9 @@ TEST_F(SqliteStoreTest, AStepThatFailsLeavesNothingBehind) {
 
 TEST_F(SqliteStoreTest, APrimaryKeyTakesNoNull) {
     makeTable(*store);
-    store->openCursor("T")->insert({});
+    openCursor(*store, "T")->insert({});
     const auto error = errorOf([&] {
-        store->createIndex("T", {.name = "Key", .fields = {"Id", "Name"}, .primary = true});
+        store->alter("T", AddIndex{{.name = "Key", .fields = {"Id", "Name"}, .primary = true}});
     });
     EXPECT_EQ(error.number(), 3058);
     EXPECT_EQ(error.description(), "Index or primary key 'Key' cannot contain a Null value.");
@@ -186,18 +186,18 @@ TEST_F(SqliteStoreTest, APrimaryKeyTakesNoNull) {
 
 TEST_F(SqliteStoreTest, UnknownNamesAreErrors) {
     makeTable(*store);
-    EXPECT_EQ(errorOf([&] { store->dropTable("U"); }).number(), 3078);
-    EXPECT_EQ(errorOf([&] { store->dropField("T", "U"); }).number(), 3265);
-    EXPECT_EQ(errorOf([&] { store->dropIndex("T", "U"); }).number(), 3265);
-    EXPECT_EQ(errorOf([&] { store->openCursor("U"); }).number(), 3078);
-    EXPECT_EQ(errorOf([&] { store->openCursor("T")->setIndex("U"); }).number(), 3015);
+    EXPECT_EQ(errorOf([&] { store->alter("U", DropTable{}); }).number(), 3078);
+    EXPECT_EQ(errorOf([&] { store->alter("T", DropField{"U"}); }).number(), 3265);
+    EXPECT_EQ(errorOf([&] { store->alter("T", DropIndex{"U"}); }).number(), 3265);
+    EXPECT_EQ(errorOf([&] { openCursor(*store, "U"); }).number(), 3078);
+    EXPECT_EQ(errorOf([&] { openCursor(*store, "T")->setIndex("U"); }).number(), 3015);
     EXPECT_EQ(store->definition("U"), nullptr);
 }
 
 TEST_F(SqliteStoreTest, DefinitionsOutliveTheirChange) {
     makeTable(*store);
     const auto before = store->definition("T");
-    store->dropField("T", "Note");
+    store->alter("T", DropField{"Note"});
     EXPECT_EQ(before->fields.size(), 3U);
     EXPECT_EQ(store->definition("T")->fields.size(), 2U);
 }
@@ -207,7 +207,7 @@ TEST_F(SqliteStoreTest, NoticesChangesOfDefinitionsByOthers) {
     PlainSqlite(file()).execute("CREATE TABLE Foreigners (a VARCHAR(7))");
     session().enter(sqlite::Session::Look::AtOnce);
     store->refresh();
-    EXPECT_THAT(store->tableNames(), ElementsAre("Foreigners", "T"));
+    EXPECT_THAT(tableNames(*store), ElementsAre("Foreigners", "T"));
     PlainSqlite(file()).execute("UPDATE MSysFields SET Ordinal = 77 WHERE FieldName = 'Id'; "
                                 "INSERT OR REPLACE INTO MSysInfo VALUES ('EntryChanges', '900')");
     session().enter(sqlite::Session::Look::AtOnce);
@@ -217,16 +217,16 @@ TEST_F(SqliteStoreTest, NoticesChangesOfDefinitionsByOthers) {
 
 TEST_F(SqliteStoreTest, AnUnchangedEntryWritesNothing) {
     makeTable(*store);
-    store->settle();
+    store->flush();
     const std::string before = inFile("PRAGMA data_version") + folder.read(file());
-    store->setOrdinal("T", "Id", store->definition("T")->fields[0].ordinal, nullptr);
-    store->setAllowZeroLength("T", "Name", false, nullptr);
+    store->alter("T", SetOrdinal{"Id", store->definition("T")->fields[0].ordinal});
+    store->alter("T", SetAllowZeroLength{"Name", false});
     EXPECT_EQ(inFile("PRAGMA data_version") + folder.read(file()), before);
 }
 
 TEST_F(SqliteStoreTest, TablesWithoutFieldsHaveRows) {
-    store->createTable(definitionOf("Empty"));
-    const auto cursor = store->openCursor("Empty");
+    createTable(*store, definitionOf("Empty"));
+    const auto cursor = openCursor(*store, "Empty");
     const std::string first = cursor->insert({});
     EXPECT_NE(cursor->insert({}), first);
     EXPECT_EQ(cursor->count(), 2);

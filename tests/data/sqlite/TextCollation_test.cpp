@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EngineTest.h"
-#include "data/sqlite/CatalogueTables.h"
+#include "data/sqlite/definitions/SystemTables.h"
 #include "runtime/Text.h"
 
 namespace tol::test {
@@ -13,13 +13,13 @@ class TextCollationTest : public EngineTest {
   protected:
     TextCollationTest() {
         makeTable(*store);
-        const auto cursor = store->openCursor("T");
+        const auto cursor = openCursor(*store, "T");
         int id = 0;
         for (const char* name : {"b", "É", "a", "e", "Z", "ä", "A"}) {
             const Assignment row[] = {{0, ++id}, {1, name}};
             cursor->insert(row);
         }
-        store->settle();
+        store->flush();
     }
 
     static std::vector<std::string> texts(const std::vector<Value>& values) {
@@ -31,7 +31,7 @@ class TextCollationTest : public EngineTest {
 
     /// Makes the index as another collator would have sorted it.
     void spoilIndex() {
-        store->settle();
+        store->flush();
         store.reset();
         PlainSqlite plain(file());
         plain.useBinaryTextOrder();
@@ -46,8 +46,8 @@ TEST_F(TextCollationTest, SortsWithoutRegardToCase) {
 }
 
 TEST_F(TextCollationTest, KeysOfAUniqueIndexAreEqualByCaseAlone) {
-    store->createTable(definitionOf("U", {{"KEY", dbText, 20}}, {{"KEY", {"KEY"}, true, true}}));
-    const auto cursor = store->openCursor("U");
+    createTable(*store, definitionOf("U", {{"KEY", dbText, 20}}, {{"KEY", {"KEY"}, true, true}}));
+    const auto cursor = openCursor(*store, "U");
     const auto insert = [&](const char* key) {
         const Assignment row[] = {{0, key}};
         cursor->insert(row);
@@ -82,7 +82,7 @@ TEST_F(TextCollationTest, SortsIndexesAnewForAnotherVersionOfTheCollator) {
 }
 
 TEST_F(TextCollationTest, TellsWhichKeysHaveBecomeEqual) {
-    store->createTable(definitionOf("U", {{"KEY", dbText, 20}}, {{"KEY", {"KEY"}, true, true}}));
+    createTable(*store, definitionOf("U", {{"KEY", dbText, 20}}, {{"KEY", {"KEY"}, true, true}}));
     spoilIndex();
     PlainSqlite plain(file());
     plain.useBinaryTextOrder();
@@ -101,7 +101,7 @@ TEST_F(TextCollationTest, WalksNoOutdatedIndexWhereItCannotBeSortedAnew) {
     spoilIndex();
     store = engine.open(file(), true);
     EXPECT_EQ(texts(column(*store, "T", 1, "ByName")), sorted);
-    const auto cursor = store->openCursor("T");
+    const auto cursor = openCursor(*store, "T");
     cursor->setIndex("ByName");
     const Value key[] = {"É"};
     ASSERT_TRUE(cursor->seek(SeekOperator::Equal, key));

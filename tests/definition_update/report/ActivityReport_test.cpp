@@ -26,13 +26,12 @@ using testing::IsSupersetOf;
 /// The window of the report, as far as the report sees it.
 class View : public ReportView {
   public:
-    void setBeginCaption(const std::string& caption) override { captions.push_back(caption); }
-    void showBegin() override {}
+    void showState(ReportState state) override { states.push_back(state); }
     void setProcess(const std::string& text) override { processes.push_back(text); }
-    void showProcess() override {}
     bool keepPrinting() override { return ++rows != stopAt; }
 
-    std::vector<std::string> captions, processes;
+    std::vector<ReportState> states;
+    std::vector<std::string> processes;
     int rows = 0, stopAt = -1;
 };
 
@@ -44,11 +43,11 @@ class ActivityReportTest : public testing::Test {
         });
         workspace = data::DBEngine::CreateWorkspace("wksTEST");
         definitions = workspace.CreateDatabase("ZOVDEF.MDB");
-        data::TableDef table = definitions.CreateTableDef("ACTIVITYLOG");
+        data::TableDefinition table{.name = "ACTIVITYLOG"};
         for (const char* field :
              {"PATHNAME", "DBNAME", "TABLENAME", "INDEXNAME", "FIELDNAME", "Action", "FDATE", "PTIME"})
-            table.Fields().Append(table.CreateField(field, data::dbText, 100));
-        definitions.TableDefs().Append(table);
+            table.fields.push_back({.name = field, .type = data::dbText, .size = 100});
+        definitions.CreateTable(table);
         log = definitions.OpenRecordset("ACTIVITYLOG");
     }
     ~ActivityReportTest() override { platform::setClock({}); }
@@ -91,7 +90,7 @@ TEST_F(ActivityReportTest, PrintsHeadTitlesAndRows) {
                             "Time: TIME 1", "Job Site", "Database", "Table", "Index", "Field", "Action",
                             "SITE 1", "MAIN", "CONTACTS", "MOBILE", "Added New Field", "SITE 2", "MAIN",
                             "CONTACTS", "MOBILE", "Added New Field"));
-    EXPECT_THAT(view.captions, ElementsAre("&Cancel", "&Max View"));
+    EXPECT_THAT(view.states, ElementsAre(ReportState::Running, ReportState::Done));
     EXPECT_THAT(view.processes,
                 ElementsAre("Now Printing...", "Printing Page: 1", "Report Finished, Press 'P' to Print"));
     EXPECT_EQ(printer.Orientation(), orientationLandscape) << "as it was";

@@ -15,13 +15,12 @@ using testing::IsEmpty;
 
 class RecordingView : public ReportView {
   public:
-    void setBeginCaption(const std::string& caption) override { events.push_back("caption " + caption); }
-    void showBegin() override { events.emplace_back("show cmdBegin"); }
-    void setProcess(const std::string& text) override { events.push_back("process " + text); }
-    void showProcess() override { events.emplace_back("show lblProcess"); }
+    void showState(ReportState state) override { states.push_back(state); }
+    void setProcess(const std::string& text) override { processes.push_back(text); }
     bool keepPrinting() override { return true; }
 
-    std::vector<std::string> events;
+    std::vector<ReportState> states;
+    std::vector<std::string> processes;
 };
 
 class vdPrintRun : public testing::Test {
@@ -35,7 +34,7 @@ TEST_F(vdPrintRun, StartSetsThePrinterUpAndBegins) {
     printer.Orientation(orientationLandscape);
     printer.PenStyle(5);
     EXPECT_TRUE(vdPrintStart(view, printer));
-    EXPECT_THAT(view.events, ElementsAre("caption &Cancel", "show lblProcess"));
+    EXPECT_THAT(view.states, ElementsAre(ReportState::Running));
     EXPECT_EQ(printer.PrintQuality(), -4);
     EXPECT_EQ(printer.Orientation(), orientationPortrait);
     EXPECT_EQ(printer.colourMode(), 2);
@@ -73,17 +72,17 @@ TEST_F(vdPrintRun, StartRefusesAPrinterThatCanNotBeUsed) {
     EXPECT_EQ(printer.Orientation(), orientationPortrait);
     printer.Text("dropped");
     EXPECT_EQ(printer.PageCount(), 0);
-    EXPECT_THAT(view.events, ElementsAre("caption &Cancel", "show lblProcess"));
+    EXPECT_THAT(view.states, ElementsAre(ReportState::Running));
 }
 
 TEST_F(vdPrintRun, FinishEndsTheDocument) {
     vdPrintStart(view, printer, "L");
     printer.Text("drawn");
     printer.ZoomMode(zoomPageWidth);
-    view.events.clear();
+    view.states.clear();
     EXPECT_TRUE(vdPrintFinish(view, printer, orientationPortrait, true));
-    EXPECT_THAT(view.events, ElementsAre("caption &Max View", "show cmdBegin", "show lblProcess",
-                                         "process Report Finished, Press 'P' to Print"));
+    EXPECT_THAT(view.states, ElementsAre(ReportState::Done));
+    EXPECT_THAT(view.processes, ElementsAre("Report Finished, Press 'P' to Print"));
     EXPECT_EQ(printer.ZoomMode(), 4);
     EXPECT_EQ(printer.previewNavigation(), 0);
     EXPECT_EQ(printer.PenWidth(), 0);
@@ -94,7 +93,7 @@ TEST_F(vdPrintRun, FinishEndsTheDocument) {
 
 TEST_F(vdPrintRun, FinishTellsOfAReportThatWasNotStarted) {
     EXPECT_TRUE(vdPrintFinish(view, printer, orientationPortrait, false));
-    EXPECT_EQ(view.events.back(), "process Report STOPPED BY USER (INCOMPLETE)");
+    EXPECT_EQ(view.processes.back(), "Report STOPPED BY USER (INCOMPLETE)");
     EXPECT_THAT(person.boxes, IsEmpty());
 }
 
@@ -103,7 +102,7 @@ TEST_F(vdPrintRun, TellsThePageInWork) {
     printer.NewPage();
     printer.NewPage();
     showPageProgress(view, printer);
-    EXPECT_EQ(view.events.back(), "process Printing Page: 2");
+    EXPECT_EQ(view.processes.back(), "Printing Page: 2");
 }
 
 } // namespace

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "SharedRoutineTest.h"
 
+#include "data/DBEngine.h"
 #include "data/json/DatabaseJson.h"
 #include "data/sqlite/SqliteEngine.h"
+#include "shell/vdfunctions/vdBoxes.h"
 
 namespace tol::test {
 
 SharedRoutineTest::SharedRoutineTest() {
     static const bool added = [] {
-        data::sqlite::addSqliteEngine();
+        data::DBEngine::addEngine(std::make_unique<data::sqlite::SqliteEngine>());
         return true;
     }();
     static_cast<void>(added);

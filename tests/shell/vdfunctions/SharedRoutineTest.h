@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "shell/vdfunctions/vdfunctions.h"
+#include "data/DBEngine.h"
+#include "runtime/Host.h"
 #include "support/Raises.h"
 #include "support/TempFolder.h"
 #include "support/TestHost.h"

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "SharedRoutineTest.h"
 
+#include "data/DBEngine.h"
 #include "data/json/DatabaseJson.h"
+#include "runtime/Host.h"
+#include "shell/vdfunctions/vdEmptyTable.h"
 #include "support/FullDisk.h"
 
 #include <fmt/format.h>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SharedRoutineTest.h"
+#include "runtime/Host.h"
+#include "shell/vdfunctions/vdGetNewTag.h"
 
 namespace tol::test {
 namespace {

@@ -2,6 +2,10 @@
 #include "SharedRoutineTest.h"
 
 #include "platform/System.h"
+#include "runtime/Host.h"
+#include "runtime/RuntimeError.h"
+#include "shell/vdfunctions/vdLocation.h"
+#include "shell/vdfunctions/vdNullCheck.h"
 #include "support/Environment.h"
 
 namespace tol::test {

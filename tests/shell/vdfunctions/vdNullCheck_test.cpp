@@ -2,6 +2,8 @@
 #include "SharedRoutineTest.h"
 
 #include "runtime/Conversions.h"
+#include "runtime/Host.h"
+#include "shell/vdfunctions/vdNullCheck.h"
 
 namespace tol::test {
 namespace {

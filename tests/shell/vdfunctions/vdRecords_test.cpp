@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "SharedRoutineTest.h"
+#include "shell/vdfunctions/vdRecords.h"
 
 namespace tol::test {
 namespace {

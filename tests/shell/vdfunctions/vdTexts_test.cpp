@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "shell/vdfunctions/vdfunctions.h"
+#include "shell/vdfunctions/vdTexts.h"
 
 #include <gtest/gtest.h>
 #include <limits>

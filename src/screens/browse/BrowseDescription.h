@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/Recordset.h"
+#include "shell/vdfunctions/vdRecords.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tol::screens {
+
+/// Where a text that is wider than its column is cut: names and paths differ at both ends.
+enum class TextCut { End, Middle };
+
+/// A column of a list: an array of labels, one for each row, below a heading.
+struct BrowseColumn {
+    std::string label;             ///< name of the label array, such as "lblMODULEID"
+    std::string headingLabel = {}; ///< name of the heading, such as "lblHMODULEID"
+    std::string heading = {};
+    int width = 0; ///< twips; a column of width 0 is kept but not shown
+    /// The field that is shown, Null as its type's blank value; or, if set, the text for the current record.
+    std::string field = {};
+    std::function<std::string(data::Recordset&)> text = nullptr;
+    TextCut cut = TextCut::End;
+};
+
+/// The children of one parent record, as a list shows them.
+struct BrowseSubset {
+    /// The parent's key values with their fields in the recordset.
+    std::function<shell::KeyPairs(data::Recordset&)> keys;
+    /// Whether there is no parent; the list is then left alone.
+    std::function<bool()> parentIsBlank;
+};
+
+/// All that sets one list apart from another.
+struct BrowseDescription {
+    std::string index = {};            ///< "" for stored order
+    std::vector<BrowseColumn> columns; ///< the first one holds the key
+    int descriptionColumn = 1;         ///< shows the two texts below
+    int rows = 7;
+    std::string endText = "End of List.";
+    std::string emptyText = "List is Empty.";
+    BrowseSubset subset = {}; ///< without keys: the whole table
+};
+
+} // namespace tol::screens
