@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "runtime/CoarseClock.h"
+#include "forms/events/TurnPace.h"
 #include "runtime/Host.h"
 
 namespace tol::forms {
@@ -20,7 +20,7 @@ class WindowHost : public runtime::Host {
 
   private:
     runtime::HostScope m_scope;
-    runtime::CoarseClock::time_point m_nextTurn;
+    TurnPace m_pace;
 };
 
 } // namespace tol::forms

@@ -7,9 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
 #include <QEventLoop>
-#include <QTest>
 #include <QTimer>
 
 #include <iostream>
@@ -45,39 +43,14 @@ TEST(WindowHost, DoEventsHandlesWhatWaits) {
     EXPECT_TRUE(handled);
 }
 
-TEST(WindowHost, DoEventsGivesWayAtMostSixtyTimesASecond) {
+TEST(WindowHost, AWalkGivesWayAgainAndAgain) {
     const WindowHost windows;
     int turns = 0;
     QTimer everyTurn;
     everyTurn.callOnTimeout([&] { ++turns; });
     everyTurn.start(0);
-    QElapsedTimer clock;
-    clock.start();
-    long calls = 0;
-    while (!clock.hasExpired(300)) {
+    while (turns < 3)
         host().doEvents();
-        ++calls;
-    }
-    EXPECT_GE(turns, 2); // however busy the machine is
-    EXPECT_LE(turns, clock.elapsed() / 16 + 1);
-    EXPECT_GT(calls, turns);
-}
-
-TEST(WindowHost, DoEventsGivesWayLessOftenWhenATurnTakesLong) {
-    const WindowHost windows;
-    int turns = 0;
-    QTimer everyTurn;
-    everyTurn.callOnTimeout([&] {
-        ++turns;
-        QTest::qSleep(3);
-    });
-    everyTurn.start(0);
-    QElapsedTimer clock;
-    clock.start();
-    while (!clock.hasExpired(400))
-        host().doEvents();
-    EXPECT_GE(turns, 2);
-    EXPECT_LE(turns, clock.elapsed() / 50 + 1);
 }
 
 // Counts how often waiting work was asked to be flushed; a flusher stays for the life of the process.
