@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "rights/frmTOLMOD01.h"
 
+#include "rights/ListReportWindow.h"
 #include "runtime/Text.h"
 #include "screens/EditChecks.h"
-#include "shell/vdfunctions/vdBoxes.h"
 #include "shell/vdfunctions/vdLocation.h"
 #include "shell/vdfunctions/vdNullCheck.h"
 #include "shell/vdfunctions/vdTexts.h"
@@ -63,7 +63,7 @@ std::string frmTOLMOD01::databaseFile() {
 
 void frmTOLMOD01::cmdPrint_Click() {
     if (shell::vdNotBlank(list().currentMark()))
-        shell::vdNotReady();
+        printList(*this, PrintedList::Modules, sNetPath);
     panel().takeFocus();
 }
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ModulesTest.h"
 
+#include "../search_print/document/Drawn.h"
 #include "data/DBEngine.h"
 #include "forms/controls/TextBox.h"
 #include "forms/windows/Form.h"
 #include "forms/windows/LoadedForms.h"
+#include "search_print/ReportWindow.h"
+#include "support/ReportReader.h"
 #include "support/SecondProcess.h"
 
 #include <fmt/core.h>
@@ -17,6 +20,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::IsSupersetOf;
 
 // Browse state.
 
@@ -82,10 +86,14 @@ TEST_F(Modules, TabGoesFromTheListToTheButtonsThatAreReachedByIt) {
     }
 }
 
-TEST_F(Modules, PrintIsNotReady) {
+TEST_F(Modules, PrintOpensTheReport) {
     openWith({{"A", "First"}});
+    const ReportReader reader([](search_print::ReportWindow& report) {
+        EXPECT_EQ(report.objectName(), "frmTOLMOD02");
+        EXPECT_THAT(textsOf(report.printer()), IsSupersetOf({"Modules", "A", "First"}));
+    });
     desk->press(Qt::Key_P, Qt::AltModifier);
-    expectBox("Development is Pending on this Option.", QMessageBox::Information, "Option Not Ready");
+    EXPECT_EQ(reader.reports, 1);
     EXPECT_EQ(desk->focus(), "hsbMAIN");
 }
 

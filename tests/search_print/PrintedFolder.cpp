@@ -1,45 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "PrintedFolder.h"
 
-#include "forms/windows/LoadedForms.h"
+#include "support/ReportReader.h"
 
 #include <fmt/format.h>
-#include <gtest/gtest.h>
 
-#include <QTest>
-#include <QTimer>
+#include <QWidget>
 
 namespace tol::test {
 namespace {
-
-search_print::ReportWindow* shownReport() {
-    for (int position = 0; position < forms::LoadedForms::Count(); ++position) {
-        auto* window = dynamic_cast<search_print::ReportWindow*>(&forms::LoadedForms::Item(position));
-        if (window != nullptr && window->isVisible())
-            return window;
-    }
-    return nullptr;
-}
 
 bool whileShown(const std::function<void(QWidget&)>& show,
                 const std::function<void(search_print::ReportWindow&)>& act) {
     QWidget owner;
     owner.resize(800, 600);
     owner.show();
-    bool shown = false;
-    QTimer look;
-    look.callOnTimeout([&] {
-        auto* window = shownReport();
-        if (window == nullptr || shown)
-            return;
-        shown = true;
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
-        act(*window);
-        window->unload();
-    });
-    look.start(5);
+    const ReportReader reader(act);
     show(owner);
-    return shown;
+    return reader.reports == 1;
 }
 
 } // namespace

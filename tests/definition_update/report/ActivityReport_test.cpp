@@ -2,6 +2,7 @@
 #include "definition_update/report/ActivityReport.h"
 
 #include "../../search_print/document/Drawn.h"
+#include "../../search_print/document/SeenView.h"
 #include "data/DBEngine.h"
 #include "platform/System.h"
 #include "runtime/Conversions.h"
@@ -22,18 +23,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::IsSupersetOf;
-
-/// The window of the report, as far as the report sees it.
-class View : public ReportView {
-  public:
-    void showState(ReportState state) override { states.push_back(state); }
-    void setProcess(const std::string& text) override { processes.push_back(text); }
-    bool keepPrinting() override { return ++rows != stopAt; }
-
-    std::vector<ReportState> states;
-    std::vector<std::string> processes;
-    int rows = 0, stopAt = -1;
-};
 
 class ActivityReportTest : public testing::Test {
   protected:
@@ -72,7 +61,7 @@ class ActivityReportTest : public testing::Test {
 
     StartFolder folder;
     TestHost person;
-    View view;
+    SeenView view;
     VSPrinter printer{paperA4};
     data::Workspace workspace;
     data::Database definitions;
