@@ -5,6 +5,7 @@
 #include "runtime/Conversions.h"
 #include "runtime/Text.h"
 #include "shell/vdfunctions/vdNullCheck.h"
+#include "tolctl/Columns.h"
 
 #include <algorithm>
 
@@ -56,18 +57,9 @@ std::string ActivityTable::line(const ActivityRow& row) const {
 
 template <typename CellOf>
 std::string ActivityTable::joined(CellOf&& cellOf) const {
-    std::string line;
-    std::size_t due = 0; // blanks that stand before the next text
-    for (std::size_t i = 0; i < m_widths.size(); ++i) {
-        const std::string_view cell = runtime::trim(cellOf(activityColumns()[i]));
-        if (!cell.empty()) {
-            line.append(due, ' ').append(cell);
-            due = 0;
-        }
-        const std::size_t used = runtime::length(cell);
-        due += (used < m_widths[i] ? m_widths[i] - used : 0) + 2;
-    }
-    return line;
+    std::array<std::string_view, 8> cells;
+    std::ranges::transform(activityColumns(), cells.begin(), cellOf);
+    return alignedLine(cells, m_widths);
 }
 
 } // namespace tol::ctl

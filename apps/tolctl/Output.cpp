@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tolctl/Output.h"
 
-#include <nlohmann/json.hpp>
-
 #include <csignal>
 #include <iostream>
+
+#include <poll.h>
+#include <unistd.h>
 
 namespace tol::ctl {
 
@@ -15,23 +16,28 @@ bool finishOutput() {
     return false;
 }
 
+bool readerIsGone() {
+    pollfd output{STDOUT_FILENO, POLLOUT, 0};
+    return poll(&output, 1, 0) > 0 && (output.revents & POLLERR) != 0;
+}
+
 void outliveReader() {
     std::signal(SIGPIPE, SIG_IGN);
 }
 
-void printJsonText(std::string_view text) {
-    std::cout << nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+void printJsonValue(const nlohmann::ordered_json& value) {
+    std::cout << value.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
 void JsonArray::add(const std::vector<Member>& members) {
     std::cout << (m_empty ? "[\n  " : ",\n  ");
     m_empty = false;
     const char* separator = "{";
-    for (const auto& [name, text] : members) {
+    for (const auto& [name, value] : members) {
         std::cout << separator;
-        printJsonText(name);
+        printJsonValue(name);
         std::cout << ": ";
-        printJsonText(text);
+        printJsonValue(value);
         separator = ", ";
     }
     std::cout << '}';

@@ -65,7 +65,7 @@ Report reportOf(RefreshOutcome outcome) {
 
 void printJson(const std::string& result, const Counts& counts, const MessageLog& messages) {
     std::cout << "{\"result\": ";
-    printJsonText(result);
+    printJsonValue(result);
     std::cout << ",\n \"counts\": {";
     for (std::size_t i = 0; i < counts.size(); ++i)
         std::cout << (i == 0 ? "\"" : ", \"") << filledTables[i] << "\": " << counts[i];

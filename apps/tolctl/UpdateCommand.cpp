@@ -106,7 +106,7 @@ void UpdateCommand::report(const TerminalHost& host, const TerminalView& view,
     const update::ClosingText closingText = update::closingText(m_outcome);
     if (m_json) {
         std::cout << "{\"result\": ";
-        printJsonText(closingText.result);
+        printJsonValue(closingText.result);
         std::cout << ",\n \"rows\": ";
         printJsonActivity();
         std::cout << ",\n \"messages\": ";
