@@ -26,8 +26,8 @@ constexpr const char* closing =
     "else in tolvane/drives of the user's data folder.";
 
 /// In the order of the help.
-constexpr CommandFactory* commands[] = {updateCommand, refreshCommand, logCommand, dumpCommand,
-                                        loadCommand,   compactCommand, demoCommand};
+constexpr CommandFactory* commands[] = {updateCommand, refreshCommand, logCommand,    dumpCommand,
+                                        loadCommand,   compactCommand, rightsCommand, demoCommand};
 
 void tell(const std::string& text) {
     std::cerr << "tolctl: " << text << "\n";
@@ -93,8 +93,11 @@ ExitStatus Program::attempt(Work&& work) {
 
 /// A word in the command's place that is none is named: the parser itself only misses the command.
 void Program::tellUsage(const CLI::ParseError& error) const {
-    const std::vector<std::string> unknown = m_app.remaining();
-    if (m_app.get_subcommands().empty() && !unknown.empty())
+    const CLI::App* chosen = &m_app;
+    while (!chosen->get_subcommands().empty())
+        chosen = chosen->get_subcommands().front();
+    const std::vector<std::string> unknown = m_app.remaining(true);
+    if (chosen->get_require_subcommand_min() > 0 && !unknown.empty())
         tell("there is no command or option \"" + unknown.front() + "\"; see tolctl --help.");
     else
         m_app.exit(error);
