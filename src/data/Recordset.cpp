@@ -50,6 +50,10 @@ std::string Recordset::Name() const {
     return core().definition().name;
 }
 
+std::string Recordset::FileName() const {
+    return core().fileName();
+}
+
 void Recordset::Close() {
     if (!core().isOpen())
         runtime::raise(runtime::errObjectInvalid);

@@ -39,6 +39,8 @@ class Recordset {
 
     [[nodiscard]] bool isOpen() const;
     [[nodiscard]] std::string Name() const;
+    /// The file in which the table is, as a host path.
+    [[nodiscard]] std::string FileName() const;
     void Close();
 
     [[nodiscard]] RecordsetFields Fields() const;

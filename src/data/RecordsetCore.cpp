@@ -70,6 +70,11 @@ const TableDefinition& RecordsetCore::definition() const {
     return *m_definition;
 }
 
+std::string RecordsetCore::fileName() const {
+    requireOpen();
+    return m_database->store().path().native();
+}
+
 FieldDef RecordsetCore::currentDefinition(std::size_t field) const {
     const FieldDef& opened = this->field(field);
     const auto table = m_database->store().definition(m_definition->name);

@@ -31,6 +31,7 @@ class RecordsetCore {
 
     /// The table with its fields; 3420 once closed.
     [[nodiscard]] const TableDefinition& definition() const;
+    [[nodiscard]] std::string fileName() const;
     [[nodiscard]] const FieldDef& field(std::size_t position) const { return definition().fields[position]; }
     /// The field with the properties that may have changed since.
     [[nodiscard]] FieldDef currentDefinition(std::size_t field) const;

@@ -113,6 +113,24 @@ TEST_F(RangeWriterTest, NeverHoldsKeysBack) {
     EXPECT_EQ(cursor->value(0), Value(1));
 }
 
+// Other makers' unique indexes may be of expressions or of some rows, and are then none of the interface.
+TEST_F(RangeWriterTest, HoldsNothingBackThatAHiddenUniqueIndexMayRefuse) {
+    for (const char* index : {"(lower(Note))", "(Note) WHERE Id < 3"}) {
+        store->rollback();
+        cursor.reset();
+        PlainSqlite(file()).execute(
+            std::string("DROP INDEX IF EXISTS Hidden; CREATE UNIQUE INDEX Hidden ON T ") + index);
+        reopen();
+        cursor = openCursor(*store, "T");
+        store->begin();
+        ASSERT_TRUE(cursor->first());
+        writeNote("same");
+        ASSERT_TRUE(cursor->next());
+        EXPECT_EQ(errorOf([&] { writeNote("same"); }).number(), 3022) << index;
+        EXPECT_EQ(cursor->value(2), Value(Null{}));
+    }
+}
+
 TEST_F(RangeWriterTest, GoesWithTheTransaction) {
     ASSERT_TRUE(cursor->first());
     writeNote("undone");

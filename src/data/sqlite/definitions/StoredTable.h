@@ -53,8 +53,11 @@ struct StoredTable {
     std::string sqlName;              ///< the table's name in the file
     /// The row key: own key, alias or "rowid"; "" in a WITHOUT ROWID table, whose rows can't be opened.
     std::string rowKey;
-    bool own = false;      ///< made by this program
-    bool strict = false;   ///< a STRICT table: columns may be declared with five types only
+    bool own = false;    ///< made by this program
+    bool strict = false; ///< a STRICT table: columns may be declared with five types only
+    /// A unique index of another maker that is no index of the interface: of expressions, or of some rows
+    /// only.
+    bool hasHiddenUnique = false;
     int hiddenColumns = 0; ///< deleted fields whose bytes still lie in the file
 };
 

@@ -132,6 +132,8 @@ void TableReader::addIndexes() {
     for (const SchemaIndex& index : m_schema.indexes)
         if (isExposed(index))
             addIndex(index);
+        else if (index.unique)
+            m_table.hasHiddenUnique = true;
 }
 
 void TableReader::addRowIdIndex(const SchemaColumn& alias) {

@@ -151,11 +151,12 @@ std::int64_t RowWriter::keyAfter(std::int64_t key, std::span<const Assignment> v
 }
 
 bool RowWriter::mayWait(std::span<const Assignment> values) const {
-    // In a column that this program has made, a value of the field's type can't break a rule.
+    // In a column that this program has made, a value of the field's type can break no other rule.
     const auto isFree = [&](const Assignment& value) {
         return m_table->columns[value.field].own && !m_isIndexed[value.field];
     };
-    return !m_hasTriggers && !values.empty() && std::all_of(values.begin(), values.end(), isFree);
+    return !m_hasTriggers && !m_table->hasHiddenUnique && !values.empty() &&
+           std::all_of(values.begin(), values.end(), isFree);
 }
 
 bool RowWriter::remove(std::int64_t key) {
