@@ -7,6 +7,7 @@
 #include "forms/events/Focus.h"
 #include "forms/windows/Form.h"
 #include "runtime/Host.h"
+#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "screens/ListPanel.h"
 #include "screens/browse/BrowseList.h"
@@ -18,6 +19,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <fmt/format.h>
 
 namespace tol::screens {
 namespace {
@@ -25,6 +27,7 @@ namespace {
 using runtime::MsgButtons;
 using runtime::MsgIcon;
 using runtime::MsgResult;
+using runtime::RuntimeError;
 
 constexpr int sideButtonOffset = 20; // twips that a side button keeps from a box's edges
 constexpr int sideButtonWidthTwips = 375;
@@ -47,6 +50,18 @@ class FocusFilter : public QObject {
   private:
     QWidget& m_control;
     forms::EventProcedure m_procedure;
+};
+
+/// While it lives, nothing that a person does at a yield reaches the form.
+class OutOfUse {
+  public:
+    explicit OutOfUse(QWidget& form) : m_form(form) { m_form.setEnabled(false); }
+    OutOfUse(const OutOfUse&) = delete;
+    OutOfUse& operator=(const OutOfUse&) = delete;
+    ~OutOfUse() { m_form.setEnabled(true); }
+
+  private:
+    QWidget& m_form;
 };
 
 } // namespace
@@ -251,9 +266,14 @@ void EditCycle::CheckEditField() {
         mCurField = 0;
         return;
     }
-    sMsgTitle = "Cannot Update Record";
-    runtime::host().msgBox(sMsgText, {MsgIcon::Critical, MsgButtons::Ok}, sMsgTitle);
+    refuse(sMsgText);
     m_boxes[position]->setFocus();
+}
+
+MsgResult EditCycle::refuse(const std::string& text, MsgButtons buttons) {
+    sMsgText = text;
+    sMsgTitle = "Cannot Update Record";
+    return runtime::host().msgBox(sMsgText, {MsgIcon::Critical, buttons}, sMsgTitle);
 }
 
 bool EditCycle::allFieldsPass() {
@@ -262,10 +282,7 @@ bool EditCycle::allFieldsPass() {
         sMsgText = failureOf(i);
     if (sMsgText.empty())
         return true;
-    sMsgTitle = "Cannot Update Record";
-    const MsgResult answer =
-        runtime::host().msgBox(sMsgText, {MsgIcon::Critical, MsgButtons::OkCancel}, sMsgTitle);
-    if (answer == MsgResult::Ok)
+    if (refuse(sMsgText, MsgButtons::OkCancel) == MsgResult::Ok)
         m_boxes.front()->setFocus();
     else
         cancel();
@@ -291,37 +308,54 @@ bool EditCycle::isReadyToSave() {
     return bValid;
 }
 
-// The list shows itself afresh, without the record. What was typed is the person's.
+/// The list then shows itself afresh, without the record. What was typed is the person's.
 void EditCycle::turnIntoAdd() {
-    sMsgTitle = "Cannot Update Record";
-    sMsgText = "This Record has been Deleted by Another User.\n"
-               "Click Update to Add it as a New Record, or Cancel to Give it Up.";
-    runtime::host().msgBox(sMsgText, {MsgIcon::Critical, MsgButtons::Ok}, sMsgTitle);
+    refuse("This Record has been Deleted by Another User.\n"
+           "Click Update to Add it as a New Record, or Cancel to Give it Up.");
+    m_list.BrowseReload();
     enterAdd();
 }
 
-void EditCycle::save() {
-    if (mMode == EditMode::Edit && !m_list.goToCurrent())
-        return turnIntoAdd();
+/// A unique index of the database knows more than the checks do. The edit goes on.
+void EditCycle::tellRefusal(const RuntimeError& error) {
     data::Recordset& recordset = m_list.recordset();
-    int row = m_list.row();
+    recordset.Index(m_list.description().index); // drops what was to be written
+    refuse(fmt::format("{}\nFile: {}", error.description(), recordset.FileName()));
+    m_boxes.front()->setFocus();
+}
+
+void EditCycle::save() {
+    try {
+        writeRecord();
+    } catch (const RuntimeError& error) {
+        if (mMode == EditMode::Edit && error.number() == runtime::errRecordDeleted)
+            return turnIntoAdd();
+        if (error.number() == runtime::errDuplicateKey)
+            return tellRefusal(error);
+        throw;
+    }
+    data::Recordset& recordset = m_list.recordset();
+    m_list.setCurrent(recordset.LastModified(), mMode == EditMode::Add ? mAddRow : m_list.row());
+    if (m_description.form == EditForm::FieldCheck) // a check may have chosen another order
+        recordset.Index(m_list.description().index);
+    LeaveEditState();
+    m_list.BrowseReload();
+}
+
+void EditCycle::writeRecord() {
+    data::Recordset& recordset = m_list.recordset();
     if (mMode == EditMode::Add) {
-        row = mAddRow;
         const auto added = m_description.added ? m_description.added()
                                                : std::vector<std::pair<std::string, runtime::Value>>();
         recordset.AddNew();
         for (const auto& [field, value] : added)
             recordset.Fields(field).Value(value);
     } else {
+        recordset.Bookmark(m_list.currentMark());
         recordset.Edit();
     }
     writeFields();
     recordset.Update();
-    m_list.setCurrent(recordset.LastModified(), row);
-    if (m_description.form == EditForm::FieldCheck) // a check may have chosen another order
-        recordset.Index(m_list.description().index);
-    LeaveEditState();
-    m_list.BrowseReload();
 }
 
 void EditCycle::writeFields() {
@@ -352,10 +386,15 @@ void EditCycle::remove() {
 }
 
 void EditCycle::deleteCurrent() {
+    const forms::Form::Busy busy(m_form);
     if (!m_list.goToCurrent()) // gone while the question stood
         return;
-    if (m_description.deleteDependents)
+    if (m_description.deleteDependents) {
+        const OutOfUse outOfUse(m_form);
         m_description.deleteDependents(m_list.recordset());
+    }
+    if (!m_list.goToCurrent()) // gone at a yield
+        return;
     m_list.recordset().Delete();
     m_list.setCurrent(mNextMark, m_list.row());
     m_list.BrowseReload();

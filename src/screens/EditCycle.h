@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "runtime/Host.h"
 #include "screens/EditDescription.h"
 
 #include <cstdint>
@@ -9,6 +10,10 @@
 
 class QPushButton;
 class QWidget;
+
+namespace tol::runtime {
+class RuntimeError;
+}
 
 namespace tol::forms {
 class Form;
@@ -83,7 +88,10 @@ class EditCycle {
     [[nodiscard]] bool allFieldsPass();
     [[nodiscard]] bool isReadyToSave();
     void save();
+    void writeRecord();
     void writeFields();
+    void tellRefusal(const runtime::RuntimeError& error);
+    runtime::MsgResult refuse(const std::string& text, runtime::MsgButtons buttons = runtime::MsgButtons::Ok);
     void deleteCurrent();
 
     forms::Form& m_form;

@@ -80,7 +80,8 @@ struct EditDescription {
     bool checkAtUpdateFocus = false;
     /// The question before the current record is deleted.
     std::function<std::string(data::Recordset&)> deleteQuestion = nullptr;
-    /// Deletes what belongs to the current record, before the record itself. The recordset stays where it is.
+    /// Deletes what belongs to the current record, before the record itself. May yield; the window is out of
+    /// use meanwhile.
     std::function<void(data::Recordset&)> deleteDependents = nullptr;
 };
 

@@ -280,7 +280,12 @@ TEST_F(JobSites, ARecordThatAnotherDeletedIsToldAndMayBeAdded) {
     desk->press(Qt::Key_E);
     fill("east", "c:\\east");
     table.remove("PATHNAME", "NORTH");
+    person.onBox = [this](QMessageBox& box) {
+        EXPECT_EQ(page().front(), "NORTH|C:\\NORTH") << "it is told before the list shows itself afresh";
+        box.findChild<QPushButton*>("cmdOK")->click();
+    };
     desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_EQ(page().front(), "SOUTH|C:\\SOUTH");
     expectBox("This Record has been Deleted by Another User.\n"
               "Click Update to Add it as a New Record, or Cancel to Give it Up.",
               QMessageBox::Critical, "Cannot Update Record");
@@ -291,6 +296,54 @@ TEST_F(JobSites, ARecordThatAnotherDeletedIsToldAndMayBeAdded) {
     EXPECT_THAT(table.rows(), ElementsAre("7|EAST|C:\\EAST", "2|SOUTH|C:\\SOUTH"));
     desk->press(Qt::Key_X);
     EXPECT_EQ(person.boxes.size(), 1U) << "nothing was changed of which to remind";
+}
+
+class UniqueSites : public JobSites {
+  protected:
+    UniqueSites() {
+        std::filesystem::remove("DBPATHS.MDB");
+        table = {"DBPATHS.MDB",
+                 "DBPATHS",
+                 {{"DBTAG", data::dbLong}, {"PATHNAME", data::dbText, 16}, {"PathText", data::dbText, 100}},
+                 {{"DBPATHS", {"PATHNAME"}}, {"BYPATH", {"PathText"}, true}}};
+        counter = {"DBPATHS.MDB", "DBTAGS", {{"DBTAG", data::dbLong}}};
+        counter.add({{std::int32_t{7}}});
+        openWith({site(1, "NORTH", "C:\\NORTH"), site(2, "SOUTH", "C:\\SOUTH")});
+    }
+    void expectIndexTold() const {
+        expectBox("The change was not made: it would create duplicate values in the index or primary key "
+                  "'BYPATH'.\nFile: " +
+                      (folder / "DBPATHS.MDB").string(),
+                  QMessageBox::Critical, "Cannot Update Record");
+        EXPECT_THAT(person.boxes[0].buttons, ElementsAre("cmdOK"));
+        EXPECT_TRUE(isEditing());
+        EXPECT_EQ(desk->focus(), "txtPATHNAME");
+    }
+};
+
+TEST_F(UniqueSites, AnEditThatAUniqueIndexRefusesGoesOn) {
+    desk->press(Qt::Key_E);
+    fill("north", "c:\\south");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    expectIndexTold();
+    EXPECT_EQ(desk->text("txtPATHTEXT"), "C:\\SOUTH");
+    EXPECT_THAT(table.rows(), ElementsAre("1|NORTH|C:\\NORTH", "2|SOUTH|C:\\SOUTH"));
+    fill("north", "c:\\west");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_EQ(person.boxes.size(), 1U);
+    EXPECT_THAT(table.rows(), ElementsAre("1|NORTH|C:\\WEST", "2|SOUTH|C:\\SOUTH"));
+}
+
+TEST_F(UniqueSites, AnAddThatAUniqueIndexRefusesGoesOnAndHasSpentItsNumber) {
+    desk->press(Qt::Key_A);
+    fill("west", "c:\\south");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    expectIndexTold();
+    EXPECT_THAT(counter.rows(), ElementsAre("8"));
+    fill("west", "c:\\west");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_THAT(table.rows(), ElementsAre("1|NORTH|C:\\NORTH", "2|SOUTH|C:\\SOUTH", "8|WEST|C:\\WEST"));
+    EXPECT_THAT(page(), ElementsAre("NORTH|C:\\NORTH", "SOUTH|C:\\SOUTH", "WEST|C:\\WEST", " |End of List"));
 }
 
 // Deleting.

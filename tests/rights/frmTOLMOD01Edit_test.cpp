@@ -281,6 +281,31 @@ TEST_F(Modules, AFailedCheckDoesNotOutliveItsEdit) {
     EXPECT_EQ(person.boxes.size(), 1U);
 }
 
+TEST_F(Modules, ACodeThatAnotherEntersAfterItsCheckIsRefusedByTheIndex) {
+    openWith({{"A", "First"}});
+    desk->press(Qt::Key_A);
+    desk->type("b");
+    desk->press(Qt::Key_Tab);
+    table.add({{"B", "Theirs"}});
+    desk->type("Mine");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    expectRefusal("The change was not made: it would create duplicate values in the index or primary key "
+                  "'MODULES'.\nFile: " +
+                  (folder / "ZOVNET.MDB").string());
+    EXPECT_THAT(person.boxes[0].buttons, ElementsAre("cmdOK"));
+    EXPECT_TRUE(isEditing());
+    expectBoxesOver(1);
+    EXPECT_EQ(desk->text("txtMODULEID"), "B");
+    EXPECT_EQ(desk->text("txtMODULENAME"), "Mine");
+    EXPECT_EQ(desk->focus(), "txtMODULEID");
+    desk->type("c");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_FALSE(isEditing());
+    EXPECT_EQ(person.boxes.size(), 1U);
+    EXPECT_THAT(table.rows(), ElementsAre("A|First", "B|Theirs", "C|Mine"));
+    EXPECT_THAT(page(), ElementsAre("B|Theirs", "C|Mine", " |End of List.")) << "it keeps the row of its Add";
+}
+
 // A letter whose capitals are two keeps its one place.
 TEST_F(Modules, ACodeIsAsLongInUpperCase) {
     openWith({{"A\u00dfB", "First"}, {"ASS", "Second"}});

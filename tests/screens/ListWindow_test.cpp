@@ -154,6 +154,110 @@ TEST_F(Items, ADeleteTakesTheDependentsAlong) {
     EXPECT_EQ(highlight(), 0);
 }
 
+/// A delete that takes a packing slip along, and what happens meanwhile.
+class DeleteAtWork : public Items {
+  protected:
+    void deleteNail(const std::function<void()>& meanwhile) {
+        slips.add({{nail}});
+        openWith({item(7, nail), item(7, screw)});
+        dynamic_cast<frmItems&>(*window).atYield = [&] {
+            meanwhile();
+            ++yields;
+        };
+        desk->press(Qt::Key_D);
+        EXPECT_EQ(yields, 1);
+    }
+    int yields = 0;
+};
+
+TEST_F(DeleteAtWork, TakesNeitherKeysNorClicks) {
+    deleteNail([&] {
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_A, Qt::Key_E, Qt::Key_D, Qt::Key_Escape})
+            desk->press(key);
+        desk->press(Qt::Key_A, Qt::AltModifier);
+        EXPECT_FALSE(desk->control("cmdAdd").isEnabled());
+        EXPECT_FALSE(isEditing());
+    });
+    EXPECT_EQ(person.boxes.size(), 1U) << "no second question";
+    EXPECT_THAT(table.rows(), ElementsAre("7|2|True")) << "the record of the question, and no other";
+    EXPECT_THAT(page(), ElementsAre("SCREW|A screw|Yes", " |End of List.| "));
+    EXPECT_EQ(desk->focus(), "hsbMAIN");
+    EXPECT_TRUE(desk->control("cmdAdd").isEnabled());
+    desk->press(Qt::Key_E);
+    EXPECT_TRUE(isEditing());
+}
+
+TEST_F(DeleteAtWork, IsFinishedBeforeTheWindowCloses) {
+    deleteNail([&] { window->parentWidget()->close(); });
+    EXPECT_EQ(forms::LoadedForms::Count(), 0);
+    EXPECT_THAT(table.rows(), ElementsAre("7|2|True"));
+}
+
+TEST_F(DeleteAtWork, ARecordThatGoesMeanwhileIsNotDeletedAgain) {
+    deleteNail([&] { table.remove("GOODS", nail); });
+    EXPECT_THAT(table.rows(), ElementsAre("7|2|True"));
+    EXPECT_THAT(page(), ElementsAre("SCREW|A screw|Yes", " |End of List.| "));
+}
+
+// What the database refuses.
+
+TEST_F(Items, ARowThatAUniqueIndexRefusesIsToldAndTheEditGoesOn) {
+    openWith({item(7, nail), item(7, screw, false)});
+    desk->press(Qt::Key_E);
+    desk->type("screw");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    expectBox("The change was not made: it would create duplicate values in the index or primary key "
+              "'ITEMS'.\nFile: " +
+                  (folder / "STORE.MDB").string(),
+              QMessageBox::Critical, "Cannot Update Record");
+    EXPECT_THAT(person.boxes[0].buttons, ElementsAre("cmdOK"));
+    EXPECT_TRUE(isEditing());
+    EXPECT_EQ(desk->text("txtCODE"), "SCREW");
+    EXPECT_EQ(desk->text("txtALLOWED"), "Y");
+    EXPECT_EQ(desk->focus(), "txtCODE");
+    EXPECT_THAT(table.rows(), ElementsAre("7|1|True", "7|2|False"));
+}
+
+TEST_F(Items, AfterARefusalTheEditIsSavedOrGivenUp) {
+    openWith({item(7, nail), item(7, screw, false)});
+    desk->press(Qt::Key_A);
+    desk->type("nail");
+    desk->press(Qt::Key_Tab);
+    desk->press(Qt::Key_Tab);
+    desk->type("n");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    ASSERT_EQ(person.boxes.size(), 1U);
+    EXPECT_TRUE(isEditing());
+    table.remove("GOODS", nail);
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_FALSE(isEditing());
+    EXPECT_THAT(table.rows(), ElementsAre("7|1|False", "7|2|False"));
+    EXPECT_THAT(page(), ElementsAre("NAIL|A nail|No", "SCREW|A screw|No", " |End of List.| "));
+    desk->press(Qt::Key_E);
+    desk->type("screw");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    ASSERT_EQ(person.boxes.size(), 2U);
+    desk->press(Qt::Key_Escape);
+    EXPECT_FALSE(isEditing());
+    EXPECT_THAT(page(), ElementsAre("NAIL|A nail|No", "SCREW|A screw|No", " |End of List.| "));
+    EXPECT_THAT(table.rows(), ElementsAre("7|1|False", "7|2|False"));
+}
+
+TEST_F(Items, ADeletedRecordIsToldBeforeTheListShowsItselfAfresh) {
+    openWith({item(7, nail), item(7, screw)});
+    desk->press(Qt::Key_E);
+    table.remove("GOODS", nail);
+    std::vector<std::string> behindTheBox;
+    person.onBox = [&](QMessageBox& box) {
+        behindTheBox = page();
+        box.findChild<QPushButton*>("cmdOK")->click();
+    };
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_THAT(behindTheBox, ElementsAre("NAIL|A nail|Yes", "SCREW|A screw|Yes", " |End of List.| "));
+    EXPECT_THAT(page(), ElementsAre("SCREW|A screw|Yes", " |End of List.| "));
+    EXPECT_TRUE(isEditing());
+}
+
 TEST_F(Items, FurtherButtonsStayInUseWhileEditing) {
     frmItems& items = open();
     desk->click("cmdDetail");

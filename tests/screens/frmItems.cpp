@@ -141,8 +141,11 @@ void frmItems::tellGoods() {
 
 void frmItems::deleteSlips(data::Recordset& item) {
     const runtime::Value tag = item.Fields("GOODS").Value();
-    for (m_slips.Index("GOODS"), m_slips.Seek("=", {tag}); !m_slips.NoMatch(); m_slips.Seek("=", {tag}))
+    for (m_slips.Index("GOODS"), m_slips.Seek("=", {tag}); !m_slips.NoMatch(); m_slips.Seek("=", {tag})) {
         m_slips.Delete();
+        if (atYield)
+            atYield();
+    }
 }
 
 } // namespace tol::test

@@ -4,6 +4,7 @@
 #include "screens/ListWindow.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace tol::test {
@@ -17,6 +18,7 @@ class frmItems : public screens::ListWindow {
     explicit frmItems(std::int32_t box);
 
     int prints = 0, details = 0;
+    std::function<void()> atYield; ///< runs for each packing slip that a delete takes along
 
   protected:
     std::string databaseFile() override { return "STORE.MDB"; }

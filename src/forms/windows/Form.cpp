@@ -117,11 +117,11 @@ Form* Form::of(QWidget* widget) {
     return nullptr;
 }
 
-// The form behind a box or an opened menu is no form of its keys.
+// The form behind a box or an opened menu is no form of its keys, and one that is out of use takes none.
 Form* Form::typedOn(QWidget& receiver) {
     Form* form = of(&receiver);
-    const bool typed =
-        form != nullptr && receiver.window() == form->window() && form->m_loaded && !form->m_away;
+    const bool typed = form != nullptr && receiver.window() == form->window() && form->m_loaded &&
+                       !form->m_away && form->isEnabled();
     return typed ? form : nullptr;
 }
 
