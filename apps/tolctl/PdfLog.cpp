@@ -3,65 +3,15 @@
 
 #include "data/OpenTable.h"
 #include "definition_update/report/ActivityReport.h"
-#include "search_print/document/PdfFile.h"
-#include "tolctl/Interrupt.h"
-#include "tolctl/ProgressLine.h"
-
-#include <QGuiApplication>
-
-#include <array>
+#include "tolctl/PdfReport.h"
 
 namespace tol::ctl {
-namespace {
-
-/// What Qt has to say about the machine is no news for who asked for a file.
-void dropMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
-
-/// The report in a terminal: the line of progress, no buttons.
-class PdfView : public search_print::ReportView {
-  public:
-    explicit PdfView(ProgressLine& progress) : m_progress(progress) {}
-
-    void showState(search_print::ReportState) override {}
-    void setProcess(const std::string& text) override {
-        m_progress.show([&] { return text; });
-    }
-    bool keepPrinting() override { return !interrupted(); }
-
-  private:
-    ProgressLine& m_progress;
-};
-
-/// Fonts are looked up and measured by Qt, which wants its application object; the platform without a screen
-/// is part of it.
-class FontSystem {
-  public:
-    FontSystem() = default;
-    FontSystem(const FontSystem&) = delete;
-    FontSystem& operator=(const FontSystem&) = delete;
-    ~FontSystem() { qInstallMessageHandler(m_handlerBefore); }
-
-  private:
-    QtMessageHandler m_handlerBefore = qInstallMessageHandler(dropMessage);
-    int m_count = 3;
-    std::array<char, 8> m_name{"tolctl"};
-    std::array<char, 10> m_option{"-platform"};
-    std::array<char, 10> m_platform{"offscreen"};
-    std::array<char*, 4> m_words{m_name.data(), m_option.data(), m_platform.data(), nullptr};
-    QGuiApplication m_application{m_count, m_words.data()};
-};
-
-} // namespace
 
 void writePdfLog(const std::string& file, ProgressLine& progress) {
-    const FontSystem fonts;
     data::OpenTable log("wksDBU", "ZOVDEF.MDB", "ACTIVITYLOG");
-    search_print::VSPrinter printer;
-    PdfView view(progress);
-    update::printActivityLog(view, printer, log.rows, printer.Orientation());
-    stopIfInterrupted();
-    search_print::writePdf(printer.document(), printer.document().pages, file, printer.documentTitle());
-    progress.clear();
+    writePdfReport(file, progress, [&](search_print::ReportView& view, search_print::VSPrinter& printer) {
+        update::printActivityLog(view, printer, log.rows, printer.Orientation());
+    });
 }
 
 } // namespace tol::ctl

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "rights/ListReportWindow.h"
 
+#include "data/DBEngine.h"
 #include "runtime/RuntimeError.h"
 #include "search_print/InputPause.h"
 #include "shell/vdfunctions/vdLocation.h"
@@ -19,7 +20,9 @@ void ListReportWindow::onLoad() {
     const search_print::InputPause
         pause; // the report is drawn before the window is there to keep the others off
     try {
-        m_report.emplace(m_list, shell::vdNetPath(sNetPath, false));
+        m_workspace = data::DBEngine::CreateWorkspace("wksNET");
+        m_database = m_workspace.OpenDatabase(shell::vdNetPath(sNetPath, false));
+        m_report.emplace(m_list, m_database);
         runReport();
     } catch (const runtime::RuntimeError& error) {
         showLoadError(error);
@@ -33,6 +36,8 @@ bool ListReportWindow::onRun() {
 void ListReportWindow::onUnload() {
     ReportWindow::onUnload();
     m_report.reset();
+    m_database = {};
+    m_workspace = {};
 }
 
 void printList(const QWidget& listWindow, PrintedList list, const std::string& netPath, PrintedRows rows) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "data/Workspace.h"
 #include "rights/report/ListReport.h"
 #include "search_print/ReportWindow.h"
 
@@ -26,6 +27,8 @@ class ListReportWindow : public search_print::ReportWindow {
     PrintedList m_list;
     std::string sNetPath;
     PrintedRows m_rows;
+    data::Workspace m_workspace;
+    data::Database m_database;
     std::optional<ListReport> m_report;
 };
 

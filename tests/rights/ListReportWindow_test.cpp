@@ -2,7 +2,7 @@
 #include "rights/ListReportWindow.h"
 
 #include "../search_print/document/Drawn.h"
-#include "data/DBEngine.h"
+#include "data/OpenTable.h"
 #include "forms/windows/LoadedForms.h"
 #include "platform/System.h"
 #include "runtime/Conversions.h"

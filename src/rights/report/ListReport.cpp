@@ -17,30 +17,31 @@ constexpr const char* itemKey = "UAITAG"; // its index by it has the same name
 
 } // namespace
 
-ListReport::ListReport(PrintedList list, const std::string& file)
-    : m_list(describe(list)), m_table("wksNET", file, m_list.table) {
-    if (std::ranges::any_of(m_list.columns, &PrintedColumn::isOfItem)) {
-        m_items = m_table.database.OpenRecordset(itemTable);
-        m_items.Index(itemKey);
-    }
-    for (const PrintedColumn& column : m_list.columns) {
-        const data::Recordset& rows = column.isOfItem() ? m_items : m_table.rows;
-        m_cells.push_back({column, rows.Fields(column.field)});
-    }
-}
-
-std::optional<PrintedRows> ListReport::rowsOf(const std::string& code) {
-    const ListOwner& owner = *m_list.owner;
-    data::Recordset records = m_table.database.OpenRecordset(owner.table);
+std::optional<PrintedRows> rowsOf(PrintedList list, data::Database& database, const std::string& code) {
+    const PrintedListDescription& described = describe(list);
+    const ListOwner& owner = *described.owner;
+    data::Recordset records = database.OpenRecordset(owner.table);
     records.Index(owner.index);
     records.Seek("=", {code});
     if (records.NoMatch())
         return std::nullopt;
+    data::Recordset rows = database.OpenRecordset(described.table);
     const runtime::Value key = shell::vdNullCheck(records.Fields(owner.key));
-    return PrintedRows{
-        shell::vdFindFirst(m_table.rows, m_list.index, {{key, m_table.rows.Fields(owner.key)}}),
-        shell::vdNullCheckText(records.Fields(owner.code)),
-        shell::vdNullCheckText(records.Fields(owner.name))};
+    return PrintedRows{shell::vdFindFirst(rows, described.index, {{key, rows.Fields(owner.key)}}),
+                       shell::vdNullCheckText(records.Fields(owner.code)),
+                       shell::vdNullCheckText(records.Fields(owner.name))};
+}
+
+ListReport::ListReport(PrintedList list, data::Database& database)
+    : m_list(describe(list)), m_rows(database.OpenRecordset(m_list.table)) {
+    if (std::ranges::any_of(m_list.columns, &PrintedColumn::isOfItem)) {
+        m_items = database.OpenRecordset(itemTable);
+        m_items.Index(itemKey);
+    }
+    for (const PrintedColumn& column : m_list.columns) {
+        const data::Recordset& rows = column.isOfItem() ? m_items : m_rows;
+        m_cells.push_back({column, rows.Fields(column.field)});
+    }
 }
 
 bool ListReport::print(search_print::ReportView& view, search_print::VSPrinter& printer, int savedOrientation,
@@ -57,27 +58,27 @@ void ListReport::printRows(search_print::ReportView& view, search_print::VSPrint
     ListPages pages(view, printer, m_list, {rows.code, rows.name});
     std::vector<std::string> texts(m_cells.size());
     bool more = goToFirstRow(rows);
-    while (more && shell::vdRecordOK(m_table.rows, m_key)) {
+    while (more && shell::vdRecordOK(m_rows, m_key)) {
         const bool itemFound = findItem();
         std::ranges::transform(m_cells, texts.begin(),
                                [&](const Cell& cell) { return textOf(cell, itemFound); });
         pages.addRow(texts);
         more = view.keepPrinting();
         if (more)
-            m_table.rows.MoveNext();
+            m_rows.MoveNext();
     }
 }
 
 /// Whether there is one.
 bool ListReport::goToFirstRow(const PrintedRows& rows) {
-    m_table.rows.Index(m_list.index);
+    m_rows.Index(m_list.index);
     m_key.clear();
     if (m_list.owner == nullptr)
         return true;
     if (shell::vdIsBlank(rows.firstRow))
         return false;
-    m_table.rows.Bookmark(rows.firstRow);
-    const data::Field key = m_table.rows.Fields(m_list.owner->key);
+    m_rows.Bookmark(rows.firstRow);
+    const data::Field key = m_rows.Fields(m_list.owner->key);
     m_key.push_back({shell::vdNullCheck(key), key});
     return true;
 }
@@ -86,7 +87,7 @@ bool ListReport::goToFirstRow(const PrintedRows& rows) {
 bool ListReport::findItem() {
     if (!m_items.isOpen())
         return false;
-    m_items.Seek("=", {shell::vdNullCheck(m_table.rows.Fields(itemKey))});
+    m_items.Seek("=", {shell::vdNullCheck(m_rows.Fields(itemKey))});
     return !m_items.NoMatch();
 }
 

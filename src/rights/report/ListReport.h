@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/OpenTable.h"
+#include "data/Database.h"
+#include "data/Recordset.h"
 #include "rights/report/PrintedList.h"
 #include "search_print/document/ReportView.h"
 #include "search_print/document/VSPrinter.h"
@@ -19,15 +20,15 @@ struct PrintedRows {
     std::string code = {}, name = {}; ///< of the record to which they belong
 };
 
-/// A list of the network database as a report. It holds the database open as long as it lives.
+/// The rows of the record with that code or user name; nothing where there is no such record. Only for a list
+/// whose rows belong to a record. Run-time errors pass through.
+std::optional<PrintedRows> rowsOf(PrintedList list, data::Database& database, const std::string& code);
+
+/// A list of the network database as a report. It holds its tables open as long as it lives.
 class ListReport {
   public:
-    /// Opens the database file. Run-time errors pass through.
-    ListReport(PrintedList list, const std::string& file);
-
-    /// The rows of the record with that code or user name; nothing where there is no such record. Only of a
-    /// list whose rows belong to a record.
-    std::optional<PrintedRows> rowsOf(const std::string& code);
+    /// Run-time errors pass through.
+    ListReport(PrintedList list, data::Database& database);
 
     /// Draws the list as a document of the printer, without a page where it has no row. The orientation is
     /// put back to `savedOrientation` at the end. Tells the view its progress and asks it once per row
@@ -48,7 +49,7 @@ class ListReport {
     [[nodiscard]] std::string textOf(const Cell& cell, bool itemFound) const;
 
     const PrintedListDescription& m_list;
-    data::OpenTable m_table;
+    data::Recordset m_rows;
     data::Recordset m_items; // open where the rows name items
     std::vector<Cell> m_cells;
     shell::KeyPairs m_key; // what all printed rows share; none: the whole table is printed

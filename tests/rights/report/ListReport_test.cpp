@@ -3,6 +3,7 @@
 
 #include "../../search_print/document/Drawn.h"
 #include "../../search_print/document/SeenView.h"
+#include "data/DBEngine.h"
 #include "platform/System.h"
 #include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"
@@ -40,14 +41,18 @@ class ListReportTest : public testing::Test {
     }
     ~ListReportTest() override { platform::setClock({}); }
 
+    data::Database& network() {
+        if (!m_network.isOpen())
+            m_network = m_workspace.OpenDatabase(tables.file);
+        return m_network;
+    }
     bool print(PrintedList list) {
-        return ListReport(list, tables.file).print(view, printer, orientationLandscape);
+        return ListReport(list, network()).print(view, printer, orientationLandscape);
     }
     /// The rows of the record with that code.
     bool print(PrintedList list, const std::string& code) {
-        ListReport report(list, tables.file);
-        const std::optional<PrintedRows> rows = report.rowsOf(code);
-        return rows && report.print(view, printer, orientationLandscape, *rows);
+        const std::optional<PrintedRows> rows = rowsOf(list, network(), code);
+        return rows && ListReport(list, network()).print(view, printer, orientationLandscape, *rows);
     }
     /// The texts of a page, from the title on.
     std::vector<std::string> body(int page = 1) {
@@ -74,6 +79,10 @@ class ListReportTest : public testing::Test {
     NetworkTables tables;
     SeenView view;
     VSPrinter printer{paperA4};
+
+  private:
+    data::Workspace m_workspace = data::DBEngine::CreateWorkspace("wksTEST");
+    data::Database m_network;
 };
 
 TEST_F(ListReportTest, ModulesAreListedByTheirCode) {
@@ -269,10 +278,10 @@ TEST_F(ListReportTest, ARecordWithoutRowsIsADocumentWithoutPages) {
 TEST_F(ListReportTest, ARecordThatIsNotThereHasNoRows) {
     tables.modules.add({{"PAY", "Payroll"}});
     addItems("ACC", 2);
-    EXPECT_FALSE(ListReport(PrintedList::AccessItems, tables.file).rowsOf("ACC"));
-    EXPECT_FALSE(ListReport(PrintedList::AccessItems, tables.file).rowsOf(""));
-    EXPECT_FALSE(ListReport(PrintedList::TemplateItems, tables.file).rowsOf("CLERK"));
-    EXPECT_FALSE(ListReport(PrintedList::UserRights, tables.file).rowsOf("jo"));
+    EXPECT_FALSE(rowsOf(PrintedList::AccessItems, network(), "ACC"));
+    EXPECT_FALSE(rowsOf(PrintedList::AccessItems, network(), ""));
+    EXPECT_FALSE(rowsOf(PrintedList::TemplateItems, network(), "CLERK"));
+    EXPECT_FALSE(rowsOf(PrintedList::UserRights, network(), "jo"));
 }
 
 TEST_F(ListReportTest, AnItemThatIsGoneIsALineOfQuestionMarks) {
@@ -330,12 +339,10 @@ TEST_F(ListReportTest, NullInTheRowsOfARecordIsPrintedAsItsTypesBlank) {
 
 TEST_F(ListReportTest, TheFirstRowTellsWhoseRowsArePrinted) {
     tables.templateItems.add({{7, 1, true}, {7, 2, true}, {8, 3, true}});
-    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
-    data::Database database = workspace.OpenDatabase(tables.file);
-    data::Recordset rows = database.OpenRecordset("URTITEMS");
+    data::Recordset rows = network().OpenRecordset("URTITEMS");
     rows.Index("URTITEMS");
     rows.MoveNext();
-    ListReport report(PrintedList::TemplateItems, tables.file);
+    ListReport report(PrintedList::TemplateItems, network());
     EXPECT_TRUE(report.print(view, printer, orientationPortrait, {rows.Bookmark(), "HANDED", "Over"}));
     EXPECT_EQ(view.rows, 1) << "from that row to the last of its template";
     EXPECT_THAT(body(), IsSupersetOf({" URT Code: HANDED", "Description: Over"}));
@@ -345,12 +352,10 @@ TEST_F(ListReportTest, TheFirstRowTellsWhoseRowsArePrinted) {
 
 TEST_F(ListReportTest, AFirstRowThatIsGoneIsAnError) {
     tables.templateItems.add({{7, 1, true}});
-    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
-    data::Database database = workspace.OpenDatabase(tables.file);
-    data::Recordset rows = database.OpenRecordset("URTITEMS");
+    data::Recordset rows = network().OpenRecordset("URTITEMS");
     const std::string mark = rows.Bookmark();
     rows.Delete();
-    ListReport report(PrintedList::TemplateItems, tables.file);
+    ListReport report(PrintedList::TemplateItems, network());
     EXPECT_EQ(errorOf([&] { report.print(view, printer, orientationPortrait, {mark}); }),
               runtime::errRecordDeleted);
 }
@@ -379,7 +384,7 @@ TEST_F(ListReportTest, GoesOnWhenItsRowsGo) {
       private:
         const TestTable& m_table;
     } deletes(tables.users);
-    ListReport(PrintedList::Users, tables.file).print(deletes, printer, orientationPortrait);
+    ListReport(PrintedList::Users, network()).print(deletes, printer, orientationPortrait);
     EXPECT_EQ(deletes.rows, 4);
     EXPECT_THAT(person.boxes, IsEmpty());
 }
@@ -399,7 +404,7 @@ TEST_F(ListReportTest, APrinterThatCanNotBeUsedLeavesAnEmptyDocument) {
 
 TEST_F(ListReportTest, PrintedTwiceItIsTheSame) {
     addUsers(40);
-    ListReport report(PrintedList::Users, tables.file);
+    ListReport report(PrintedList::Users, network());
     report.print(view, printer, orientationPortrait);
     const std::vector<std::string> first = drawn(printer, 2);
     report.print(view, printer, orientationPortrait);
@@ -408,15 +413,13 @@ TEST_F(ListReportTest, PrintedTwiceItIsTheSame) {
 }
 
 TEST_F(ListReportTest, HoldsItsTablesOpenAndLetsThemGo) {
-    data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
-    data::Database database = workspace.OpenDatabase(tables.file);
     {
-        const ListReport report(PrintedList::UserRights, tables.file);
-        EXPECT_EQ(errorOf([&] { database.TableDefs().Delete("USERRIGHTS"); }), runtime::errTableInUse);
-        EXPECT_EQ(errorOf([&] { database.TableDefs().Delete("USERACCESSITEMS"); }), runtime::errTableInUse);
+        const ListReport report(PrintedList::UserRights, network());
+        EXPECT_EQ(errorOf([&] { network().TableDefs().Delete("USERRIGHTS"); }), runtime::errTableInUse);
+        EXPECT_EQ(errorOf([&] { network().TableDefs().Delete("USERACCESSITEMS"); }), runtime::errTableInUse);
     }
-    database.TableDefs().Delete("USERRIGHTS");
-    database.TableDefs().Delete("USERACCESSITEMS");
+    network().TableDefs().Delete("USERRIGHTS");
+    network().TableDefs().Delete("USERACCESSITEMS");
 }
 
 /// The printed lists with what each of them reads.
@@ -451,13 +454,8 @@ class ListReportNeeds : public ListReportTest {
         const rights::PrintedListDescription& description = rights::describe(list);
         PrintedRows rows;
         if (description.owner != nullptr)
-            rows.firstRow = data::OpenTable("wksTEST", tables.file, description.table).rows.Bookmark();
-        ListReport(list, tables.file).print(view, printer, orientationPortrait, rows);
-    }
-    void change(const std::function<void(data::Database&)>& work) {
-        data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
-        data::Database database = workspace.OpenDatabase(tables.file);
-        work(database);
+            rows.firstRow = network().OpenRecordset(description.table).Bookmark();
+        ListReport(list, network()).print(view, printer, orientationPortrait, rows);
     }
 };
 
@@ -468,40 +466,28 @@ TEST_F(ListReportNeeds, AllArePrintedWhenEverythingIsThere) {
     }
 }
 
-TEST_F(ListReportNeeds, AMissingFileIsAnError) {
-    folder.remove("ZOVNET.MDB");
-    for (const Needs& needs : allNeeds)
-        EXPECT_EQ(errorOf([&] { ListReport(needs.list, tables.file); }), runtime::errDatabaseNotFound);
-}
-
 TEST_F(ListReportNeeds, AMissingTableIsAnError) {
     for (const Needs& needs : allNeeds) {
-        change([&](data::Database& database) { database.TableDefs()(needs.table).Name("AWAY"); });
-        EXPECT_EQ(errorOf([&] { ListReport(needs.list, tables.file); }), runtime::errTableNotFound)
+        network().TableDefs()(needs.table).Name("AWAY");
+        EXPECT_EQ(errorOf([&] { ListReport(needs.list, network()); }), runtime::errTableNotFound)
             << needs.table;
-        change([&](data::Database& database) { database.TableDefs()("AWAY").Name(needs.table); });
+        network().TableDefs()("AWAY").Name(needs.table);
     }
 }
 
 TEST_F(ListReportNeeds, AMissingFieldIsAnError) {
     for (const Needs& needs : allNeeds)
         for (const char* field : needs.fields) {
-            change([&](data::Database& database) {
-                data::TableDef table = database.TableDefs()(needs.table);
-                table.Fields()(field).Name("AWAY");
-            });
+            network().TableDefs()(needs.table).Fields()(field).Name("AWAY");
             EXPECT_EQ(errorOf([&] { printAll(needs.list); }), runtime::errItemNotFound)
                 << needs.table << ": " << field;
-            change([&](data::Database& database) {
-                data::TableDef table = database.TableDefs()(needs.table);
-                table.Fields()("AWAY").Name(field);
-            });
+            network().TableDefs()(needs.table).Fields()("AWAY").Name(field);
         }
 }
 
 TEST_F(ListReportNeeds, AMissingIndexIsAnError) {
     const auto remove = [&](const char* table, const char* index) {
-        change([&](data::Database& database) { database.TableDefs()(table).Indexes().Delete(index); });
+        network().TableDefs()(table).Indexes().Delete(index);
     };
     remove("USERACCESSITEMS", "UAITAG");
     for (const PrintedList list : {PrintedList::TemplateItems, PrintedList::UserRights})
