@@ -31,6 +31,9 @@ RightsCommand::RightsCommand(CLI::App& program)
     app().footer(closing);
     for (CommandFactory* make : commands)
         m_commands.push_back(make(app()));
+#if TOL_PDF
+    m_commands.push_back(printCommand(app()));
+#endif
 }
 
 ExitStatus RightsCommand::execute() {

@@ -7,5 +7,6 @@ namespace tol::ctl {
 
 /// The commands below `rights`; RightsCommand lists them.
 CommandFactory modulesCommand, itemsCommand, templatesCommand, templateCommand, usersCommand, userCommand;
+CommandFactory printCommand; // only in a build with Qt, which draws the reports
 
 } // namespace tol::ctl
