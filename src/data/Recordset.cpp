@@ -69,6 +69,10 @@ std::int64_t Recordset::RecordCount() const {
     return core().recordCount();
 }
 
+bool Recordset::IsEmpty() const {
+    return core().isEmpty();
+}
+
 bool Recordset::AtBOF() const {
     return core().atBOF();
 }

@@ -48,6 +48,9 @@ class Recordset {
     [[nodiscard]] Field Fields(int position) const { return Fields()(position); }
 
     [[nodiscard]] std::int64_t RecordCount() const;
+    /// Whether the table has no record. Cheap enough to be asked at every key and in every walk; a change by
+    /// another process may be noticed a millisecond late.
+    [[nodiscard]] bool IsEmpty() const;
     [[nodiscard]] bool AtBOF() const;
     [[nodiscard]] bool AtEOF() const;
     [[nodiscard]] bool NoMatch() const;
@@ -68,7 +71,8 @@ class Recordset {
     [[nodiscard]] std::string Bookmark() const;
     void Bookmark(std::string_view mark);
 
-    /// Compares with "=" or ">="; up to one key for each field of the index, fewer are allowed. 3019
+    /// Compares with "=", ">=" or "<=", which finds the last record at or before the keys; up to one key
+    /// for each field of the index, fewer are allowed. 3019
     /// without an index, 3001 for another comparison or too many keys. A miss sets NoMatch and leaves no
     /// current record.
     void Seek(std::string_view comparison, std::initializer_list<runtime::Value> keys);

@@ -29,6 +29,8 @@ SeekOperator seekOperator(std::string_view comparison) {
         return SeekOperator::Equal;
     if (comparison == ">=")
         return SeekOperator::GreaterOrEqual;
+    if (comparison == "<=")
+        return SeekOperator::LessOrEqual;
     runtime::raise(runtime::errInvalidArgument);
 }
 
@@ -88,6 +90,10 @@ void RecordsetCore::alter(const TableChange& change) {
 
 std::int64_t RecordsetCore::recordCount() const {
     return cursor().count();
+}
+
+bool RecordsetCore::isEmpty() const {
+    return cursor().isEmpty();
 }
 
 bool RecordsetCore::noMatch() const {

@@ -39,6 +39,7 @@ class RecordsetCore {
     void alter(const TableChange& change);
 
     [[nodiscard]] std::int64_t recordCount() const;
+    [[nodiscard]] bool isEmpty() const;
     [[nodiscard]] bool atBOF() const { return isOff(Place::BeforeFirst); }
     [[nodiscard]] bool atEOF() const { return isOff(Place::BehindLast); }
     [[nodiscard]] bool noMatch() const;

@@ -127,17 +127,18 @@ class RandomOperations : public DataTest {
 
     void seek(std::size_t at) {
         const auto fields = model.keyFields(wanted[at].index());
-        const bool orGreater = upTo(2) == 0;
+        constexpr const char* comparisons[] = {"=", ">=", "<="};
+        const char* comparison = comparisons[upTo(3)];
         Row keys;
         for (std::uint32_t i = 0;
              i <= upTo(static_cast<std::uint32_t>(std::max<std::size_t>(1, fields.size()))); ++i)
             keys.push_back(fields.empty() ? Value(1)
                                           : randomValue(fields[std::min<std::size_t>(i, fields.size() - 1)]));
         keys.resize(std::min(keys.size(), std::max<std::size_t>(1, fields.size())));
-        const int error = errorOf([&] { rows[at].Seek(orGreater ? ">=" : "=", keys); });
+        const int error = errorOf([&] { rows[at].Seek(comparison, keys); });
         ASSERT_EQ(error, fields.empty() ? 3019 : 0);
         if (error == 0)
-            wanted[at].seek(orGreater, keys);
+            wanted[at].seek(comparison, keys);
     }
 
     void goToBookmark(std::size_t at) {

@@ -83,6 +83,27 @@ TEST_P(RecordsetSeek, FindsTheFirstRecordAtOrAfterTheKeys) {
     EXPECT_EQ(found(rows, ">=", {"ZZZ"}), "-");
 }
 
+TEST_P(RecordsetSeek, FindsTheLastRecordAtOrBeforeTheKeys) {
+    Recordset rows = open("T");
+    rows.Index("KEYS");
+    EXPECT_EQ(found(rows, "<=", {"MAIN", "A", 2}), "MAINA2");
+    EXPECT_EQ(found(rows, "<=", {"MAIN", "A", 3}), "MAINA2");
+    EXPECT_EQ(found(rows, "<=", {"MAIN", "A"}), "MAINA2");
+    EXPECT_EQ(found(rows, "<=", {"MAIN", "B", 0}), "MAINA2");
+    EXPECT_EQ(found(rows, "<=", {"main"}), "MAINB2");
+    EXPECT_EQ(found(rows, "<=", {"NET", "B"}), "MAINB2");
+    EXPECT_EQ(found(rows, "<=", {"ZZZ"}), "ZOVA1");
+    EXPECT_EQ(found(rows, "<=", {"LAST"}), "-");
+    EXPECT_TRUE(rows.NoMatch());
+    EXPECT_EQ(found(rows, "<=", {"NET"}), "NETC7");
+    EXPECT_FALSE(rows.NoMatch());
+    rows.MovePrevious();
+    EXPECT_EQ(at(rows, "ROW"), "MAINB2");
+    rows.MoveNext();
+    rows.MoveNext();
+    EXPECT_EQ(at(rows, "ROW"), "ZOVA1");
+}
+
 TEST_P(RecordsetSeek, WalksOnFromTheRecordFound) {
     Recordset rows = open("T");
     rows.Index("KEYS");
@@ -106,7 +127,7 @@ TEST_P(RecordsetSeek, NeedsAnIndexAComparisonAndKeys) {
               "3019 Operation invalid without a current index.");
     rows.Index("BYN");
     rows.MoveLast();
-    for (const char* comparison : {"<", ">", "<=", "<>", "==", ""})
+    for (const char* comparison : {"<", ">", "<>", "==", ""})
         EXPECT_EQ(raised([&] { return rows.Seek(comparison, {1}); }), "3001 Invalid argument.") << comparison;
     EXPECT_EQ(raised([&] { return rows.Seek("=", {}); }), "3001 Invalid argument.");
     EXPECT_EQ(raised([&] { return rows.Seek("=", {1, 2}); }), "3001 Invalid argument.");
@@ -152,6 +173,12 @@ TEST_P(RecordsetSeek, FindsNull) {
     EXPECT_EQ(found(">=", {1, Null()}), "1Null");
     EXPECT_EQ(found(">=", {1, ""}), "1x");
     EXPECT_EQ(found(">=", {2}), "-");
+    EXPECT_EQ(found("<=", {Null()}), "Nullonly");
+    EXPECT_EQ(found("<=", {Null(), Null()}), "-");
+    EXPECT_EQ(found("<=", {1, ""}), "1Null");
+    EXPECT_EQ(found("<=", {1, Null()}), "1Null");
+    EXPECT_EQ(found("<=", {0}), "Nullonly");
+    EXPECT_EQ(found("<=", {1}), "1x");
 }
 
 TEST_P(RecordsetSeek, OrdersTextsWithoutRegardToCase) {

@@ -108,12 +108,16 @@ int RecordsetModel::setBookmark(int row) {
     return 0;
 }
 
-void RecordsetModel::seek(bool orGreater, std::span<const Value> keys) {
+void RecordsetModel::seek(std::string_view comparison, std::span<const Value> keys) {
     startWalk();
     m_place = Place::Nowhere;
-    for (const int row : inOrder()) {
+    std::vector<int> rows = inOrder();
+    m_forward = comparison != "<=";
+    if (!m_forward)
+        std::ranges::reverse(rows);
+    for (const int row : rows) {
         const int order = TableModel::compare(m_table->keys(m_index, m_table->rows().at(row)), keys);
-        if (orGreater ? order >= 0 : order == 0) {
+        if (order == 0 || (comparison == ">=" && order > 0) || (comparison == "<=" && order < 0)) {
             standOn(row);
             break;
         }

@@ -9,6 +9,7 @@
 #include <set>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tol::test {
@@ -65,7 +66,7 @@ class RecordsetModel {
     int moveNext() { return step(true); }
     int movePrevious() { return step(false); }
     int setBookmark(int row);
-    void seek(bool orGreater, std::span<const runtime::Value> keys);
+    void seek(std::string_view comparison, std::span<const runtime::Value> keys);
     /// Replaces the current row.
     int update(const Row& row);
     int remove();

@@ -204,14 +204,23 @@ void Cursor::storeKeys(std::span<const runtime::Value> keys) {
 bool Cursor::seek(SeekOperator op, std::span<const runtime::Value> keys) {
     m_rows->enter();
     storeKeys(keys);
+    if (op == SeekOperator::LessOrEqual)
+        return seekFrom(Direction::Backward);
     const bool equal = op == SeekOperator::Equal || keys.empty();
     if (const auto row = findInBatch(equal)) {
         m_walk = Direction::Forward;
         return stand(*row);
     }
+    if (!equal)
+        return seekFrom(Direction::Forward);
     startWalk(Direction::Forward, 1);
     const KeyRange equalKeys{keys.size(), KeyRange::Relation::Any};
-    return equal ? load({&equalKeys, 1}, m_keys) : load(rangesFrom(m_ahead.order(), m_keys), m_keys);
+    return load({&equalKeys, 1}, m_keys);
+}
+
+bool Cursor::seekFrom(Direction direction) {
+    startWalk(direction, 1);
+    return load(rangesFrom(m_ahead.order(), m_keys, direction), m_keys);
 }
 
 /// Nothing when no batch can tell.

@@ -14,7 +14,7 @@
 
 namespace tol::data {
 
-enum class SeekOperator { Equal, GreaterOrEqual };
+enum class SeekOperator { Equal, GreaterOrEqual, LessOrEqual };
 
 /// A walk over one table. It stands on a row or on none. A step continues from where the row stood
 /// when it was reached, even if the row has been changed or deleted since; a row that update() moved
@@ -35,8 +35,9 @@ class Cursor {
     bool last();
     bool next() { return step(Direction::Forward); }
     bool previous() { return step(Direction::Backward); }
-    /// Finds the first row whose leading key fields equal the keys, or come at or after them. There may
-    /// be fewer keys than the index has fields. The keys have the types of their fields.
+    /// Finds the first row whose leading key fields equal the keys, or come at or after them, or the last row
+    /// where they come at or before them. There may be fewer keys than the index has fields. The keys have
+    /// the types of their fields.
     bool seek(SeekOperator op, std::span<const runtime::Value> keys);
     /// Goes to the row of that bookmark; false when there is no such row (any more). 3159 for a text that
     /// is no bookmark.
@@ -76,6 +77,7 @@ class Cursor {
     void turn(Direction direction);
     bool stepInBatch();
     bool loadBehind();
+    bool seekFrom(Direction direction);
     std::optional<std::size_t> findInBatch(bool equal);
     void storeKeys(std::span<const runtime::Value> keys);
 

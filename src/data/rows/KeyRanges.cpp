@@ -33,10 +33,11 @@ std::vector<KeyRange> rangesBehind(const RowOrder& order, std::span<const Stored
     return ranges;
 }
 
-std::vector<KeyRange> rangesFrom(const RowOrder& order, std::span<const StoredValue> position) {
+std::vector<KeyRange> rangesFrom(const RowOrder& order, std::span<const StoredValue> position,
+                                 Direction direction) {
     std::vector<KeyRange> ranges;
     std::size_t term = position.size() - 1;
-    const bool ascending = ascends(order.terms[term], Direction::Forward);
+    const bool ascending = ascends(order.terms[term], direction);
     if (position[term].isNull()) {
         ranges.push_back({term, ascending ? Relation::Any : Relation::IsNull});
     } else {
@@ -45,7 +46,7 @@ std::vector<KeyRange> rangesFrom(const RowOrder& order, std::span<const StoredVa
             ranges.push_back({term, Relation::IsNull});
     }
     while (term-- > 0)
-        appendBehind(ranges, order, term, position[term], Direction::Forward);
+        appendBehind(ranges, order, term, position[term], direction);
     return ranges;
 }
 

@@ -13,8 +13,10 @@ namespace tol::data {
 /// comparison of whole rows does it in one, where keys may be Null or descend.)
 std::vector<KeyRange> rangesBehind(const RowOrder& order, std::span<const StoredValue> position,
                                    Direction direction);
-/// The rows whose leading keys come at or after a position of fewer terms, which are not none.
-std::vector<KeyRange> rangesFrom(const RowOrder& order, std::span<const StoredValue> position);
+/// The rows whose leading keys come at a position of fewer terms, which are not none, or after it; backward,
+/// at or before it.
+std::vector<KeyRange> rangesFrom(const RowOrder& order, std::span<const StoredValue> position,
+                                 Direction direction);
 
 /// Whether the field is a term of the order.
 bool usesField(const RowOrder& order, std::size_t field);

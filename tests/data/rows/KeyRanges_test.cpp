@@ -34,8 +34,9 @@ std::string behind(const RowOrder& order, const std::vector<StoredValue>& positi
     return described(rangesBehind(order, position, direction));
 }
 
-std::string from(const RowOrder& order, const std::vector<StoredValue>& position) {
-    return described(rangesFrom(order, position));
+std::string from(const RowOrder& order, const std::vector<StoredValue>& position,
+                 Direction direction = Direction::Forward) {
+    return described(rangesFrom(order, position, direction));
 }
 
 TEST(KeyRanges, AskForTheNearestRowsFirst) {
@@ -54,6 +55,14 @@ TEST(KeyRanges, FindTheFirstRowAtOrAfterFewerKeys) {
     EXPECT_EQ(from(byTwo(), {some}), "0 >=; ");
     EXPECT_EQ(from(byTwo(), {some, some}), "1 >=; 0 >; ");
     EXPECT_EQ(from(byTwo(), {none}), "0 any; ");
+}
+
+TEST(KeyRanges, FindTheLastRowAtOrBeforeFewerKeys) {
+    EXPECT_EQ(from(byTwo(), {some}, Direction::Backward), "0 <=; 0 null; ");
+    EXPECT_EQ(from(byTwo(), {some, some}, Direction::Backward), "1 <=; 1 null; 0 <; 0 null; ");
+    EXPECT_EQ(from(byTwo(), {some, none}, Direction::Backward), "1 null; 0 <; 0 null; ");
+    EXPECT_EQ(from(byTwo(), {none}, Direction::Backward), "0 null; ");
+    EXPECT_EQ(from(byTwo(true), {some}, Direction::Backward), "0 >=; ");
 }
 
 TEST(KeyRanges, TurnRoundWhereAKeyDescends) {
