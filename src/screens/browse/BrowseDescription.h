@@ -5,6 +5,7 @@
 #include "shell/vdfunctions/vdRecords.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,9 @@ namespace tol::screens {
 
 /// Where a text that is wider than its column is cut: names and paths differ at both ends.
 enum class TextCut { End, Middle };
+
+/// Where a text stands in its column.
+enum class TextAlign { Left, Right, Centre };
 
 /// A column of a list: an array of labels, one for each row, below a heading.
 struct BrowseColumn {
@@ -23,6 +27,7 @@ struct BrowseColumn {
     std::string field = {};
     std::function<std::string(data::Recordset&)> text = nullptr;
     TextCut cut = TextCut::End;
+    TextAlign align = TextAlign::Left;
 };
 
 /// The children of one parent record, as a list shows them.
@@ -35,9 +40,9 @@ struct BrowseSubset {
 
 /// All that sets one list apart from another.
 struct BrowseDescription {
-    std::string index = {};            ///< "" for stored order
-    std::vector<BrowseColumn> columns; ///< the first one holds the key
-    int descriptionColumn = 1;         ///< shows the two texts below
+    std::string index = {};                   ///< "" for stored order
+    std::vector<BrowseColumn> columns;        ///< the first one holds the key
+    std::optional<int> descriptionColumn = 1; ///< shows the two texts below; without, they are not shown
     int rows = 7;
     std::string endText = "End of List.";
     std::string emptyText = "List is Empty.";

@@ -86,7 +86,7 @@ void BrowseList::BrowseLoad() {
     } catch (const RuntimeError& error) {
         if (!tellsOfMark(error))
             throw;
-        load(); // somebody deleted the first record during the walk
+        load(); // somebody deleted a record that it leans on
     }
 }
 
@@ -103,7 +103,6 @@ void BrowseList::load() {
     fillPage();
 }
 
-/// Sets the order and goes to the first record of the list; false when it has none.
 bool BrowseList::goToFirst() {
     if (isSubset())
         return vdNotBlank(
@@ -112,34 +111,22 @@ bool BrowseList::goToFirst() {
     return !m_recordset.AtEOF();
 }
 
-/// Keys and clicks may come in at a yield, while the recordset is needed for the walk.
-void BrowseList::walkToLast() {
-    struct Loading {
-        explicit Loading(bool& flag) : m_flag(flag) { m_flag = true; }
-        Loading(const Loading&) = delete;
-        Loading& operator=(const Loading&) = delete;
-        ~Loading() { m_flag = false; }
-        bool& m_flag;
-    };
-    const Loading loading(m_loading);
-    while (BrowseRowValid()) {
-        mLastMark = m_recordset.Bookmark();
-        m_recordset.MoveNext();
-        runtime::host().doEvents();
-    }
-}
-
-/// The end of a whole table is known without a walk.
+/// Looked for from the end, so that it costs the same however many records there are.
 void BrowseList::findLast() {
-    if (isSubset())
-        return walkToLast();
-    m_recordset.MoveLast();
+    if (isSubset()) {
+        std::vector<runtime::Value> keys;
+        for (const shell::KeyPair& pair : m_description.subset.keys(m_recordset))
+            keys.push_back(pair.key);
+        m_recordset.Seek("<=", keys);
+        if (m_recordset.NoMatch() || !BrowseRowValid())
+            runtime::raise(runtime::errRecordDeleted); // the first one has gone, and no other was there
+    } else {
+        m_recordset.MoveLast();
+    }
     mLastMark = m_recordset.Bookmark();
 }
 
 void BrowseList::BrowseReload() {
-    if (m_loading) // the window was activated at a yield of the load, which finds the same
-        return;
     try {
         reload();
     } catch (const RuntimeError&) {
@@ -154,7 +141,8 @@ void BrowseList::reload() {
     if (isWithoutParent())
         return;
     mTopMark = mFirstMark = mLastMark = noMark;
-    reopen();
+    if (m_reopen)
+        reopen();
     if (goToFirst()) {
         mFirstMark = m_recordset.Bookmark();
         findLast();
@@ -182,12 +170,28 @@ void BrowseList::placeCurrent() {
     m_recordset.Bookmark(isRecord ? mCurMark : mLastMark);
     if (!BrowseRowValid())
         runtime::raise(runtime::errRecordDeleted); // it has become another parent's
-    for (; BrowseRowValid() && count >= 0; --count) {
+    for (; count >= 0 && BrowseRowValid(); --count) {
         mTopMark = m_recordset.Bookmark();
-        m_recordset.MovePrevious();
+        if (count > 0)
+            m_recordset.MovePrevious();
     }
     if (count >= 0)
         mRow = static_cast<std::int16_t>(mRow - (count + 1));
+}
+
+void BrowseList::setOrder(std::string index, std::optional<int> descriptionColumn) {
+    m_description.index = std::move(index);
+    m_description.descriptionColumn = descriptionColumn;
+}
+
+void BrowseList::showFrom(const std::string& mark) {
+    orAfresh([&] {
+        if (!goToFirst())
+            return showEmptyList();
+        mFirstMark = m_recordset.Bookmark();
+        findLast();
+        moveTo(mark);
+    });
 }
 
 void BrowseList::startOver() {
@@ -263,7 +267,7 @@ void BrowseList::fillPage() {
 // ---------------------------------------------------------------- moving
 
 void BrowseList::BrowseMove(int key) {
-    if (m_loading || (isSubset() ? isWithoutParent() : m_recordset.RecordCount() == 0))
+    if (isSubset() ? isWithoutParent() : m_recordset.IsEmpty())
         return;
     orAfresh([&] { move(key); });
 }
@@ -411,9 +415,7 @@ bool BrowseList::findRow() {
 // ---------------------------------------------------------------- clicks and keys
 
 void BrowseList::BrowseRowClick(int row) {
-    if (m_loading)
-        return;
-    if (m_rows.isBlank(row) || m_recordset.RecordCount() == 0)
+    if (m_rows.isBlank(row) || m_recordset.IsEmpty())
         return m_page.takeFocus();
     if (row == mRow)
         return act();
@@ -441,8 +443,6 @@ void BrowseList::BrowseKeyDown(int& key, int /*shift*/) {
     if (found == std::end(keys) || (found->action != nullptr && !(m_actions.*found->action)))
         return;
     const int code = std::exchange(key, keyNone);
-    if (m_loading)
-        return;
     if (found->move != keyNone)
         BrowseMove(found->move);
     else if (code == keyReturn)

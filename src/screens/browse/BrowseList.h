@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace tol::screens {
@@ -20,7 +21,7 @@ struct BrowseActions {
 /// recordset that is never loaded into memory. It knows only bookmarks: of the record in row 0, of the
 /// highlighted one (" " on the End of List row and in an empty list), of the first and the last one. It
 /// knows nothing of widgets. The recordset is the window's and is opened and closed by it, but
-/// BrowseReload closes it and opens it again with `reopen`.
+/// BrowseReload closes it and opens it again with `reopen`, if there is such.
 ///
 /// Others may change the table at any time. A move that meets a blank mark, or one whose record is gone,
 /// makes the list show itself afresh; it raises nothing.
@@ -32,12 +33,15 @@ class BrowseList {
     BrowseList& operator=(const BrowseList&) = delete;
     ~BrowseList() = default;
 
-    /// First fill, when the window opens. Yields while it walks to the last record of a subset; keys and
-    /// clicks that come meanwhile are passed over. A list without a parent is blank, with row 0 highlighted.
+    /// First fill, when the window opens. A list without a parent is blank, with row 0 highlighted.
     void BrowseLoad();
     /// Opens the table afresh and finds the position again: the highlighted record keeps its row where the
     /// table allows it. Errors lead to the first record and show no message.
     void BrowseReload();
+    /// Another index, and another column for the texts of a row without record; to be followed by BrowseLoad.
+    void setOrder(std::string index, std::optional<int> descriptionColumn);
+    /// Puts that record in row 0 and highlights it, after a look at where the list begins and ends now.
+    void showFrom(const std::string& mark);
     /// Repaints the page from the record in row 0.
     void BrowseFillPage();
     /// Moves the highlight: keyDown, keyUp, keyPageDown, keyPageUp, keyHome or keyEnd.
@@ -48,6 +52,8 @@ class BrowseList {
     /// Enter on the highlighted row: edit it, or add where there is none.
     void act();
 
+    /// Sets the order and goes to the first record of the list; false when it has none.
+    bool goToFirst();
     /// Whether the recordset stands on a record of this list.
     bool BrowseRowValid();
     /// What is on the page.
@@ -73,8 +79,6 @@ class BrowseList {
     void reload();
     void reopen();
     void startOver();
-    bool goToFirst();
-    void walkToLast();
     void findLast();
     void placeCurrent();
     void fillPage();
@@ -112,7 +116,6 @@ class BrowseList {
 
     std::string mTopMark = " ", mCurMark = " ", mFirstMark = " ", mLastMark = " ", mTempMark = " ";
     std::int16_t mRow = 0, mLastRow = 0, mCount = 0;
-    bool m_loading = false;
 };
 
 } // namespace tol::screens

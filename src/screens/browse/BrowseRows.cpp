@@ -32,7 +32,8 @@ void BrowseRows::BrowseClearRow(int row) {
 
 void BrowseRows::showText(int row, const std::string& text) {
     BrowseClearRow(row);
-    setCaption(row, m_description.descriptionColumn, text);
+    if (m_description.descriptionColumn)
+        setCaption(row, *m_description.descriptionColumn, text);
 }
 
 void BrowseRows::BrowseFillRow(int row, data::Recordset& recordset) {

@@ -2,6 +2,7 @@
 // A list whose records change: by its own edits, followed by a reload, and by others, between its keys.
 #include "ListTest.h"
 #include "runtime/RuntimeError.h"
+#include "shell/vdfunctions/vdNullCheck.h"
 #include "shell/vdfunctions/vdRecords.h"
 #include "support/Raises.h"
 
@@ -341,13 +342,16 @@ TEST_F(BrowseListOthers, RecordsPutBetweenTopAndHighlightDoNotPushItOffThePage) 
 
 TEST_F(BrowseListOthers, TheFirstRecordDeletedDuringTheLoadIsNotShown) {
     addNumbered(9);
-    make(subset());
-    page->shown = false;
-    person.onYield = [this] {
-        if (person.yields == 5)
+    screens::BrowseDescription description = subset();
+    description.columns[0].text = [this](data::Recordset& items) {
+        std::string code = shell::vdNullCheckText(items.Fields("CODE"));
+        if (std::exchange(page->shown, false)) { // while the first row is filled for the first time
             removeByOther("01");
+            static_cast<void>(items.Fields("NAME").Value());
+        }
+        return code;
     };
-    list->BrowseLoad();
+    make(description).BrowseLoad();
     EXPECT_EQ(current(), "02");
     EXPECT_EQ(drawing().front(), ">02 N02");
     EXPECT_EQ(drawing().back(), "09 N09");
