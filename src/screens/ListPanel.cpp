@@ -47,6 +47,11 @@ constexpr MoveButton moveButtons[] = {
 constexpr int buttonCount = std::size(moveButtons);
 constexpr int actionButton = buttonCount / 2;
 
+Qt::Alignment alignment(TextAlign align) {
+    constexpr Qt::AlignmentFlag sides[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+    return sides[static_cast<int>(align)] | Qt::AlignVCenter;
+}
+
 /// The border of the rows, set off while the list has the keyboard.
 class RowsFrame : public QWidget {
   public:
@@ -87,16 +92,17 @@ ListPanel::ListPanel(forms::Form& form, const BrowseDescription& description, co
       m_focusHolder(&forms::addScrollBar(
           form, place.focusHolder, place.caption,
           {place.left + border, place.top + headingHeight + border, focusHolderSize, focusHolderSize})) {
-    makeRows(description);
+    makeRows(description, place.coloredHeadings);
     makeButtons(place.buttons);
 }
 
-void ListPanel::makeRows(const BrowseDescription& description) {
+void ListPanel::makeRows(const BrowseDescription& description, bool coloredHeadings) {
     auto& frame = *new RowsFrame(m_form, *m_focusHolder);
     frame.setObjectName(m_focusHolder->objectName().replace("hsb", "fra"));
     m_rows.resize(m_rowCount);
     int left = m_left + border;
     for (const BrowseColumn& column : description.columns) {
+        makeHeading(column, left, coloredHeadings);
         makeColumn(column, left);
         m_columnLefts.push_back(left);
         left += column.width;
@@ -105,28 +111,34 @@ void ListPanel::makeRows(const BrowseDescription& description) {
     forms::place(frame, {m_left, m_top + headingHeight, left + border - m_left, rowsHeight()});
 }
 
-/// A heading's text begins where those of the rows do; blanks before it lie to the left.
-void ListPanel::makeHeading(const BrowseColumn& column, int left) {
+/// A heading's text begins where those of the rows do; blanks before it lie to the left, unless the heading
+/// is seen to end there.
+void ListPanel::makeHeading(const BrowseColumn& column, int left, bool colored) {
     const QString text = QString::fromStdString(column.heading);
     QLabel& heading = forms::addLabel(m_form, QString::fromStdString(column.headingLabel), text, {});
     forms::setTextSize(heading, 100, true);
     const auto letter = std::ranges::find_if(text, [](QChar c) { return c != u' '; });
-    const QString blanks = text.first(letter - text.begin());
+    const QString blanks = colored ? QString() : text.first(letter - text.begin());
     const int before = forms::toTwips(heading.fontMetrics().horizontalAdvance(blanks));
     forms::place(heading, {left - before, m_top, column.width + before, headingHeight});
     heading.setIndent(forms::toPixels(RowLabel::margin));
+    heading.setAlignment(alignment(column.align));
+    heading.setAutoFillBackground(colored);
     heading.setVisible(column.width > 0);
+    m_headings.push_back(&heading);
 }
 
 void ListPanel::makeColumn(const BrowseColumn& column, int left) {
-    makeHeading(column, left);
     for (int row = 0; row < m_rowCount; ++row) {
         auto& label = *new RowLabel(
             m_form, QString("%1(%2)").arg(QString::fromStdString(column.label)).arg(row), column.cut);
         forms::place(label, {left, rowTop(row), column.width, rowHeight});
+        label.setAlignment(alignment(column.align));
         label.setVisible(column.width > 0);
-        forms::onClick(label,
-                       [this, row, index = static_cast<int>(m_rows[row].size())] { clickRow(row, index); });
+        const int index = static_cast<int>(m_rows[row].size());
+        forms::onClick(
+            label, [this, row, index] { clickRow(row, index); },
+            [this, row, index] { doubleClickRow(row, index); });
         m_rows[row].push_back(&label);
     }
 }
@@ -176,6 +188,29 @@ void ListPanel::clickRow(int row, int column) {
     if (m_columnClicked)
         m_columnClicked(column);
     m_list->BrowseRowClick(row);
+}
+
+void ListPanel::doubleClickRow(int row, int column) {
+    clickRow(row, column);
+    if (m_doubleClicked && m_list != nullptr && m_list->row() == row)
+        m_doubleClicked();
+}
+
+void ListPanel::onHeadingClick(std::function<void(int)> procedure) {
+    for (int column = 0; column < static_cast<int>(m_headings.size()); ++column) {
+        forms::onClick(*m_headings[column], [this, column, procedure] {
+            if (!isInUse())
+                return;
+            procedure(column);
+            takeFocus();
+        });
+    }
+}
+
+void ListPanel::setHeadingColor(int column, QRgb color) {
+    QPalette palette = m_headings.at(column)->palette();
+    palette.setColor(QPalette::Window, QColor(color));
+    m_headings.at(column)->setPalette(palette);
 }
 
 void ListPanel::clickMove(int key) {

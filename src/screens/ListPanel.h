@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+class QLabel;
 class QPushButton;
 class QScrollBar;
 class QWidget;
@@ -30,6 +31,7 @@ struct ListPlace {
     QString focusHolder = "hsbMAIN";
     QString buttons = "cmdVDB"; ///< cmdVDBHOME, cmdVDBEND, ..., cmdVDBACTION
     QString caption = "List";   ///< what assistive technology calls the list
+    bool coloredHeadings = false;
 };
 
 /// A list's widgets on a form: headings, label arrays (an element is called "lblPATHNAME(3)"), the scroll bar
@@ -48,6 +50,13 @@ class ListPanel : public BrowsePage {
     /// What the action button does in place of the list's own action, and what its tool tip says. Without a
     /// procedure there is no such button.
     void setAction(const QString& description, forms::EventProcedure click);
+
+    /// Runs with the column of a heading that is clicked, before the list gets the focus back.
+    void onHeadingClick(std::function<void(int column)> procedure);
+    /// Runs when the highlighted row is clicked twice quickly, which the first click may have highlighted.
+    void onDoubleClick(forms::EventProcedure procedure) { m_doubleClicked = std::move(procedure); }
+    /// Of headings that are coloured.
+    void setHeadingColor(int column, QRgb color);
 
     /// Runs with the text of the highlighted row when that is announced.
     void onHighlight(std::function<void(const std::string& text)> procedure) {
@@ -77,13 +86,14 @@ class ListPanel : public BrowsePage {
     static constexpr int rowHeight = 315;
 
   private:
-    void makeRows(const BrowseDescription& description);
-    void makeHeading(const BrowseColumn& column, int left);
+    void makeRows(const BrowseDescription& description, bool coloredHeadings);
+    void makeHeading(const BrowseColumn& column, int left, bool colored);
     void makeColumn(const BrowseColumn& column, int left);
     void makeButtons(const QString& prefix);
     void enableButtons();
     [[nodiscard]] int rowsHeight() const;
     void clickRow(int row, int column);
+    void doubleClickRow(int row, int column);
     void clickMove(int key);
     void clickAction();
 
@@ -91,13 +101,14 @@ class ListPanel : public BrowsePage {
     int m_left, m_top;
     int m_rowCount;
     std::vector<int> m_columnLefts; ///< one more than there are columns
+    std::vector<QLabel*> m_headings;
     std::vector<std::vector<RowLabel*>> m_rows;
     QScrollBar* m_focusHolder = nullptr;
     std::vector<QPushButton*> m_buttons;
     BrowseList* m_list = nullptr;
     std::function<void(int)> m_columnClicked;
     std::function<void(const std::string&)> m_highlighted;
-    forms::EventProcedure m_action;
+    forms::EventProcedure m_action, m_doubleClicked;
 };
 
 } // namespace tol::screens

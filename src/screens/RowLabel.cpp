@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <utility>
+
 namespace tol::screens {
 
 RowLabel::RowLabel(QWidget& parent, const QString& name, TextCut cut) : QLabel(&parent), m_cut(cut) {
@@ -16,8 +18,8 @@ RowLabel::RowLabel(QWidget& parent, const QString& name, TextCut cut) : QLabel(&
 }
 
 void RowLabel::setBackColor(QRgb color) {
-    m_backColor = color;
-    update();
+    if (std::exchange(m_backColor, color) != color)
+        update();
 }
 
 void RowLabel::setTransparent() {
@@ -48,7 +50,7 @@ void RowLabel::paintEvent(QPaintEvent*) {
     if (!m_transparent)
         painter.fillRect(rect(), m_backColor);
     painter.setPen(Qt::black);
-    painter.drawText(textRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shownText());
+    painter.drawText(textRect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shownText());
 }
 
 } // namespace tol::screens

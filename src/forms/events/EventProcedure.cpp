@@ -12,28 +12,32 @@ namespace {
 
 class ClickFilter : public QObject {
   public:
-    ClickFilter(QWidget& control, EventProcedure procedure)
-        : QObject(&control), m_control(control), m_procedure(std::move(procedure)) {}
+    ClickFilter(QWidget& control, EventProcedure click, EventProcedure doubleClick)
+        : QObject(&control),
+          m_control(control),
+          m_click(std::move(click)),
+          m_doubleClick(doubleClick ? std::move(doubleClick) : m_click) {}
 
     bool eventFilter(QObject*, QEvent* event) override {
         // The second of two quick clicks goes down as a double click.
-        const bool down =
-            event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+        const bool isSecond = event->type() == QEvent::MouseButtonDblClick;
+        const bool down = isSecond || event->type() == QEvent::MouseButtonPress;
         if (!down && event->type() != QEvent::MouseButtonRelease)
             return false;
         const auto& mouse = *static_cast<QMouseEvent*>(event);
         if (mouse.button() != Qt::LeftButton)
             return false;
-        const bool pressed = std::exchange(m_pressed, down);
-        if (pressed && !m_pressed && m_control.rect().contains(mouse.position().toPoint()))
-            runEvent(m_control, m_procedure);
+        const EventProcedure* due =
+            std::exchange(m_due, down ? (isSecond ? &m_doubleClick : &m_click) : nullptr);
+        if (due != nullptr && !down && m_control.rect().contains(mouse.position().toPoint()))
+            runEvent(m_control, *due);
         return true;
     }
 
   private:
     QWidget& m_control;
-    EventProcedure m_procedure;
-    bool m_pressed = false;
+    EventProcedure m_click, m_doubleClick;
+    const EventProcedure* m_due = nullptr; ///< when the button goes up
 };
 
 } // namespace
@@ -46,8 +50,8 @@ void runEvent(QWidget& control, const EventProcedure& procedure) {
     guarded(procedure);
 }
 
-void onClick(QWidget& control, EventProcedure procedure) {
-    control.installEventFilter(new ClickFilter(control, std::move(procedure)));
+void onClick(QWidget& control, EventProcedure procedure, EventProcedure doubleClick) {
+    control.installEventFilter(new ClickFilter(control, std::move(procedure), std::move(doubleClick)));
 }
 
 } // namespace tol::forms

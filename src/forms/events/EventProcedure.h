@@ -16,7 +16,8 @@ using EventProcedure = std::function<void()>;
 void runEvent(QWidget& control, const EventProcedure& procedure);
 
 /// Has the procedure run when the left button goes down and up again on the control. A click on a control
-/// is not a click on what lies below it.
-void onClick(QWidget& control, EventProcedure procedure);
+/// is not a click on what lies below it. The second of two quick clicks runs `doubleClick` instead, if there
+/// is one.
+void onClick(QWidget& control, EventProcedure procedure, EventProcedure doubleClick = nullptr);
 
 } // namespace tol::forms
