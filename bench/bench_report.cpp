@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
-// A report of 10,000 rows, from the table to the PDF file, against Qt painting the same texts and boxes
+// Reports of 10,000 rows, from the table to the PDF file, against Qt painting the same texts and boxes
 // straight into a PDF writer.
+#include "PlainPages.h"
 #include "Ratio.h"
 #include "data/DBEngine.h"
 #include "data/sqlite/SqliteEngine.h"
 #include "definition_update/report/ActivityReport.h"
+#include "rights/report/ListReport.h"
 #include "search_print/document/PdfFile.h"
 
-#include <QFile>
 #include <QGuiApplication>
-#include <QPainter>
-#include <QPdfWriter>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fmt/format.h>
+#include <functional>
 
 namespace {
 
@@ -53,68 +53,44 @@ void makeLog(data::Database& database) {
     }
 }
 
-void draw(data::Recordset& log, search_print::VSPrinter& printer) {
-    NoWindow view;
-    update::printActivityLog(view, printer, log, printer.Orientation());
+void makeUsers(data::Database& database) {
+    database.CreateTable({"USERLIST",
+                          {{.name = "USERTAG", .type = data::dbLong},
+                           {.name = "UserName", .type = data::dbText, .size = 20},
+                           {.name = "REMARKS", .type = data::dbText, .size = 40},
+                           {.name = "ADMIN", .type = data::dbBoolean}},
+                          {{.name = "USERNAME", .fields = {"UserName"}}}});
+    data::Recordset users = database.OpenRecordset("USERLIST");
+    for (int row = 0; row < rowCount; ++row) {
+        users.AddNew();
+        users.Fields("USERTAG").Value(row + 1);
+        users.Fields("UserName").Value(fmt::format("user{:05}", row * 7 % rowCount));
+        users.Fields("REMARKS").Value(fmt::format("Yard office {}, second shift", row % 90));
+        users.Fields("ADMIN").Value(row % 20 == 0);
+        users.Update();
+    }
 }
 
-/// What the report consists of, as plain lists for the painter.
-struct PlainBox {
-    QRectF rectangle;
-    QPen pen;
-    QBrush brush;
-};
-struct PlainText {
-    QPointF baseline;
-    QString text;
-    const QFont* font;
-};
-struct PlainPage {
-    std::vector<PlainBox> boxes;
-    std::vector<PlainText> texts;
-};
+/// Draws a whole report as a document of the printer.
+using Draw = std::function<void(search_print::VSPrinter& printer)>;
 
-std::vector<PlainPage> plainPages(const search_print::PageList& list) {
-    std::vector<PlainPage> pages;
-    for (const search_print::Page& page : list.pages) {
-        PlainPage plain;
-        for (const search_print::Primitive& primitive : page.primitives) {
-            if (const auto* box = std::get_if<search_print::Box>(&primitive))
-                plain.boxes.push_back(
-                    {QRectF(QPointF(box->left, box->top), QPointF(box->right, box->bottom)),
-                     QPen(Qt::black, box->penWidth),
-                     box->fill == search_print::noFill ? QBrush(Qt::NoBrush) : QBrush(QColor(box->fill))});
-            if (const auto* text = std::get_if<search_print::Text>(&primitive)) {
-                const auto& font = list.font(text->font);
-                plain.texts.push_back({QPointF(text->x, text->y + font.ascent()), text->text, &font.font()});
-            }
-        }
-        pages.push_back(std::move(plain));
-    }
-    return pages;
-}
-
-void paintPlainly(const std::vector<PlainPage>& pages, const QString& file) {
-    QPdfWriter writer(file);
-    writer.setResolution(1440);
-    writer.setPageMargins({});
-    QPainter painter(&writer);
-    for (const PlainPage& page : pages) {
-        if (&page != &pages.front())
-            writer.newPage();
-        for (const PlainBox& box : page.boxes) {
-            painter.setPen(box.pen);
-            painter.setBrush(box.brush);
-            painter.drawRect(box.rectangle);
-        }
-        const QFont* font = nullptr;
-        for (const PlainText& text : page.texts) {
-            if (font != text.font)
-                painter.setFont(*text.font);
-            font = text.font;
-            painter.drawText(text.baseline, text.text);
-        }
-    }
+void measure(const std::string& name, const Draw& draw, const std::filesystem::path& folder) {
+    search_print::VSPrinter sample;
+    draw(sample);
+    const std::vector<bench::PlainPage> pages = bench::plainPages(sample.document());
+    const QString theirs = QString::fromStdString((folder / "theirs.pdf").string());
+    fmt::print("{}: {} rows, {} pages\n", name, rowCount, sample.PageCount());
+    bench::ratio(
+        "report to PDF / painting alone", pairs,
+        [&] {
+            search_print::VSPrinter printer;
+            draw(printer);
+            writePdf(printer.document(), printer.document().pages, folder / "ours.pdf",
+                     printer.documentTitle());
+        },
+        [&] { bench::paintPlainly(pages, theirs); });
+    search_print::VSPrinter printer;
+    fmt::print("  of it reading and drawing: {:.1f} ms\n", 1e3 * bench::seconds([&] { draw(printer); }));
 }
 
 } // namespace
@@ -128,26 +104,25 @@ int main(int count, char** words) {
     std::filesystem::create_directory(folder);
     {
         data::Workspace workspace = data::DBEngine::CreateWorkspace("wksBENCH");
-        data::Database database = workspace.CreateDatabase((folder / "ZOVDEF.MDB").string());
-        makeLog(database);
-        data::Recordset log = database.OpenRecordset("ACTIVITYLOG");
-        search_print::VSPrinter sample;
-        draw(log, sample);
-        const std::vector<PlainPage> pages = plainPages(sample.document());
-        const std::filesystem::path ours = folder / "ours.pdf";
-        const QString theirs = QString::fromStdString((folder / "theirs.pdf").string());
-        fmt::print("{} rows, {} pages\n", rowCount, sample.PageCount());
-        bench::ratio(
-            "report to PDF / painting alone", pairs,
-            [&] {
-                search_print::VSPrinter printer;
-                draw(log, printer);
-                writePdf(printer.document(), printer.document().pages, ours, printer.documentTitle());
+        data::Database definitions = workspace.CreateDatabase((folder / "ZOVDEF.MDB").string());
+        makeLog(definitions);
+        data::Database network = workspace.CreateDatabase((folder / "ZOVNET.MDB").string());
+        makeUsers(network);
+        NoWindow view;
+        measure(
+            "activity log",
+            [&](search_print::VSPrinter& printer) {
+                data::Recordset log = definitions.OpenRecordset("ACTIVITYLOG");
+                update::printActivityLog(view, printer, log, printer.Orientation());
             },
-            [&] { paintPlainly(pages, theirs); });
-        search_print::VSPrinter printer;
-        fmt::print("  of it reading and drawing: {:.1f} ms\n",
-                   1e3 * bench::seconds([&] { draw(log, printer); }));
+            folder);
+        measure(
+            "user list",
+            [&](search_print::VSPrinter& printer) {
+                rights::ListReport(rights::PrintedList::Users, network)
+                    .print(view, printer, printer.Orientation());
+            },
+            folder);
     }
     std::filesystem::remove_all(folder);
 }
