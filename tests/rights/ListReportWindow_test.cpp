@@ -36,17 +36,20 @@ using testing::IsSupersetOf;
 
 struct Shown {
     PrintedList list;
-    const char *window, *caption, *title;
+    const char *window, *caption, *title, *picture;
 };
 const std::vector<Shown> allLists = {
-    {PrintedList::Modules, "frmTOLMOD02", "Print the List of Modules", "Modules"},
-    {PrintedList::AccessItems, "frmTOLUAI02", "Print List of User Access Items", "User Access Items"},
+    {PrintedList::Modules, "frmTOLMOD02", "Print the List of Modules", "Modules", "print-modules"},
+    {PrintedList::AccessItems, "frmTOLUAI02", "Print List of User Access Items", "User Access Items",
+     "print-items"},
     {PrintedList::Templates, "frmTOLURT03", "Print the List of User Rights Templates",
-     "User Rights Templates"},
+     "User Rights Templates", "print-templates"},
     {PrintedList::TemplateItems, "frmTOLURT04", "Print List of User Rights Template Items",
-     "User Rights Template Items"},
-    {PrintedList::Users, "frmTOLURL03", "Print the List of User Rights Templates", "List of Users"},
-    {PrintedList::UserRights, "frmTOLURL04", "Print List of User Rights Items", "User Rights Items"},
+     "User Rights Template Items", "print-template-items"},
+    {PrintedList::Users, "frmTOLURL03", "Print the List of User Rights Templates", "List of Users",
+     "print-users"},
+    {PrintedList::UserRights, "frmTOLURL04", "Print List of User Rights Items", "User Rights Items",
+     "print-user-rights"},
 };
 
 class ListReportWindowTest : public testing::Test {
@@ -122,7 +125,7 @@ TEST_F(ListReportWindowTest, EachShowsItsReportAsItComesUp) {
             EXPECT_EQ(window.CmdExit().text(), "E&xit");
             EXPECT_TRUE(window.cmdBegin().isVisible());
             EXPECT_TRUE(window.preview().isVisible());
-            keepPicture(window, QString("list-report-%1").arg(shown.window));
+            keepPicture(window, shown.picture);
         }));
         EXPECT_EQ(forms::LoadedForms::Count(), 0);
     }
@@ -165,7 +168,7 @@ TEST_F(ListReportWindowTest, TurnsItsPagesByKeys) {
         EXPECT_EQ(window.preview().accessibleDescription(), "Page 2 of 3");
         QTest::keyClick(&window, Qt::Key_End);
         EXPECT_EQ(window.preview().accessibleDescription(), "Page 3 of 3");
-        keepPicture(window, "list-report-last-page");
+        keepPicture(window, "print-users-last-page");
         QTest::keyClick(&window, Qt::Key_Home);
         EXPECT_EQ(window.preview().accessibleDescription(), "Page 1 of 3");
     }));
@@ -191,7 +194,7 @@ TEST_F(ListReportWindowTest, EnlargedItShowsThePageByItsWidth) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return window.isMaximized(); }));
         EXPECT_EQ(window.cmdBegin().text(), "&Restore");
         EXPECT_EQ(window.printer().ZoomMode(), zoomPageWidth);
-        keepPicture(window, "list-report-enlarged");
+        keepPicture(window, "print-enlarged");
         QTest::mouseClick(&window.cmdBegin(), Qt::LeftButton);
         EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isMaximized(); }));
         EXPECT_EQ(window.cmdBegin().text(), "&Max View");
@@ -250,7 +253,7 @@ void expectNothingButExit(ReportWindow& window) {
     EXPECT_FALSE(window.cmdBegin().isVisible());
     EXPECT_FALSE(window.lblProcess().isVisible());
     EXPECT_FALSE(window.preview().isVisible());
-    keepPicture(window, "list-report-not-loaded");
+    keepPicture(window, "print-not-loaded");
     QTest::keyClick(&window, Qt::Key_P);
     QTest::keyClick(&window, Qt::Key_PageDown);
     QTest::keyClick(&window, Qt::Key_Escape);
