@@ -47,6 +47,20 @@ TEST_F(Click, ADoubleClickIsTwo) {
     EXPECT_EQ(onLabel, 2);
 }
 
+TEST_F(Click, TheSecondOfTwoQuickOnesRunsAProcedureOfItsOwn) {
+    int clicks = 0, doubleClicks = 0;
+    QLabel& other = addLabel(form, "lblOther", "text", {0, 600, 1500, 300});
+    onClick(
+        other, [&] { ++clicks; }, [&] { ++doubleClicks; });
+    other.show();
+    QTest::mouseDClick(form.windowHandle(), Qt::LeftButton, {}, other.geometry().center());
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(doubleClicks, 1);
+    QTest::mousePress(&other, Qt::LeftButton);
+    QTest::mouseRelease(&other, Qt::LeftButton, {}, {500, 500});
+    EXPECT_EQ(clicks, 1);
+}
+
 TEST_F(Click, IsNoneWhenTheButtonGoesUpElsewhere) {
     QTest::mousePress(&label, Qt::LeftButton);
     QTest::mouseRelease(&label, Qt::LeftButton, {}, {500, 500});
