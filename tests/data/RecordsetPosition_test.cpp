@@ -71,8 +71,10 @@ TEST_P(RecordsetPosition, TableThatAnotherRecordsetEmptiesIsAtBothEnds) {
     }
     EXPECT_TRUE(rows.AtBOF());
     EXPECT_TRUE(rows.AtEOF());
+    EXPECT_TRUE(rows.IsEmpty());
     EXPECT_EQ(rows.RecordCount(), 0);
     add(other, {{"N", 4}});
+    EXPECT_FALSE(rows.IsEmpty()) << "though it has not moved to the record yet";
     rows.MoveFirst();
     EXPECT_FALSE(rows.AtEOF());
     EXPECT_EQ(at(rows, "N"), "4");
