@@ -22,7 +22,7 @@ ListModel::Mark ListModel::markAt(int place) const {
 /// Behind the last record comes one row with the text, then blank ones.
 ListModel::Row ListModel::rowAt(int place) const {
     if (place == count())
-        return {" ", "End of List."};
+        return rowOf(endText);
     if (place > count())
         return {};
     const Record& record = records[static_cast<std::size_t>(place)];
@@ -34,9 +34,16 @@ void ListModel::paintFrom(int place) {
         page[i] = rowAt(place + static_cast<int>(i));
 }
 
+ListModel::Row ListModel::rowOf(const std::string& text) const {
+    Row result;
+    if (textColumn)
+        (*textColumn == 0 ? result.code : result.name) = text;
+    return result;
+}
+
 void ListModel::showOnly(const std::string& text) {
     std::ranges::fill(page, Row());
-    page[0].name = text;
+    page[0] = rowOf(text);
 }
 
 void ListModel::load() {
@@ -44,7 +51,7 @@ void ListModel::load() {
     first = current = top = markAt(0);
     last = records.empty() ? Mark() : markAt(count() - 1);
     if (records.empty())
-        showOnly("List is Empty.");
+        showOnly(emptyText);
     else
         paintFrom(0);
 }
@@ -59,7 +66,7 @@ void ListModel::reload() {
     last = markAt(count() - 1);
     if (!current && row == 0) {
         top = Mark();
-        return showOnly("End of List.");
+        return showOnly(endText);
     }
     const int begin = std::max(*place - row, 0);
     row = *place - begin;
@@ -69,7 +76,7 @@ void ListModel::reload() {
 
 void ListModel::fill() {
     if (!top)
-        showOnly(first ? "End of List." : "List is Empty.");
+        showOnly(first ? endText : emptyText);
     else if (const Place place = placeOf(top))
         paintFrom(*place);
     else
@@ -177,6 +184,12 @@ bool ListModel::jump(Mark mark) {
     row = 0;
     paintFrom(*place);
     return true;
+}
+
+void ListModel::showFrom(Mark mark) {
+    first = markAt(0);
+    last = markAt(count() - 1);
+    jump(mark);
 }
 
 /// Highlight and top go on by so many records, each at most to the list's end.

@@ -31,8 +31,12 @@ class ListModel {
     /// A move; `tableIsEmpty` when there is no record at all, children of others included.
     void press(int key, bool tableIsEmpty);
     void click(int clicked, bool tableIsEmpty);
+    /// Puts a record in row 0, highlighted.
+    void showFrom(Mark mark);
 
-    std::vector<Record> records; ///< of this list, in its order
+    std::string endText = "End of List.", emptyText = "List is Empty.";
+    std::optional<int> textColumn = 1; ///< where they stand: 0 or 1
+    std::vector<Record> records;       ///< of this list, in its order
     std::vector<Row> page;
     int row = 0;
     Mark current, top, first, last;
@@ -46,6 +50,7 @@ class ListModel {
     [[nodiscard]] Mark markAt(int place) const;
     [[nodiscard]] Row rowAt(int place) const;
     void paintFrom(int place);
+    [[nodiscard]] Row rowOf(const std::string& text) const;
     void showOnly(const std::string& text);
     void showAfresh();
 
