@@ -120,7 +120,8 @@ void ListPanel::makeHeading(const BrowseColumn& column, int left, bool colored) 
     const auto letter = std::ranges::find_if(text, [](QChar c) { return c != u' '; });
     const QString blanks = colored ? QString() : text.first(letter - text.begin());
     const int before = forms::toTwips(heading.fontMetrics().horizontalAdvance(blanks));
-    forms::place(heading, {left - before, m_top, column.width + before, headingHeight});
+    const int divider = colored ? 15 : 0;
+    forms::place(heading, {left - before, m_top, column.width + before - divider, headingHeight});
     heading.setIndent(forms::toPixels(RowLabel::margin));
     heading.setAlignment(alignment(column.align));
     heading.setAutoFillBackground(colored);

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int margin = 300, lineHeight = 270;
 constexpr int instructionTop = 150, titleTop = 1080, searchTop = 1380, listTop = 1830;
-constexpr int searchHeight = 345;
+constexpr int frameGap = 75;    // between the list's buttons and the frame around them
 constexpr int narrowest = 6600; // the longest instruction
 constexpr int buttonWidth = 1275, buttonHeight = 375;
 constexpr QRgb ActiveTitleColor = screens::rgb(210, 210, 210), TitleColor = screens::rgb(160, 160, 160),
@@ -90,8 +90,9 @@ void frmvdSearch::makeList() {
     m_panel->onHeadingClick([this](int column) { heading_Click(column); });
     m_lblInstructC->setVisible(m_search->isSearchable(1));
     showColumn(0); // whatever column the list is ordered by
-    forms::place(frame, {margin, listTop, m_panel->width(), m_panel->height()});
-    placeControls(std::max(m_panel->width(), narrowest), listTop + m_panel->height());
+    const int width = m_panel->width() + frameGap;
+    forms::place(frame, {margin, listTop, width, m_panel->height()});
+    placeControls(std::max(width, narrowest), listTop + m_panel->height());
 }
 
 /// The controls that have the list's width, and those below it.

@@ -65,16 +65,22 @@ std::string SearchTest::search(const SearchDescription& description, const std::
 }
 
 std::string SearchTest::search(const std::function<std::string()>& open, const std::function<void()>& act) {
-    QTimer::singleShot(0, &owner, [&] {
+    QTimer untilShown;
+    QObject::connect(&untilShown, &QTimer::timeout, [&] {
         QWidget* window = forms::LoadedForms::find("frmvdSearch");
-        ASSERT_NE(window, nullptr);
+        if (window == nullptr || !window->isVisible())
+            return; // a box comes before it
+        untilShown.stop();
         desk = std::make_unique<WindowDriver>(*window);
         act();
         if (window == forms::LoadedForms::find("frmvdSearch"))
             window->close();
         desk.reset();
     });
-    return open();
+    untilShown.start(0);
+    std::string result = open();
+    EXPECT_FALSE(untilShown.isActive()) << "the window did not come up";
+    return result;
 }
 
 std::vector<QString> SearchTest::shownLabels() const {
