@@ -23,12 +23,13 @@ inline double median(std::vector<double> values) {
 
 /// Runs ours and theirs in turn, so that a change of the machine's speed meets both, and prints the
 /// median times and the median of the ratios taken pair by pair. The first pair warms up and is not counted.
-inline double ratio(std::string_view name, int pairs, const std::function<void()>& ours,
-                    const std::function<void()>& theirs) {
+/// Both tell the seconds of what is to be compared.
+inline double ratioOf(std::string_view name, int pairs, const std::function<double()>& ours,
+                      const std::function<double()>& theirs) {
     std::vector<double> a, b, ratios;
     for (int pair = 0; pair <= pairs; ++pair) {
-        const double mine = seconds(ours);
-        const double other = seconds(theirs);
+        const double mine = ours();
+        const double other = theirs();
         if (pair == 0)
             continue;
         a.push_back(mine);
@@ -40,6 +41,13 @@ inline double ratio(std::string_view name, int pairs, const std::function<void()
                *std::max_element(ratios.begin(), ratios.end()));
     std::fflush(stdout);
     return median(ratios);
+}
+
+/// The same of all that they do.
+inline double ratio(std::string_view name, int pairs, const std::function<void()>& ours,
+                    const std::function<void()>& theirs) {
+    return ratioOf(
+        name, pairs, [&] { return seconds(ours); }, [&] { return seconds(theirs); });
 }
 
 } // namespace tol::bench
