@@ -41,6 +41,10 @@ bool sameName(std::string_view left, std::string_view right) {
     return runtime::sameText(runtime::trim(left), runtime::trim(right));
 }
 
+std::string nameKey(std::string_view name) {
+    return runtime::foldCase(runtime::trim(name));
+}
+
 const User* findUser(const std::vector<User>& users, std::string_view name) {
     const auto found =
         std::ranges::find_if(users, [&](const User& user) { return sameName(user.UserName, name); });

@@ -50,7 +50,8 @@ const Template* findTemplate(const std::vector<Template>& templates, std::string
 /// All items of that code; of that module only unless it is blank.
 std::vector<const AccessItem*> findItems(const std::vector<AccessItem>& items, std::string_view code,
                                          std::string_view module);
-/// Whether two texts name the same.
+/// Whether two texts name the same; and what all texts that do have in common.
 bool sameName(std::string_view left, std::string_view right);
+std::string nameKey(std::string_view name);
 
 } // namespace tol::rights
