@@ -13,6 +13,7 @@ enum class ExitStatus : int {
     NeedsAttention =
         3, ///< finished, but a database stayed incomplete, a folder is missing or a box reported trouble
     Stopped = 4, ///< broken off by the person, by a signal or by an answer
+    Found = 5,   ///< finished: what the command looks for is there, a difference or something amiss
 };
 
 /// Thrown by a command that can't go on, for another reason than a run-time error: what the person is told,

@@ -21,7 +21,8 @@ constexpr const char* purpose =
 
 constexpr const char* closing =
     "Exit status: 0 finished; 1 could not start; 2 wrong usage; 3 finished, but a database stayed\n"
-    "incomplete, a folder is missing or an error box was shown; 4 stopped.\n"
+    "incomplete, a folder is missing or an error box was shown; 4 stopped; 5 rights differ\n"
+    "from a template, or something is amiss in them.\n"
     "Drive letters in the data are folders: those in $TOL_DRIVES, else in \"drives\" of the current folder,\n"
     "else in tolvane/drives of the user's data folder.";
 

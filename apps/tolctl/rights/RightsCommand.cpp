@@ -12,8 +12,9 @@ constexpr const char* closing =
     "All of them work on the network database, which NETPATH.MDB of the current folder finds.";
 
 /// In the order of the help.
-constexpr CommandFactory* commands[] = {modulesCommand,  itemsCommand, templatesCommand,
-                                        templateCommand, usersCommand, userCommand};
+constexpr CommandFactory* commands[] = {modulesCommand, itemsCommand, templatesCommand, templateCommand,
+                                        usersCommand,   userCommand,  effectiveCommand, whoCommand,
+                                        diffCommand,    checkCommand, fillCommand,      applyCommand};
 
 /// tolctl rights: who may do what, by commands of its own.
 class RightsCommand : public Command {

@@ -6,7 +6,8 @@
 namespace tol::ctl {
 
 /// The commands below `rights`; RightsCommand lists them.
-CommandFactory modulesCommand, itemsCommand, templatesCommand, templateCommand, usersCommand, userCommand;
+CommandFactory modulesCommand, itemsCommand, templatesCommand, templateCommand, usersCommand, userCommand,
+    effectiveCommand, whoCommand, diffCommand, checkCommand, fillCommand, applyCommand;
 CommandFactory printCommand; // only in a build with Qt, which draws the reports
 
 } // namespace tol::ctl

@@ -92,15 +92,7 @@ Table templateItems(Database& database, const std::string& code) {
 Table userRights(Database& database, const std::string& name) {
     const rights::RightsTables tables = rights::readTables(database);
     const std::int32_t tag = namedUser(tables.users, name).USERTAG;
-    const rights::References references(tables);
-    std::vector<ListedItem> rows;
-    for (const rights::Right& row : tables.rights)
-        if (row.USERTAG == tag)
-            rows.push_back({references.shownItem(row.UAITAG), row.ALLOWED, row.URTTAG,
-                            references.shownTemplate(row.URTTAG)});
-    return tableOf(rows, itemColumns<ListedItem>() +
-                             std::vector{allowed(), column("URTTAG", "", &ListedItem::URTTAG),
-                                         column("URTCODE", "URT Code", &ListedItem::URTCODE)});
+    return tableOfRights(tables, [tag](const rights::Right& row) { return row.USERTAG == tag; });
 }
 
 /// Whether a list is of something that the command line names.
@@ -136,6 +128,19 @@ class ListCommand : public RightsQuestion {
 };
 
 } // namespace
+
+Table tableOfRights(const rights::RightsTables& tables,
+                    const std::function<bool(const rights::Right&)>& isWanted) {
+    const rights::References references(tables);
+    std::vector<ListedItem> rows;
+    for (const rights::Right& row : tables.rights)
+        if (isWanted(row))
+            rows.push_back({references.shownItem(row.UAITAG), row.ALLOWED, row.URTTAG,
+                            references.shownTemplate(row.URTTAG)});
+    return tableOf(rows, itemColumns<ListedItem>() +
+                             std::vector{allowed(), column("URTTAG", "", &ListedItem::URTTAG),
+                                         column("URTCODE", "URT Code", &ListedItem::URTCODE)});
+}
 
 std::unique_ptr<Command> modulesCommand(CLI::App& rights) {
     return std::make_unique<ListCommand>(rights,

@@ -23,11 +23,11 @@ void RightsQuestion::addModule(std::string& code, const std::string& help) {
     app().add_option("--module", code, help)->type_name("CODE");
 }
 
-ExitStatus RightsQuestion::answer(const Table& table, ExitStatus status) const {
+ExitStatus RightsQuestion::answer(const Table& table, ExitStatus status, ExitStatus unprinted) const {
     printTable(table, m_json ? TableFormat::Json : m_csv ? TableFormat::Csv : TableFormat::Columns);
     if (!std::cout.flush() && readerIsGone())
-        return ExitStatus::CouldNotStart;
-    return finishOutput() ? status : ExitStatus::CouldNotStart;
+        return unprinted;
+    return finishOutput() ? status : unprinted;
 }
 
 const rights::User& namedUser(const std::vector<rights::User>& users, const std::string& name) {

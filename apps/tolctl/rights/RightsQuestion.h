@@ -15,9 +15,10 @@ class RightsQuestion : public Command {
     /// Adds an argument that has to be given.
     void addArgument(const std::string& name, std::string& value, const std::string& help);
     void addModule(std::string& code, const std::string& help);
-    /// Prints the table and gives that status; another one where it can't be printed. A reader who has gone
+    /// Prints the table and gives that status; the other one where it can't be printed. A reader who has gone
     /// away needs no word about that.
-    [[nodiscard]] ExitStatus answer(const Table& table, ExitStatus status = ExitStatus::Finished) const;
+    [[nodiscard]] ExitStatus answer(const Table& table, ExitStatus status = ExitStatus::Finished,
+                                    ExitStatus unprinted = ExitStatus::CouldNotStart) const;
 
   private:
     bool m_json = false;
@@ -39,6 +40,10 @@ std::vector<ColumnOf<Row>> operator+(std::vector<ColumnOf<Row>> columns, std::ve
     columns.insert(columns.end(), more.begin(), more.end());
     return columns;
 }
+
+/// The rights that are wanted, with the template that each came from.
+Table tableOfRights(const rights::RightsTables& tables,
+                    const std::function<bool(const rights::Right&)>& isWanted);
 
 // What a command line names. They raise Failure when there is none.
 const rights::User& namedUser(const std::vector<rights::User>& users, const std::string& name);
