@@ -10,12 +10,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 #include <iostream>
 #include <map>
-#include <sstream>
 
 namespace tol::ctl {
 namespace {
@@ -37,19 +37,27 @@ struct WishLine {
     Verdict verdict = {};
 };
 
+/// All that is still to be read. What can't be read leaves the stream bad.
+std::string rest(std::istream& in) {
+    std::string text;
+    std::array<char, 65536> piece{};
+    while (in.read(piece.data(), piece.size()) || in.gcount() > 0)
+        text.append(piece.data(), static_cast<std::size_t>(in.gcount()));
+    stopIfInterrupted(); // a read that a signal broke off looks like the end of the text
+    return text;
+}
+
 /// The whole text of a file, or of standard input for "-".
 std::string textOf(const std::string& name) {
     std::ifstream file;
     if (name != "-")
         file.open(name, std::ios::binary);
-    std::ostringstream text;
-    if (file.good())
-        text << (name == "-" ? std::cin : file).rdbuf();
-    if (!file.good() || text.bad())
+    const bool isOpen = file.good();
+    std::string text = isOpen ? rest(name == "-" ? std::cin : file) : std::string();
+    if (!isOpen || file.bad())
         throw Failure{ExitStatus::CouldNotStart,
                       fmt::format("'{}' can't be read: {}.", name, std::strerror(errno))};
-    stopIfInterrupted(); // a read that a signal broke off looks like the end of the text
-    return text.str();
+    return text;
 }
 
 bool isHeader(const CsvRecord& record) {

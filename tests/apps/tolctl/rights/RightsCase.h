@@ -7,6 +7,8 @@
 #include "data/sqlite/SqliteEngine.h"
 #include "support/NetworkTables.h"
 
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <string>
 #include <vector>
@@ -50,6 +52,13 @@ class RightsCase {
     [[nodiscard]] Outcome run(std::vector<std::string> words, const std::string& input = "") const {
         words.insert(words.begin(), "rights");
         return m_case.run(words, input);
+    }
+    /// What a command prints as JSON that ends with that status.
+    [[nodiscard]] Json json(std::vector<std::string> words, int status = 0) const {
+        words.emplace_back("--json");
+        const Outcome outcome = run(words);
+        EXPECT_EQ(outcome.status, status) << outcome.err;
+        return Json::parse(outcome.out);
     }
     [[nodiscard]] const TempFolder& folder() const { return m_case.folder; }
 
