@@ -17,8 +17,6 @@
 namespace tol::jobsites {
 namespace {
 
-using runtime::Value;
-
 std::string question(data::Recordset& site) {
     return fmt::format("OK to Delete Job Site: {}  ?",
                        runtime::trim(shell::vdNullCheckText(site.Fields("PATHNAME"))));
@@ -32,7 +30,7 @@ std::string folded(const std::string& name) {
     return runtime::upperCase(name);
 }
 
-std::vector<std::pair<std::string, Value>> newTag() {
+screens::AddedValues newTag() {
     return {{"DBTAG", shell::vdGetNewTag(" ", "DBTAG", "DBPATHS.MDB", "DBTAGS", 0)}};
 }
 

@@ -3,6 +3,7 @@
 
 #include "forms/controls/Controls.h"
 #include "forms/controls/ListBox.h"
+#include "rights/model/SelectedModule.h"
 #include "runtime/Host.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
@@ -73,20 +74,9 @@ void frmTOLMODSEL::openTables() {
     m_settings = m_modules.database.OpenRecordset("NETSETTINGS");
 }
 
-/// The module that was chosen last; blank in a new network database.
-std::string frmTOLMODSEL::currentModule() {
-    if (m_settings.RecordCount() == 0) {
-        m_settings.AddNew();
-        m_settings.Fields("MODULEID").Value("   ");
-        m_settings.Update();
-    }
-    m_settings.MoveFirst();
-    return shell::vdNullCheckText(m_settings.Fields("MODULEID"));
-}
-
 void frmTOLMODSEL::fillList() {
     lstMODULEID->Clear();
-    const std::string current = currentModule();
+    const std::string current = selectedModule(m_settings);
     data::Recordset& modules = m_modules.rows;
     if (modules.RecordCount() == 0) {
         criticalBox("Module Table is Empty.\n\nAdd a Module First.", "Table Empty ");

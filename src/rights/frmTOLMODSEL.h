@@ -32,7 +32,6 @@ class frmTOLMODSEL : public forms::Form {
 
   private:
     void openTables();
-    std::string currentModule();
     void fillList();
     void cmdSelect_Click();
     void cmdCancel_Click();

@@ -17,20 +17,37 @@ bool isTaken(EditedField& edited, const std::string& index) {
 
 } // namespace
 
-EditCheck requiredCheck(std::string whenBlank) {
-    return [whenBlank = std::move(whenBlank)](EditedField& edited) {
-        return shell::vdIsBlank(edited.text) ? whenBlank : std::string();
+EditCheck requiredCheck(std::string whenBlank, Fold fold) {
+    return [whenBlank = std::move(whenBlank), fold](EditedField& edited) {
+        if (shell::vdIsBlank(edited.text))
+            return whenBlank;
+        if (fold != nullptr)
+            edited.setText(fold(edited.text));
+        return std::string();
     };
 }
 
-EditCheck uniqueKeyCheck(std::string index, std::string whenBlank, std::string whenDuplicate,
-                         std::string (*fold)(std::string_view)) {
-    return [index = std::move(index), whenBlank = std::move(whenBlank),
-            whenDuplicate = std::move(whenDuplicate), fold](EditedField& edited) {
-        if (shell::vdIsBlank(edited.text))
-            return whenBlank;
+EditCheck foldingCheck(Fold fold) {
+    return [fold](EditedField& edited) {
         edited.setText(fold(edited.text));
-        return isTaken(edited, index) ? whenDuplicate : std::string();
+        return std::string();
+    };
+}
+
+EditCheck uniqueKeyCheck(std::string index, std::string whenBlank, std::string whenDuplicate, Fold fold) {
+    return [required = requiredCheck(std::move(whenBlank), fold), index = std::move(index),
+            whenDuplicate = std::move(whenDuplicate)](EditedField& edited) {
+        std::string failure = required(edited);
+        return failure.empty() && isTaken(edited, index) ? whenDuplicate : failure;
+    };
+}
+
+EditCheck yesNoCheck(std::string whenBlank, std::string whenOther) {
+    return [required = requiredCheck(std::move(whenBlank), runtime::upperCase),
+            whenOther = std::move(whenOther)](EditedField& edited) {
+        std::string failure = required(edited);
+        const bool isOther = failure.empty() && edited.text != "Y" && edited.text != "N";
+        return isOther ? whenOther : failure;
     };
 }
 

@@ -180,6 +180,8 @@ void EditCycle::showBrowseButtons(bool show) {
     for (QPushButton* button : {m_buttons.cmdAdd, m_buttons.cmdEdit, m_buttons.cmdDelete, m_buttons.cmdPrint})
         if (button != nullptr)
             button->setVisible(show);
+    for (QPushButton* button : m_buttons.browseOnly)
+        button->setEnabled(show);
 }
 
 // Beginning and giving up.
@@ -345,8 +347,7 @@ void EditCycle::save() {
 void EditCycle::writeRecord() {
     data::Recordset& recordset = m_list.recordset();
     if (mMode == EditMode::Add) {
-        const auto added = m_description.added ? m_description.added()
-                                               : std::vector<std::pair<std::string, runtime::Value>>();
+        const AddedValues added = m_description.added ? m_description.added() : AddedValues();
         recordset.AddNew();
         for (const auto& [field, value] : added)
             recordset.Fields(field).Value(value);

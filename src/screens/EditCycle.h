@@ -33,6 +33,7 @@ struct EditButtons {
     QPushButton* cmdPrint = nullptr;
     QPushButton* cmdUpdate = nullptr;
     QPushButton* cmdExit = nullptr;
+    std::vector<QPushButton*> browseOnly = {}; ///< out of use, but in sight, while a record is edited
 };
 
 /// Adding, changing and deleting records in place: text boxes, hidden while the list is browsed, are moved

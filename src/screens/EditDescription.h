@@ -62,6 +62,9 @@ struct EditSideLabel {
     int column = 0;
 };
 
+/// Fields and what an added record has in them.
+using AddedValues = std::vector<std::pair<std::string, runtime::Value>>;
+
 /// All that sets one record edit apart from another.
 struct EditDescription {
     EditForm form = EditForm::FieldCheck;
@@ -72,8 +75,8 @@ struct EditDescription {
     std::function<bool()> mayAdd = nullptr;
     /// Runs when the boxes have their texts, before they appear.
     std::function<void(EditMode)> begin = nullptr;
-    /// Fields and values that an added record gets besides the boxes; asked for before AddNew.
-    std::function<std::vector<std::pair<std::string, runtime::Value>>()> added = nullptr;
+    /// What an added record gets besides the boxes; asked for before AddNew.
+    std::function<AddedValues()> added = nullptr;
     /// Writes what does not come from a box, in both modes, before Update.
     std::function<void(data::Recordset&, EditMode)> write = nullptr;
     /// Whether the check of the last box runs when cmdUpdate gets the focus rather than at its click.

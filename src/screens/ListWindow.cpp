@@ -62,6 +62,8 @@ void ListWindow::makeButtons() {
     for (const ListCommand& command : m_description.commands) {
         row.push_back(makeButton(command.name, command.caption, command.click));
         row.back()->setToolTip(QString::fromStdString(command.toolTip));
+        if (!command.whileEditing)
+            m_buttons.browseOnly.push_back(row.back());
     }
     row.insert(row.end(), {m_buttons.cmdUpdate, m_buttons.cmdExit});
     placeButtons(row);

@@ -14,10 +14,11 @@
 
 namespace tol::screens {
 
-/// A further button in a list window's row of buttons, in use in both states.
+/// A further button in a list window's row of buttons, in sight in both states.
 struct ListCommand {
     std::string name, caption, toolTip;
     forms::EventProcedure click;
+    bool whileEditing = true; ///< in use while a record is edited
 };
 
 /// All that sets one list window apart from another, but for what it does in its own event procedures.

@@ -11,6 +11,7 @@
 #include "search_print/ReportWindow.h"
 #include "support/KeepPicture.h"
 #include "support/ListWindowTest.h"
+#include "support/Visit.h"
 
 #include <gmock/gmock.h>
 
@@ -63,26 +64,6 @@ class JobSites : public ListWindowTest {
 TestTable::Row site(std::int32_t tag, const char* name, const char* path) {
     return {tag, name, path};
 }
-
-/// Pays one visit to a window that comes up over the list and waits to be closed. It may be drawing for a
-/// while before it is shown.
-template <typename Window>
-class Visit {
-  public:
-    explicit Visit(std::function<void(Window&)> act) {
-        m_look.callOnTimeout([this, act = std::move(act)] {
-            auto* shown = dynamic_cast<Window*>(QApplication::activeModalWidget());
-            if (shown == nullptr || !shown->isVisible())
-                return;
-            m_look.stop();
-            act(*shown);
-        });
-        m_look.start(5);
-    }
-
-  private:
-    QTimer m_look;
-};
 
 std::vector<TestTable::Row> eightSites() {
     std::vector<TestTable::Row> rows;

@@ -5,8 +5,9 @@
 
 namespace tol::test {
 
-ListWindowTest::ListWindowTest(std::vector<QString> columns) : m_columns(std::move(columns)) {
-    for (const QString& column : m_columns)
+ListWindowTest::ListWindowTest(std::vector<QString> columns, std::vector<QString> boxes)
+    : m_boxed(boxes.empty() ? columns : std::move(boxes)) {
+    for (const QString& column : columns)
         m_labels.push_back("lbl" + column);
     parent.setSize(11985, 9090);
     parent.show();
@@ -37,7 +38,7 @@ int ListWindowTest::highlight() const {
 }
 
 bool ListWindowTest::isEditing() const {
-    return desk->isShown("txt" + m_columns.front());
+    return desk->isShown("txt" + m_boxed.front());
 }
 
 void ListWindowTest::expectBox(const std::string& text, QMessageBox::Icon icon,
@@ -49,7 +50,7 @@ void ListWindowTest::expectBox(const std::string& text, QMessageBox::Icon icon,
 }
 
 void ListWindowTest::expectBoxesOver(int row) const {
-    for (const QString& column : m_columns) {
+    for (const QString& column : m_boxed) {
         const QRect box = desk->control("txt" + column).geometry();
         const QRect label = desk->control(QString("lbl%1(%2)").arg(column).arg(row)).geometry();
         EXPECT_EQ(box.topLeft(), label.topLeft()) << column.toStdString();

@@ -24,8 +24,9 @@ namespace tol::test {
 /// the list shows.
 class ListWindowTest : public testing::Test {
   protected:
-    /// `columns` are the list's label arrays without "lbl", in which the boxes over them are called likewise.
-    explicit ListWindowTest(std::vector<QString> columns);
+    /// `columns` are the list's label arrays without "lbl"; the boxes over them are called likewise. `boxes`
+    /// are those of them that have a box, if not all have one.
+    explicit ListWindowTest(std::vector<QString> columns, std::vector<QString> boxes = {});
 
     /// Opens a window as a child of the main window; the one last opened is the one looked at.
     void show(std::unique_ptr<forms::Form> made);
@@ -52,7 +53,7 @@ class ListWindowTest : public testing::Test {
     std::unique_ptr<WindowDriver> desk;
 
   private:
-    std::vector<QString> m_columns, m_labels;
+    std::vector<QString> m_boxed, m_labels;
 };
 
 } // namespace tol::test

@@ -36,6 +36,7 @@ struct BrowseSubset {
     std::function<shell::KeyPairs(data::Recordset&)> keys;
     /// Whether there is no parent; the list is then left alone.
     std::function<bool()> parentIsBlank;
+    std::string textWithoutParent = " "; ///< what the description column then says in row 0
 };
 
 /// All that sets one list apart from another.

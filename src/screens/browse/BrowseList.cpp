@@ -94,8 +94,10 @@ void BrowseList::load() {
     m_rows.clear();
     mRow = 0;
     mTopMark = mCurMark = mFirstMark = mLastMark = noMark;
-    if (isWithoutParent())
+    if (isWithoutParent()) {
+        m_rows.BrowseShowWithoutParent(mRow);
         return m_rows.BrowseRowOn(mRow);
+    }
     if (!goToFirst())
         return showEmptyList();
     mFirstMark = mTopMark = mCurMark = m_recordset.Bookmark();

@@ -17,6 +17,7 @@ class BrowseRows {
 
     void BrowseClearRow(int row);
     void BrowseShowEnd(int row) { showText(row, m_description.endText); }
+    void BrowseShowWithoutParent(int row) { showText(row, m_description.subset.textWithoutParent); }
     void BrowseShowEmpty(int row) { showText(row, m_description.emptyText); }
     void BrowseFillRow(int row, data::Recordset& recordset);
     void BrowseRowOn(int row);
