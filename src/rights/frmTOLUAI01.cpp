@@ -8,6 +8,7 @@
 #include "rights/model/SelectedModule.h"
 #include "runtime/Text.h"
 #include "screens/EditChecks.h"
+#include "search_print/vdSearchPresets.h"
 #include "shell/vdfunctions/vdLocation.h"
 #include "shell/vdfunctions/vdNullCheck.h"
 #include "shell/vdfunctions/vdTexts.h"
@@ -66,7 +67,12 @@ screens::ListWindowDescription frmTOLUAI01::description() {
                             .parentIsBlank = [this] { return !hasModule(); },
                             .textWithoutParent = "Select A Module First."}},
         .edit = edit(),
-        .commands = {{.name = "cmdSelect",
+        .commands = {{.name = "cmdSearch",
+                      .caption = "&Search",
+                      .toolTip = "Finds an item of the module",
+                      .click = [this] { cmdSearch_Click(); },
+                      .whileEditing = false},
+                     {.name = "cmdSelect",
                       .caption = "Select &Module",
                       .toolTip = "Lists the User Access Items of another module",
                       .click = [this] { cmdSelect_Click(); },
@@ -155,6 +161,16 @@ void frmTOLUAI01::cmdSelect_Click() {
         mModuleID = picker.chosenModule();
         selectModule(m_settings, mModuleID);
         LoadModuleList();
+    }
+    panel().takeFocus();
+}
+
+void frmTOLUAI01::cmdSearch_Click() {
+    const std::string found =
+        search_print::vdSearchUAIInModule(sNetPath, mModuleID, lblMODULENAME->text().toStdString());
+    if (shell::vdNotBlank(found)) {
+        list().setCurrent(found, 0);
+        list().BrowseReload();
     }
     panel().takeFocus();
 }

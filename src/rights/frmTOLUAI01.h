@@ -31,6 +31,7 @@ class frmTOLUAI01 : public screens::ListWindow {
     void LoadModuleList();
     void showModule();
     void cmdSelect_Click();
+    void cmdSearch_Click();
 
     std::string sNetPath;
     std::string mModuleID = " ";

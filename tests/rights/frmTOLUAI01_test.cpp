@@ -8,6 +8,7 @@
 #include "rights/frmTOLMOD01.h"
 #include "rights/frmTOLMODSEL.h"
 #include "search_print/ReportWindow.h"
+#include "search_print/frmvdSearch.h"
 #include "support/ReportReader.h"
 #include "support/Visit.h"
 
@@ -68,6 +69,7 @@ TEST_F(AccessItems, OfTheRememberedModuleAreListedInOrderOfTheirCodes) {
     EXPECT_EQ(desk->text("lblHUAICODE"), "UAI Code");
     EXPECT_EQ(desk->text("lblHDESC"), " Description");
     EXPECT_EQ(desk->text("lblHFORMNAME"), " Form Name");
+    EXPECT_EQ(desk->text("cmdSearch"), "&Search");
     EXPECT_EQ(desk->text("cmdSelect"), "Select &Module");
     EXPECT_EQ(desk->control<forms::TextBox>("txtUAICODE").MaxLength(), 8);
     EXPECT_EQ(desk->control<forms::TextBox>("txtDESC").MaxLength(), 50);
@@ -168,13 +170,63 @@ TEST_F(AccessItems, ASelectionIsRememberedThoughAnotherHasEmptiedTheTable) {
     EXPECT_THAT(net.settings.rows(), ElementsAre("ACC"));
 }
 
+// Searching.
+
+TEST_F(AccessItems, ASearchGoesToTheItem) {
+    for (int i = 0; i < 12; ++i)
+        net.accessItems.add(
+            {{10 + i, "PAY", "P" + std::to_string(10 + i), "Page " + std::to_string(10 + i), ""}});
+    openWith("PAY");
+    desk->press(Qt::Key_Down);
+    const Visit<search_print::frmvdSearch> visit([](search_print::frmvdSearch& search) {
+        const WindowDriver atSearch(search);
+        EXPECT_EQ(atSearch.text("lblSearchTitle"), "UAI Codes for Module: Payroll");
+        atSearch.type("page 18");
+        atSearch.press(Qt::Key_Return);
+    });
+    desk->click("cmdSearch");
+    EXPECT_EQ(page().front(), "P18|Page 18|");
+    EXPECT_EQ(highlight(), 0);
+    EXPECT_EQ(desk->focus(), "hsbMAIN");
+    desk->press(Qt::Key_E);
+    EXPECT_EQ(desk->text("txtUAICODE"), "P18");
+}
+
+TEST_F(AccessItems, ACancelledSearchChangesNothing) {
+    openWith("PAY");
+    desk->press(Qt::Key_Down);
+    const Visit<search_print::frmvdSearch> visit(
+        [](search_print::frmvdSearch& search) { WindowDriver(search).press(Qt::Key_Escape); });
+    desk->press(Qt::Key_S, Qt::AltModifier);
+    EXPECT_THAT(page(), ElementsAre("EDIT|Edit a slip|", "RUN|Run the payroll|FRMRUN", endRow));
+    EXPECT_EQ(highlight(), 1);
+    EXPECT_EQ(desk->focus(), "hsbMAIN");
+}
+
+TEST_F(AccessItems, ASearchWithoutAModuleFindsNothing) {
+    open();
+    bool searched = false;
+    const Visit<search_print::frmvdSearch> visit([&](search_print::frmvdSearch& search) {
+        searched = true;
+        WindowDriver(search).press(Qt::Key_Return);
+        WindowDriver(search).press(Qt::Key_Escape);
+    });
+    desk->click("cmdSearch");
+    EXPECT_TRUE(searched);
+    EXPECT_THAT(page(), ElementsAre(" |Select A Module First.| "));
+    EXPECT_EQ(desk->focus(), "hsbMAIN");
+}
+
 // The record would be another module's.
 TEST_F(AccessItems, NoModuleIsSelectedInTheMiddleOfAnEdit) {
     openWith("PAY");
     desk->press(Qt::Key_E);
-    EXPECT_TRUE(desk->isShown("cmdSelect"));
-    EXPECT_FALSE(desk->control("cmdSelect").isEnabled());
+    for (const char* button : {"cmdSearch", "cmdSelect"}) {
+        EXPECT_TRUE(desk->isShown(button));
+        EXPECT_FALSE(desk->control(button).isEnabled());
+    }
     desk->press(Qt::Key_M, Qt::AltModifier);
+    desk->press(Qt::Key_S, Qt::AltModifier);
     EXPECT_TRUE(isEditing());
     desk->press(Qt::Key_Escape);
     EXPECT_TRUE(desk->control("cmdSelect").isEnabled());

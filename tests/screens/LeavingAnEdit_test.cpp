@@ -39,6 +39,9 @@ struct ListOfMenu {
 constexpr ListOfMenu lists[] = {
     {"miDBBrowse", "frmDBPBrowse", "DBPATHS.MDB", "DBPATHS"},
     {"miTOLMOD01", "frmTOLMOD01", "ZOVNET.MDB", "MODULES"},
+    {"miTOLUAI01", "frmTOLUAI01", "ZOVNET.MDB", "USERACCESSITEMS"},
+    {"miTOLURT01", "frmTOLURT01", "ZOVNET.MDB", "URTEMPLATES"},
+    {"miTOLURL01", "frmTOLURL01", "ZOVNET.MDB", "USERLIST"},
 };
 
 /// How a box is left alone: the key that begins the edit, and what is then typed into the box.
