@@ -29,10 +29,11 @@ TEST_F(UsageTest, HelpGoesToStandardOutput) {
         const Outcome help = m_case.run({option});
         EXPECT_EQ(help.status, 0);
         EXPECT_THAT(help.err, IsEmpty());
-        for (const char* command : {"update", "refresh", "log", "dump", "load", "compact", "demo"})
+        for (const char* command : {"update", "refresh", "log", "dump", "load", "compact", "rights", "demo"})
             EXPECT_THAT(help.out, HasSubstr(std::string("\n  ") + command));
         EXPECT_THAT(help.out, HasSubstr("--dir DIR"));
         EXPECT_THAT(help.out, HasSubstr("4 stopped"));
+        EXPECT_THAT(help.out, HasSubstr("5 rights differ"));
     }
 }
 
@@ -60,8 +61,25 @@ INSTANTIATE_TEST_SUITE_P(
                     CommandHelp{"refresh", {"--json"}},
                     CommandHelp{"log", {"--json", TOL_PDF ? "--pdf FILE" : "--json"}},
                     CommandHelp{"dump", {"FILE", "--schema-only"}}, CommandHelp{"load", {"FILE", "JSON"}},
-                    CommandHelp{"compact", {"FILE"}}, CommandHelp{"demo", {"DIR"}}),
+                    CommandHelp{"compact", {"FILE"}}, CommandHelp{"rights", {"effective", "apply"}},
+                    CommandHelp{"demo", {"DIR"}}),
     [](const auto& test) { return test.param.command; });
+
+constexpr const char* rightsCommands[] = {"modules",   "items", "templates", "template", "users", "user",
+                                          "effective", "who",   "diff",      "check",    "fill",  "apply"};
+
+TEST_F(UsageTest, EachCommandOfRightsTellsItsOptions) {
+    for (const char* command : rightsCommands) {
+        const Outcome help = m_case.run({"rights", command, "--help"});
+        EXPECT_EQ(help.status, 0);
+        EXPECT_THAT(help.err, IsEmpty());
+        EXPECT_THAT(help.out, HasSubstr(std::string("tolctl rights ") + command));
+        EXPECT_THAT(help.out, HasSubstr("--json"));
+        EXPECT_THAT(help.out, HasSubstr("--csv"));
+    }
+    EXPECT_THAT(m_case.run({"rights", "apply", "--help"}).out, HasSubstr("user,item,module,allowed"));
+    EXPECT_THAT(m_case.run({"rights", "who", "--help"}).out, HasSubstr("--module CODE"));
+}
 
 /// Options in a text, as "--json".
 std::set<std::string> optionsIn(const std::string& text) {
@@ -80,9 +98,13 @@ TEST_F(UsageTest, TheManualPageTellsEveryCommandAndOption) {
     std::string page = bytesOf(TOL_MAN_PAGE);
     std::erase(page, '\\'); // the page's source says \-\-json
     std::set<std::string> options = optionsIn(m_case.run({"--help"}).out);
-    for (const char* command : {"update", "refresh", "log", "dump", "load", "compact", "demo"}) {
+    for (const char* command : {"update", "refresh", "log", "dump", "load", "compact", "rights", "demo"}) {
         EXPECT_THAT(page, HasSubstr(std::string("\n.SS ") + command + "\n"));
         options.merge(optionsIn(m_case.run({command, "--help"}).out));
+    }
+    for (const char* command : rightsCommands) {
+        EXPECT_THAT(page, HasSubstr(std::string("rights ") + command));
+        options.merge(optionsIn(m_case.run({"rights", command, "--help"}).out));
     }
     if (!TOL_PDF)
         options.insert("--pdf"); // the page is the same for every build
