@@ -90,7 +90,10 @@ Table templateItems(Database& database, const std::string& code) {
 }
 
 Table userRights(Database& database, const std::string& name) {
-    const rights::RightsTables tables = rights::readTables(database);
+    const rights::RightsTables tables = {.items = readRows<rights::AccessItem>(database),
+                                         .templates = readRows<rights::Template>(database),
+                                         .users = readRows<rights::User>(database),
+                                         .rights = readRows<rights::Right>(database)};
     const std::int32_t tag = namedUser(tables.users, name).USERTAG;
     return tableOfRights(tables, [tag](const rights::Right& row) { return row.USERTAG == tag; });
 }

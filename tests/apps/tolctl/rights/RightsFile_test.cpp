@@ -120,6 +120,22 @@ TEST_F(RightsFile, AFieldThatIsMissingIsNamedWithTableAndFile) {
     EXPECT_THAT(outcome.err, HasSubstr("(error 3265)"));
 }
 
+TEST_F(RightsFile, AValueThatMakesNoSenseIsNamedWithItsPlace) {
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open(NetworkTables::file, &database), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(database, "UPDATE USERRIGHTS SET ALLOWED = 'perhaps' WHERE URTTAG = 2", nullptr,
+                           nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(database);
+    for (const char* command : {"user", "effective", "diff"}) {
+        const Outcome outcome = m_case.run({command, "jdoe", "--json"});
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_THAT(outcome.out, IsEmpty());
+        EXPECT_THAT(outcome.err, HasSubstr("Table \"USERRIGHTS\", field \"ALLOWED\": "));
+        EXPECT_THAT(outcome.err, HasSubstr(NetworkTables::file));
+    }
+}
+
 TEST_F(RightsFile, AnIndexThatIsMissingIsNamedWithTheFile) {
     change([](data::Database& database) { database.TableDefs("MODULES").Indexes().Delete("MODULES"); });
     const Outcome outcome = m_case.run({"modules"});
