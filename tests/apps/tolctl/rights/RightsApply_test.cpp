@@ -6,7 +6,15 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
+#include <sys/ioctl.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <random>
 
 namespace tol::test {
 namespace {
@@ -199,6 +207,45 @@ TEST_F(RightsApply, TakesAHundredThousandLines) {
     all = verdicts(text);
     EXPECT_EQ(std::ranges::count(all, "changed"), (count + 2) / 3);
     EXPECT_EQ(rights().size(), before.size() + count);
+}
+
+// The text does not end before the signal, so that what was read of it is not all.
+TEST_F(RightsApply, AnInterruptedReadAppliesNothing) {
+    int ends[2] = {};
+    ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+    const std::string half = "mroe,NADD,N,Y\n";
+    ASSERT_EQ(write(ends[1], half.data(), half.size()), static_cast<ssize_t>(half.size()));
+    Program apply(TOL_CTL_PROGRAM, {"rights", "apply", "-"}, m_case.folder().path(),
+                  [&] { dup2(ends[0], STDIN_FILENO); });
+    for (int unread = 1; unread > 0;)
+        ASSERT_EQ(ioctl(ends[0], FIONREAD, &unread), 0);
+    apply.signal(SIGINT);
+    close(ends[0]);
+    close(ends[1]);
+    EXPECT_EQ(apply.wait(), 4);
+    EXPECT_EQ(apply.err(), "tolctl: stopped.\n");
+    EXPECT_EQ(rights(), before);
+}
+
+TEST_F(RightsApply, AKilledOneHasAppliedAllOrNothing) {
+    std::string text;
+    std::vector<TestTable::Row> people;
+    for (int i = 0; i < 5000; ++i) {
+        people.push_back({100 + i, fmt::format("user{}", i), "", false});
+        text += fmt::format("user{0},NADD,N,Y\nuser{0},NDEL,N,N\n", i);
+    }
+    m_case.network.users.add(people);
+    m_case.folder().write("rights.csv", text);
+    std::mt19937 random(8);
+    for (int round = 0; round < 10; ++round) {
+        Program apply(TOL_CTL_PROGRAM, {"rights", "apply", "rights.csv"}, m_case.folder().path());
+        apply.waitFor(std::chrono::milliseconds(random() % 200));
+        apply.kill();
+        const std::size_t added = rights().size() - before.size();
+        EXPECT_TRUE(added == 0 || added == 10'000) << added;
+    }
+    EXPECT_EQ(m_case.run({"apply", "rights.csv"}).status, 0);
+    EXPECT_EQ(rights().size(), before.size() + 10'000);
 }
 
 TEST_F(RightsApply, ARefusalOfTheTableTakesAllBack) {
