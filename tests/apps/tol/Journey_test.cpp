@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "VirtualDisplay.h"
-
-#include "support/TempFolder.h"
+#include "Desk.h"
 
 #include <gmock/gmock.h>
-#include <nlohmann/json.hpp>
 
-#include <filesystem>
 #include <thread>
 
 namespace tol::test {
@@ -19,7 +15,6 @@ using testing::Each;
 using testing::HasSubstr;
 using testing::Not;
 
-const char* const mainTitle = "Zovarin Series - Tolvane Module";
 const char* const printTitle = "Print Database Definition Update Activity Log";
 
 /// Makes the demo below the folder and returns where it is.
@@ -28,47 +23,10 @@ std::filesystem::path demoIn(const std::filesystem::path& folder) {
     return folder / "work";
 }
 
-/// An administrator's day before the demo folder: all by keys, from the main menu on. What came of it is
-/// read from the files with the terminal program.
-class Journey : public testing::Test {
+/// An administrator's day before the demo folder.
+class Journey : public Desk {
   protected:
-    void SetUp() override {
-        tol = display.start(TOL_PROGRAM);
-        ASSERT_TRUE(display.waitForWindow(mainTitle)) << tol->err();
-    }
-
-    std::string printedBy(const std::filesystem::path& program,
-                          const std::vector<std::string>& arguments) const {
-        Program process(program, arguments, work);
-        process.wait();
-        return process.out();
-    }
-
-    /// The rows of a table as they are in the file right now.
-    [[nodiscard]] json rows(const std::string& file, const std::string& table) const {
-        const json database = json::parse(printedBy(TOL_CTL_PROGRAM, {"dump", file}));
-        for (const json& candidate : database.at("tables"))
-            if (candidate.at("name") == table)
-                return candidate.at("rows");
-        return {};
-    }
-
-    [[nodiscard]] bool comes(const std::string& file, const std::string& table,
-                             const std::function<bool(const json&)>& isThere) const {
-        return waitFor([&] { return isThere(rows(file, table)); });
-    }
-
-    /// A window inside the main window has no title that the display knows of.
-    void open(const std::string& menu, const std::string& item) const {
-        display.press({menu, item});
-        std::this_thread::sleep_for(500ms);
-    }
-
-    void answer(const std::string& box, const std::string& key) const {
-        ASSERT_TRUE(display.waitForWindow(box)) << tol->err();
-        display.press({key});
-        ASSERT_TRUE(waitFor([&] { return !display.hasWindow(box); }));
-    }
+    Journey() : Desk(demoIn) {}
 
     /// The print button can be pressed as soon as the run has ended.
     void openLog() const {
@@ -79,29 +37,6 @@ class Journey : public testing::Test {
         })) << tol->err();
         ASSERT_TRUE(display.waitForWindow(printTitle));
     }
-
-    void saveAsPdf(const std::string& file) const {
-        display.press({"p"});
-        ASSERT_TRUE(display.waitForWindow("Print"));
-        display.press({"alt+f"});
-        display.type((work / file).string());
-        display.press({"Return"});
-        ASSERT_TRUE(waitFor([&] { return std::filesystem::exists(work / file); }));
-    }
-
-    [[nodiscard]] std::string textOf(const std::string& pdf) const {
-        return printedBy("/usr/bin/pdftotext", {"-layout", pdf, "-"});
-    }
-
-    void leave() const {
-        display.press({"alt+f", "x"});
-        EXPECT_TRUE(tol->waitFor(20s)) << tol->err();
-    }
-
-    TempFolder folder;
-    const std::filesystem::path work = demoIn(folder.path());
-    VirtualDisplay display{work};
-    std::unique_ptr<Program> tol;
 };
 
 auto siteNamed(const std::string& name) {
@@ -111,7 +46,7 @@ auto siteNamed(const std::string& name) {
 }
 
 TEST_F(Journey, JobSitesAreKeptAndPrinted) {
-    open("alt+f", "2");
+    open({"alt+f", "2"});
     display.press({"a"});
     display.type("new yard");
     display.press({"Tab"});
@@ -150,7 +85,7 @@ TEST_F(Journey, JobSitesAreKeptAndPrinted) {
 }
 
 TEST_F(Journey, AnUpdateIsRunWithItsQuestionsAndPrinted) {
-    open("alt+u", "1");
+    open({"alt+u", "1"});
     display.press({"t", "alt+b"});
     answer("Data Will Be Lost", "Return");
     answer("Continue Warning?", "n");
@@ -172,7 +107,7 @@ TEST_F(Journey, AnUpdateIsRunWithItsQuestionsAndPrinted) {
 TEST_F(Journey, AnUpdateIsCancelledInTheMiddle) {
     // A first run, so that the next one has no questions.
     printedBy(TOL_CTL_PROGRAM, {"update", "--all", "--on-unconvertible", "quiet"});
-    open("alt+u", "1");
+    open({"alt+u", "1"});
     display.press({"alt+a", "alt+b alt+c"}); // the second one waits until the run looks up
     openLog();
     display.press({"Escape"});
@@ -184,7 +119,7 @@ TEST_F(Journey, AnUpdateIsCancelledInTheMiddle) {
 }
 
 TEST_F(Journey, AModuleIsKept) {
-    open("alt+a", "2");
+    open({"alt+a", "2"});
     display.press({"a"});
     display.type("zz");
     display.press({"Tab"});
