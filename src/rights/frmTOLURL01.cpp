@@ -45,7 +45,7 @@ screens::ListWindowDescription frmTOLURL01::description() {
                  .columns = {{.label = "lblUSERTAG",
                               .headingLabel = "lblHUSERTAG",
                               .heading = "User Number",
-                              .width = 1200,
+                              .width = 1500,
                               .text = userNumber},
                              {.label = "lblUSERNAME",
                               .headingLabel = "lblHUSERNAME",

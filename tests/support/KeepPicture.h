@@ -12,7 +12,7 @@ namespace tol::test {
 void keepPicture(const QPixmap& picture, const QString& name);
 
 /// Looks at a window as it is now: a picture of it is kept, and every control in sight has to have a name for
-/// those who can't see it.
+/// those who can't see it, and every heading of a list the room that it needs.
 void keepPicture(QWidget& window, const QString& name);
 
 } // namespace tol::test
