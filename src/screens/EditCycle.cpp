@@ -3,7 +3,6 @@
 
 #include "forms/controls/Controls.h"
 #include "forms/controls/TextBox.h"
-#include "forms/events/EventProcedure.h"
 #include "forms/events/Focus.h"
 #include "forms/windows/Form.h"
 #include "runtime/Host.h"
@@ -14,7 +13,6 @@
 #include "shell/vdfunctions/vdNullCheck.h"
 #include "shell/vdfunctions/vdRecords.h"
 
-#include <QFocusEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -31,26 +29,6 @@ using runtime::RuntimeError;
 
 constexpr int sideButtonOffset = 20; // twips that a side button keeps from a box's edges
 constexpr int sideButtonWidthTwips = 375;
-
-/// Runs a procedure when a control gets the focus, unless the window merely came back to the front.
-class FocusFilter : public QObject {
-  public:
-    FocusFilter(QWidget& control, forms::EventProcedure procedure)
-        : QObject(&control), m_control(control), m_procedure(std::move(procedure)) {
-        control.installEventFilter(this);
-    }
-
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::FocusIn && forms::hearsOfFocus(m_control) &&
-            static_cast<QFocusEvent*>(event)->reason() != Qt::ActiveWindowFocusReason)
-            forms::runEvent(m_control, m_procedure);
-        return false;
-    }
-
-  private:
-    QWidget& m_control;
-    forms::EventProcedure m_procedure;
-};
 
 /// While it lives, nothing that a person does at a yield reaches the form.
 class OutOfUse {
@@ -87,7 +65,7 @@ void EditCycle::setButtons(const EditButtons& buttons) {
     forms::setTabStop(*m_buttons.cmdExit, false);
     m_form.setCancelButton(m_buttons.cmdExit);
     if (m_description.checkAtUpdateFocus)
-        new FocusFilter(*m_buttons.cmdUpdate, [this] { CheckEditField(); });
+        forms::onGotFocus(*m_buttons.cmdUpdate, [this] { CheckEditField(); });
 }
 
 void EditCycle::setEditColumn(int column) {

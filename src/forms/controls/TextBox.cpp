@@ -102,9 +102,14 @@ void TextBox::trimEdited() {
     if (const auto limit = static_cast<std::size_t>(m_maxLength); limit > 0)
         kept = leftCharacters(kept, limit - std::min(limit, characters(after)));
     if (kept == before)
-        return;
+        return runEdited();
     setSelection(0, static_cast<int>(before.size()));
-    insert(kept);
+    insert(kept); // which edits the text once more
+}
+
+void TextBox::runEdited() {
+    if (m_edited)
+        runEvent(*this, m_edited);
 }
 
 bool TextBox::isGivenBlanks(const QString& text) const {

@@ -32,6 +32,8 @@ class TextBox : public QLineEdit {
     /// A character about to be typed, by its code (13 for Enter): what is returned is typed in its
     /// place, 0 for nothing.
     void onKeyPress(std::function<int(int)> procedure) { m_keyPress = std::move(procedure); }
+    /// The person has changed the text, by typing or pasting.
+    void onEdited(EventProcedure procedure) { m_edited = std::move(procedure); }
     void onGotFocus(EventProcedure procedure) { m_gotFocus = std::move(procedure); }
     void onLostFocus(EventProcedure procedure) { m_lostFocus = std::move(procedure); }
 
@@ -51,12 +53,13 @@ class TextBox : public QLineEdit {
     /// What the KeyPress procedure makes of a character.
     int pressed(int typed);
     void trimEdited();
+    void runEdited();
     void noteText();
     [[nodiscard]] bool isGivenBlanks(const QString& text) const;
     void leave();
 
     std::function<int(int)> m_keyPress;
-    EventProcedure m_gotFocus, m_lostFocus;
+    EventProcedure m_edited, m_gotFocus, m_lostFocus;
     int m_maxLength;
     QString m_given;         ///< what the program has set
     QString m_noted;         ///< the text, during an edit the one before it

@@ -4,6 +4,7 @@
 #include "forms/windows/Form.h"
 
 #include <QApplication>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QWidget>
 
@@ -18,6 +19,23 @@ void sendTab(QEvent::Type type) {
     QApplication::sendEvent(receiver, &event);
 }
 
+class FocusFilter : public QObject {
+  public:
+    FocusFilter(QWidget& control, EventProcedure procedure)
+        : QObject(&control), m_control(control), m_procedure(std::move(procedure)) {}
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn && hearsOfFocus(m_control) &&
+            static_cast<QFocusEvent*>(event)->reason() != Qt::ActiveWindowFocusReason)
+            runEvent(m_control, m_procedure);
+        return false;
+    }
+
+  private:
+    QWidget& m_control;
+    EventProcedure m_procedure;
+};
+
 } // namespace
 
 void pressTab() {
@@ -31,6 +49,10 @@ void pressTab() {
 bool hearsOfFocus(QWidget& control) {
     const Form* form = Form::of(&control);
     return form == nullptr || form->isInFront();
+}
+
+void onGotFocus(QWidget& control, EventProcedure procedure) {
+    control.installEventFilter(new FocusFilter(control, std::move(procedure)));
 }
 
 void announce(QWidget& control, const QString& text) {

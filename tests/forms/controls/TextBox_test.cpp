@@ -65,6 +65,17 @@ TEST_F(TextBoxTest, TakesNoMoreThanItsMaxLength) {
     EXPECT_EQ(first.cursorPosition(), 0);
 }
 
+TEST_F(TextBoxTest, TellsWhatAPersonMakesOfItsTextAndNotWhatTheProgramDoes) {
+    first.Text("ab");
+    first.onEdited([&] { events.push_back("edited to " + first.Text()); });
+    first.Text("    ");
+    QTest::keyClicks(&first, "ab");
+    QTest::keyClick(&first, Qt::Key_Backspace);
+    paste(first, "xyzuv");
+    first.Text("c");
+    EXPECT_THAT(events, ElementsAre("edited to a", "edited to ab", "edited to a", "edited to axyz"));
+}
+
 TEST_F(TextBoxTest, CountsACharacterOnceThoughItNeedsTwoUnits) {
     paste(first, "a😀😁😂😃");
     EXPECT_EQ(first.Text(), "a😀😁😂");
