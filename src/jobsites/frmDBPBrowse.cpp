@@ -125,13 +125,14 @@ void frmDBPBrowse::cmdPrint_Click() {
     panel().takeFocus();
 }
 
-void frmDBPBrowse::beforeExit() {
+bool frmDBPBrowse::mayExit() {
     if (mPathChanged)
         runtime::host().msgBox("Remember, if you changed the Location of Database Files\n"
                                "for an existing Job Site then you need to Reselect that Job Site\n"
                                "(Main Menu Option: File, 1 - Select Job Site)\n"
                                "in order for the changes to take effect.",
                                {}, "Reminder");
+    return true;
 }
 
 } // namespace tol::jobsites

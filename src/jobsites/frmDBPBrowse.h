@@ -23,7 +23,7 @@ class frmDBPBrowse : public screens::ListWindow {
   protected:
     std::string databaseFile() override { return "DBPATHS.MDB"; }
     void cmdPrint_Click() override;
-    void beforeExit() override;
+    bool mayExit() override;
 
   private:
     screens::ListWindowDescription description();

@@ -136,8 +136,8 @@ void ListWindow::onKeyDown(forms::KeyPress& key) {
 void ListWindow::cmdExit_Click() {
     if (m_edit.isEditing())
         return m_edit.cancel();
-    beforeExit();
-    unload();
+    if (mayExit())
+        unload();
 }
 
 } // namespace tol::screens

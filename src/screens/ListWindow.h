@@ -46,8 +46,8 @@ class ListWindow : public forms::Form {
     /// The first fill.
     virtual void loadList() { m_list.BrowseLoad(); }
     virtual void cmdPrint_Click() = 0;
-    /// What cmdExit does before it unloads the window.
-    virtual void beforeExit() {}
+    /// What cmdExit does before it unloads the window; false when it is not to unload it.
+    virtual bool mayExit() { return true; }
 
     void onLoad() override;
     void onUnload() override;

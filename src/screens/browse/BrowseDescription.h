@@ -34,8 +34,8 @@ struct BrowseColumn {
 struct BrowseSubset {
     /// The parent's key values with their fields in the recordset.
     std::function<shell::KeyPairs(data::Recordset&)> keys;
-    /// Whether there is no parent; the list is then left alone.
-    std::function<bool()> parentIsBlank;
+    /// Whether there is no parent; the list is then left alone. Without this there always is one.
+    std::function<bool()> parentIsBlank = nullptr;
     std::string textWithoutParent = " "; ///< what the description column then says in row 0
 };
 
