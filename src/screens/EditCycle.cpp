@@ -186,6 +186,7 @@ void EditCycle::edit() {
     if (!m_list.goToCurrent())
         return m_panel.takeFocus();
     data::Recordset& recordset = m_list.recordset();
+    mEditMark = m_list.currentMark();
     for (std::size_t i = 0; i < m_boxes.size(); ++i) {
         const EditField& field = m_description.fields[i];
         m_boxes[i]->Text(field.read ? field.read(recordset)
@@ -229,7 +230,7 @@ std::string EditCycle::failureOf(std::size_t position) {
     if (!field.check)
         return {};
     forms::TextBox& box = *m_boxes[position];
-    EditedField edited{box.Text(), box.MaxLength(), m_list.recordset(), mMode, m_list.currentMark()};
+    EditedField edited{box.Text(), box.MaxLength(), m_list.recordset(), mMode, mEditMark};
     std::string failure = field.check(edited);
     if (edited.text != box.Text())
         box.Text(edited.text);
@@ -330,7 +331,7 @@ void EditCycle::writeRecord() {
         for (const auto& [field, value] : added)
             recordset.Fields(field).Value(value);
     } else {
-        recordset.Bookmark(m_list.currentMark());
+        recordset.Bookmark(mEditMark);
         recordset.Edit();
     }
     writeFields();

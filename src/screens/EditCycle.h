@@ -110,6 +110,7 @@ class EditCycle {
     bool bValid = true;
     int mRowTop = 0;
     int mHomeTop = 0;
+    std::string mEditMark = " "; ///< of the record in mode Edit, whatever the list has highlighted since
     std::string mNextMark = " ";
     std::string sMsgText, sMsgTitle;
 };
