@@ -64,11 +64,14 @@ SecondProcess::SecondProcess(const std::function<void(const Steps&)>& function) 
 }
 
 SecondProcess::~SecondProcess() {
-    if (m_process > 0) {
-        ::kill(m_process, SIGKILL);
-        finish();
-    }
+    if (m_process > 0)
+        kill();
     close(m_channel);
+}
+
+int SecondProcess::kill() {
+    ::kill(m_process, SIGKILL);
+    return finish();
 }
 
 bool SecondProcess::await() const {

@@ -34,6 +34,8 @@ class SecondProcess {
     void next() const;
     /// Waits for the end; the exit status, 0 when the function returned.
     int finish();
+    /// Ends it as a power cut would; its status, or minus the number of the signal.
+    int kill();
 
   private:
     int m_process = -1;
