@@ -2,6 +2,7 @@
 #include "rights/frmTOLURL01.h"
 
 #include "forms/controls/TextBox.h"
+#include "rights/AssignedItems.h"
 #include "rights/ListReportWindow.h"
 #include "rights/model/DeleteRows.h"
 #include "rights/model/NextTag.h"
@@ -64,6 +65,9 @@ screens::ListWindowDescription frmTOLURL01::description() {
                               .text = [](auto& user) { return isAdmin(user) ? "Yes" : "No"; }}},
                  .descriptionColumn = 2},
         .edit = edit(),
+        .commands = {{.name = "cmdDetail",
+                      .caption = "&Browse User Rights",
+                      .click = [this] { cmdDetail_Click(); }}},
     };
 }
 
@@ -111,6 +115,11 @@ void frmTOLURL01::openMore(data::Database& database) {
 
 void frmTOLURL01::deleteRights(data::Recordset& user) {
     deleteRows(m_rights, "USERRIGHTS", {{user.Fields("USERTAG").Value(), m_rights.Fields("USERTAG")}});
+}
+
+void frmTOLURL01::cmdDetail_Click() {
+    if (list().goToCurrent())
+        AssignedItems::showFor(*this, userRights, sNetPath, list().currentMark());
 }
 
 void frmTOLURL01::cmdPrint_Click() {

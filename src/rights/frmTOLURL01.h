@@ -22,6 +22,7 @@ class frmTOLURL01 : public screens::ListWindow {
   private:
     screens::ListWindowDescription description();
     screens::EditDescription edit();
+    void cmdDetail_Click();
     void deleteRights(data::Recordset& user);
 
     std::string sNetPath;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "rights/frmTOLURT01.h"
 
+#include "rights/AssignedItems.h"
 #include "rights/ListReportWindow.h"
 #include "rights/model/DeleteRows.h"
 #include "rights/model/NextTag.h"
@@ -63,6 +64,9 @@ screens::ListWindowDescription frmTOLURT01::description() {
                 },
             .deleteQuestion = question,
             .deleteDependents = [this](data::Recordset& urTemplate) { deleteItems(urTemplate); }},
+        .commands = {{.name = "cmdDetail",
+                      .caption = "&Browse URT Detail",
+                      .click = [this] { cmdDetail_Click(); }}},
     };
 }
 
@@ -77,6 +81,11 @@ void frmTOLURT01::openMore(data::Database& database) {
 
 void frmTOLURT01::deleteItems(data::Recordset& urTemplate) {
     deleteRows(m_items, "URTITEMS", {{urTemplate.Fields("URTTAG").Value(), m_items.Fields("URTTAG")}});
+}
+
+void frmTOLURT01::cmdDetail_Click() {
+    if (list().goToCurrent())
+        AssignedItems::showFor(*this, templateItems, sNetPath, list().currentMark());
 }
 
 void frmTOLURT01::cmdPrint_Click() {

@@ -21,6 +21,7 @@ class frmTOLURT01 : public screens::ListWindow {
 
   private:
     screens::ListWindowDescription description();
+    void cmdDetail_Click();
     void deleteItems(data::Recordset& urTemplate);
 
     std::string sNetPath;

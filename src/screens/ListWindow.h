@@ -16,7 +16,7 @@ namespace tol::screens {
 
 /// A further button in a list window's row of buttons, in sight in both states.
 struct ListCommand {
-    std::string name, caption, toolTip;
+    std::string name, caption, toolTip = {};
     forms::EventProcedure click;
     bool whileEditing = true; ///< in use while a record is edited
 };
