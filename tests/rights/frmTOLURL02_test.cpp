@@ -3,6 +3,7 @@
 
 #include "../search_print/document/Drawn.h"
 #include "AssignedItemsTest.h"
+#include "data/DBEngine.h"
 #include "forms/windows/LoadedForms.h"
 #include "runtime/Text.h"
 #include "search_print/ReportWindow.h"
@@ -12,6 +13,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <fmt/ranges.h>
 
 namespace tol::test {
 namespace {
@@ -304,6 +306,54 @@ TEST_F(UserRights, ARecordThatAFillReplacedIsAddedByAnotherUpdate) {
     EXPECT_THAT(stored(), ElementsAre("1|10|True|5", "1|11|False|5"));
     desk->press(Qt::Key_U, Qt::AltModifier);
     EXPECT_THAT(stored(), ElementsAre("1|10|True|5", "1|11|False|5", "1|12|False|Null"));
+}
+
+// A unique index, as a delivered database may have one.
+
+class UniqueRights : public UserRights {
+  protected:
+    UniqueRights() {
+        data::Workspace workspace = data::DBEngine::CreateWorkspace("wksTEST");
+        data::Database database = workspace.OpenDatabase(NetworkTables::file);
+        data::TableDef table = database.TableDefs("USERRIGHTS");
+        data::Index once = table.CreateIndex("ONCE");
+        once.Unique(true);
+        once.Fields().Append(once.CreateField("USERTAG"));
+        once.Fields().Append(once.CreateField("UAITAG"));
+        table.Indexes().Append(once);
+    }
+};
+
+TEST_F(UniqueRights, ThatRefusesARowIsNamedAndTheEditGoesOn) {
+    openWith({{anna, accounts, true, byHand}});
+    desk->press(Qt::Key_A);
+    desk->type("accounts");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    ASSERT_EQ(person.boxes.size(), 1U);
+    EXPECT_EQ(person.boxes[0].title, "Cannot Update Record");
+    EXPECT_THAT(person.boxes[0].text, testing::HasSubstr("'ONCE'"));
+    EXPECT_TRUE(isEditing());
+    desk->type("cars");
+    desk->press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_THAT(stored(), ElementsAre("1|10|True|0", "1|12|False|Null"));
+}
+
+class UniqueRightsDeathTest : public UniqueRights {};
+
+// What was written before stays, and is stored before the box waits for an answer.
+TEST_F(UniqueRightsDeathTest, AFillThatFailsIsToldAndEndsTheProgram) {
+    const auto run = [this] {
+        openWith({{anna, bills, true, byHand}, {anna, cars, true, clerk}});
+        person.onBox = [&](QMessageBox& box) {
+            fmt::print(stderr, "[{}|{}] {}", box.windowTitle().toStdString(), box.text().toStdString(),
+                       fmt::join(stored(), ", "));
+            box.close();
+        };
+        fillFrom("clerk");
+        fmt::print(stderr, "still running");
+    };
+    EXPECT_EXIT(run(), testing::ExitedWithCode(1),
+                R"(^\[Tolvane Module\|Run-time error '3022':.*'ONCE'.*\] 1\|10\|True\|5, 1\|11\|True\|0$)");
 }
 
 TEST_F(UserRights, UnloadClosesWhatWasOpened) {

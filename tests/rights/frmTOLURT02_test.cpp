@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <gmock/gmock.h>
 
+#include "../search_print/document/Drawn.h"
 #include "AssignedItemsTest.h"
 #include "forms/controls/TextBox.h"
 #include "forms/windows/LoadedForms.h"
 #include "runtime/Text.h"
-#include "support/SecondProcess.h"
-
-#include <filesystem>
+#include "search_print/ReportWindow.h"
+#include "support/ReportReader.h"
 
 namespace tol::test {
 namespace {
@@ -96,6 +96,25 @@ TEST_F(TemplateItems, StopsAtTheLastItemOfItsTemplate) {
     EXPECT_THAT(page(),
                 ElementsAre("ACCOUNTS|All accounts|Yes", "BILLS|Bills to pay|No", " |End of List.| "));
     EXPECT_EQ(highlight(), 0);
+}
+
+TEST_F(TemplateItems, PrintOpensTheReport) {
+    openWith({{clerk, accounts, true}, {clerk, gone, false}, {driver, cars, true}});
+    const ReportReader reader([](search_print::ReportWindow& report) {
+        EXPECT_EQ(report.objectName(), "frmTOLURT04");
+        const std::vector<std::string> texts = textsOf(report.printer());
+        EXPECT_THAT(texts, testing::IsSupersetOf({"ACCOUNTS", "All accounts", "Yes", "No"}));
+        EXPECT_THAT(texts, testing::Contains(testing::EndsWith("CLERK")));
+        EXPECT_THAT(texts, testing::Contains(testing::EndsWith("Clerks of the office")));
+        EXPECT_THAT(texts, testing::Not(testing::Contains("CARS")));
+    });
+    desk->press(Qt::Key_Down);
+    desk->press(Qt::Key_P, Qt::AltModifier);
+    EXPECT_EQ(reader.reports, 1);
+    EXPECT_EQ(desk->focus(), "hsbMAIN");
+    EXPECT_EQ(highlight(), 1);
+    desk->press(Qt::Key_Up);
+    EXPECT_EQ(highlight(), 0) << "the list is as it was";
 }
 
 TEST_F(TemplateItems, AnItemThatIsGoneShowsQuestionMarks) {
