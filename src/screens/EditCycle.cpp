@@ -9,11 +9,11 @@
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "screens/ListPanel.h"
+#include "screens/RowLabel.h"
 #include "screens/browse/BrowseList.h"
 #include "shell/vdfunctions/vdNullCheck.h"
 #include "shell/vdfunctions/vdRecords.h"
 
-#include <QLabel>
 #include <QPushButton>
 
 #include <algorithm>
@@ -109,8 +109,7 @@ void EditCycle::makeSideButton(const EditSideButton& button) {
 }
 
 void EditCycle::makeSideLabel(const EditSideLabel& label) {
-    QLabel& made = forms::addLabel(m_form, QString::fromStdString(label.name), {}, {0, 0, 0, 0});
-    made.setAutoFillBackground(true);
+    auto& made = *new RowLabel(m_form, QString::fromStdString(label.name));
     m_companions.push_back({&made, m_panel.columnLeft(label.column), 0, 0, m_panel.columnWidth(label.column),
                             ListPanel::rowHeight});
 }
