@@ -6,6 +6,7 @@
 #include "data/engine/Definition.h"
 #include "runtime/RuntimeError.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tol::data {
@@ -71,6 +72,14 @@ std::int64_t Recordset::RecordCount() const {
 
 bool Recordset::IsEmpty() const {
     return core().isEmpty();
+}
+
+std::uint64_t Recordset::Changes() const {
+    return core().changes();
+}
+
+void Recordset::CacheSize(int records) {
+    core().setCacheSize(static_cast<std::size_t>(std::max(records, 1)));
 }
 
 bool Recordset::AtBOF() const {

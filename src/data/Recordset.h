@@ -51,6 +51,11 @@ class Recordset {
     /// Whether the table has no record. Cheap enough to be asked at every key and in every walk; a change by
     /// another process may be noticed a millisecond late.
     [[nodiscard]] bool IsEmpty() const;
+    /// Grows with each change of the table's records, by whomever; as cheap, and as late.
+    [[nodiscard]] std::uint64_t Changes() const;
+    /// How many records are read at once from where Seek or a bookmark leads; 1 at first. More is quicker for
+    /// who goes on from there.
+    void CacheSize(int records);
     [[nodiscard]] bool AtBOF() const;
     [[nodiscard]] bool AtEOF() const;
     [[nodiscard]] bool NoMatch() const;

@@ -40,6 +40,8 @@ class RecordsetCore {
 
     [[nodiscard]] std::int64_t recordCount() const;
     [[nodiscard]] bool isEmpty() const;
+    [[nodiscard]] std::uint64_t changes() const { return cursor().changes(); }
+    void setCacheSize(std::size_t records) { cursor().setCacheSize(records); }
     [[nodiscard]] bool atBOF() const { return isOff(Place::BeforeFirst); }
     [[nodiscard]] bool atEOF() const { return isOff(Place::BehindLast); }
     [[nodiscard]] bool noMatch() const;

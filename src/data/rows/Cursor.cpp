@@ -103,6 +103,11 @@ bool Cursor::isEmpty() {
     return (!m_ahead.isLive() || m_gone) && m_rows->count(1) == 0;
 }
 
+std::uint64_t Cursor::changes() {
+    enter();
+    return m_ahead.changes();
+}
+
 // ---------------------------------------------------------------- moving
 
 void Cursor::setIndex(const std::string& name) {
@@ -213,13 +218,13 @@ bool Cursor::seek(SeekOperator op, std::span<const runtime::Value> keys) {
     }
     if (!equal)
         return seekFrom(Direction::Forward);
-    startWalk(Direction::Forward, 1);
+    startWalk(Direction::Forward, m_cacheSize);
     const KeyRange equalKeys{keys.size(), KeyRange::Relation::Any};
     return load({&equalKeys, 1}, m_keys);
 }
 
 bool Cursor::seekFrom(Direction direction) {
-    startWalk(direction, 1);
+    startWalk(direction, m_cacheSize);
     return load(rangesFrom(m_ahead.order(), m_keys, direction), m_keys);
 }
 
@@ -247,7 +252,7 @@ bool Cursor::seekBookmark(std::string_view bookmark) {
             return stand(row);
         }
     }
-    startWalk(Direction::Forward, 1);
+    startWalk(Direction::Forward, m_cacheSize);
     return m_ahead.loadRow(key) && stand(0);
 }
 

@@ -5,6 +5,7 @@
 #include "data/rows/ReadAhead.h"
 #include "data/rows/RingCheck.h"
 
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
@@ -29,6 +30,9 @@ class Cursor {
     /// Chooses the order: an index by name, or "" for the order of the row keys (stored order).
     /// Leaves the cursor on no row. Raises 3015 for an unknown index.
     void setIndex(const std::string& name);
+
+    /// How many rows are read at once from where a search or bookmark leads; 1 at first.
+    void setCacheSize(std::size_t rows) { m_cacheSize = rows; }
 
     /// Each returns whether the cursor now stands on a row.
     bool first();
@@ -59,6 +63,8 @@ class Cursor {
     /// Whether it has none. Cheap enough to be asked for every row; a change by another process may be
     /// noticed a millisecond late.
     bool isEmpty();
+    /// Grows with each change of the table, by whomever; another process's may be noticed a millisecond late.
+    std::uint64_t changes();
 
   private:
     void enter();
@@ -88,6 +94,8 @@ class Cursor {
 
     std::unique_ptr<RowSource> m_rows;
     ReadAhead m_ahead;
+
+    std::size_t m_cacheSize = 1;
 
     // Where it stands. While m_ahead is live, the current row is the batch's row m_row; position and key are
     // then only kept when somebody asked for them.

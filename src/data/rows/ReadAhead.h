@@ -27,6 +27,8 @@ class ReadAhead {
     [[nodiscard]] const RowOrder& order() const { return m_order; }
 
     [[nodiscard]] bool isLive() const { return m_live; }
+    /// Grows with each change of the table.
+    [[nodiscard]] std::uint64_t changes() const { return m_state.changes + m_source.changes(); }
     /// Whether it is what the table holds, as one piece of the order from the front.
     [[nodiscard]] bool isPiece() const {
         return m_live && m_direction == Direction::Forward && m_seen == changes();
@@ -87,7 +89,6 @@ class ReadAhead {
   private:
     static constexpr std::size_t notLoaded = static_cast<std::size_t>(-1);
 
-    [[nodiscard]] std::uint64_t changes() const { return m_state.changes + m_source.changes(); }
     void chooseFields(bool all);
     void requireOrder(std::span<const StoredValue> position, bool behind) const;
 
