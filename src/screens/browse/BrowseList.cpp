@@ -98,14 +98,25 @@ void BrowseList::load() {
         m_rows.BrowseShowWithoutParent(mRow);
         return m_rows.BrowseRowOn(mRow);
     }
-    if (!goToFirst())
+    if (!findEnds())
         return showEmptyList();
-    mFirstMark = mTopMark = mCurMark = m_recordset.Bookmark();
-    findLast();
+    mTopMark = mCurMark = mFirstMark;
     fillPage();
 }
 
+bool BrowseList::findEnds() {
+    m_endsAsOf.reset();
+    const std::uint64_t asOf = m_recordset.Changes();
+    if (!goToFirst())
+        return false;
+    mFirstMark = m_recordset.Bookmark();
+    findLast();
+    m_endsAsOf = asOf;
+    return true;
+}
+
 bool BrowseList::goToFirst() {
+    m_recordset.CacheSize(m_description.rows); // most moves go on to the rows around
     if (isSubset())
         return vdNotBlank(
             shell::vdFindFirst(m_recordset, m_description.index, m_description.subset.keys(m_recordset)));
@@ -145,11 +156,8 @@ void BrowseList::reload() {
     mTopMark = mFirstMark = mLastMark = noMark;
     if (m_reopen)
         reopen();
-    if (goToFirst()) {
-        mFirstMark = m_recordset.Bookmark();
-        findLast();
+    if (findEnds())
         placeCurrent();
-    }
     if (vdIsBlank(mFirstMark))
         showEmptyList();
     else
@@ -188,10 +196,8 @@ void BrowseList::setOrder(std::string index, std::optional<int> descriptionColum
 
 void BrowseList::showFrom(const std::string& mark) {
     orAfresh([&] {
-        if (!goToFirst())
+        if (m_endsAsOf != m_recordset.Changes() && !findEnds())
             return showEmptyList();
-        mFirstMark = m_recordset.Bookmark();
-        findLast();
         moveTo(mark);
     });
 }
@@ -249,12 +255,14 @@ void BrowseList::fillPage() {
             m_rows.BrowseShowEnd(0);
         return m_rows.BrowseRowOn(mRow);
     }
-    bool endIsDue = true;
+    bool isRecord = true, endIsDue = true;
     m_recordset.Bookmark(mTopMark);
     for (int row = 0; row <= mLastRow; ++row) {
-        if (BrowseRowValid()) {
-            m_rows.BrowseFillRow(row, m_recordset);
+        if (row > 0 && isRecord)
             m_recordset.MoveNext();
+        isRecord = isRecord && BrowseRowValid();
+        if (isRecord) {
+            m_rows.BrowseFillRow(row, m_recordset);
         } else if (endIsDue) {
             m_rows.BrowseShowEnd(row);
             endIsDue = false;

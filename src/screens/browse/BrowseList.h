@@ -79,6 +79,8 @@ class BrowseList {
     void reload();
     void reopen();
     void startOver();
+    /// False when the list has no record.
+    bool findEnds();
     void findLast();
     void placeCurrent();
     void fillPage();
@@ -115,6 +117,8 @@ class BrowseList {
     BrowseActions m_actions;
 
     std::string mTopMark = " ", mCurMark = " ", mFirstMark = " ", mLastMark = " ", mTempMark = " ";
+    std::optional<std::uint64_t>
+        m_endsAsOf; ///< changes of the table when mFirstMark and mLastMark were found
     std::int16_t mRow = 0, mLastRow = 0, mCount = 0;
 };
 
