@@ -5,7 +5,9 @@
 
 #include <QHelpEvent>
 #include <QPainter>
+#include <QStyle>
 #include <QToolTip>
+#include <QtMath>
 
 #include <utility>
 
@@ -15,6 +17,10 @@ RowLabel::RowLabel(QWidget& parent, const QString& name, TextCut cut) : QLabel(&
     setObjectName(name);
     setTextFormat(Qt::PlainText);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    m_layout.setCacheEnabled(true);
+    QFont quick;
+    quick.setStyleStrategy(QFont::PreferNoShaping); // letters of a list need no kerning
+    setFont(quick);
 }
 
 void RowLabel::setBackColor(QRgb color) {
@@ -32,9 +38,31 @@ QRect RowLabel::textRect() const {
     return rect().adjusted(blank, 0, -blank, 0);
 }
 
+/// The text is shaped but once for each time it changes, which is most of what it costs to paint a list.
+QTextLine RowLabel::line() const {
+    const int width = textRect().width();
+    if (m_laidOut != text() || m_laidOutWidth != width) {
+        m_laidOut = text();
+        m_laidOutWidth = width;
+        layOut(m_laidOut);
+        const Qt::TextElideMode ellipsis = m_cut == TextCut::Middle ? Qt::ElideMiddle : Qt::ElideRight;
+        if (m_layout.lineAt(0).naturalTextWidth() > width)
+            layOut(fontMetrics().elidedText(m_laidOut, ellipsis, width));
+    }
+    return m_layout.lineAt(0);
+}
+
+void RowLabel::layOut(const QString& text) const {
+    m_layout.setText(text);
+    m_layout.setFont(font());
+    m_layout.beginLayout();
+    m_layout.createLine();
+    m_layout.endLayout();
+}
+
 QString RowLabel::shownText() const {
-    const Qt::TextElideMode ellipsis = m_cut == TextCut::Middle ? Qt::ElideMiddle : Qt::ElideRight;
-    return fontMetrics().elidedText(text(), ellipsis, textRect().width());
+    static_cast<void>(line());
+    return m_layout.text();
 }
 
 bool RowLabel::event(QEvent* event) {
@@ -50,7 +78,9 @@ void RowLabel::paintEvent(QPaintEvent*) {
     if (!m_transparent)
         painter.fillRect(rect(), m_backColor);
     painter.setPen(Qt::black);
-    painter.drawText(textRect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shownText());
+    const QTextLine text = line();
+    const QSize size(qCeil(text.naturalTextWidth()), qCeil(text.height()));
+    text.draw(&painter, QStyle::alignedRect(layoutDirection(), alignment(), size, textRect()).topLeft());
 }
 
 } // namespace tol::screens

@@ -4,6 +4,7 @@
 #include "screens/browse/BrowseDescription.h"
 
 #include <QLabel>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -34,10 +35,15 @@ class RowLabel : public QLabel {
 
   private:
     [[nodiscard]] QRect textRect() const;
+    [[nodiscard]] QTextLine line() const;
+    void layOut(const QString& text) const;
 
     QRgb m_backColor = rgb(256, 256, 256);
     TextCut m_cut;
     bool m_transparent = false;
+    mutable QTextLayout m_layout; ///< of the text as it is shown
+    mutable QString m_laidOut;    ///< the whole text
+    mutable int m_laidOutWidth = -1;
 };
 
 } // namespace tol::screens
