@@ -56,7 +56,7 @@ screens::ListWindowDescription frmTOLUAI01::description() {
                              {.label = "lblDESC",
                               .headingLabel = "lblHDESC",
                               .heading = " Description",
-                              .width = 5100,
+                              .width = 5190,
                               .field = "Desc"},
                              {.label = "lblFORMNAME",
                               .headingLabel = "lblHFORMNAME",

@@ -40,7 +40,7 @@ screens::ListWindowDescription frmTOLURT01::description() {
                              {.label = "lblURTNAME",
                               .headingLabel = "lblHURTNAME",
                               .heading = " Template Description",
-                              .width = 5700,
+                              .width = 6600,
                               .field = "URTNAME"}}},
         .edit = {
             .fields = {{.box = "txtURTCODE",
