@@ -79,6 +79,7 @@ std::vector<WishLine> readLines(const std::string& file) {
     if (!records.empty() && isHeader(records.front()))
         records.erase(records.begin());
     std::vector<WishLine> lines;
+    lines.reserve(records.size());
     for (const CsvRecord& record : records)
         lines.push_back({record.line, wishOf(record), {}});
     return lines;
@@ -154,6 +155,7 @@ RightChanges ApplyCommand::apply(const std::vector<RightWish>& wishes) const {
 ExitStatus ApplyCommand::execute() {
     std::vector<WishLine> lines = readLines(m_file);
     std::vector<RightWish> wishes;
+    wishes.reserve(lines.size());
     for (const WishLine& line : lines)
         wishes.push_back(line.wish);
     const RightChanges changes = apply(wishes);

@@ -14,6 +14,8 @@ struct RowField {
     std::string_view name;
     Type Row::*member;
 };
+template <typename Row, typename Type>
+RowField(std::string_view, Type Row::*) -> RowField<Row, Type>;
 
 // The rows of the network database, under the names of its fields. Null is 0, False or "". Each type tells
 // its table, the index in whose order the windows list it, and its fields.
