@@ -40,6 +40,7 @@ class InterruptedFill : public testing::Test {
   protected:
     InterruptedFill() {
         std::vector<TestTable::Row> rows;
+        rows.reserve(items);
         for (int item = 0; item < items; ++item)
             rows.push_back({clerk, item, item % 3 == 0});
         net.templateItems.add(rows);

@@ -189,6 +189,7 @@ class LongFill : public UserRights {
 
     LongFill() {
         std::vector<Row> rows;
+        rows.reserve(items);
         for (int item = 0; item < items; ++item)
             rows.push_back({driver, 1000 + item, true});
         net.templateItems.add(rows);
