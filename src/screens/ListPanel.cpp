@@ -137,9 +137,10 @@ void ListPanel::makeColumn(const BrowseColumn& column, int left) {
         label.setAlignment(alignment(column.align));
         label.setVisible(column.width > 0);
         const int index = static_cast<int>(m_rows[row].size());
-        forms::onClick(
-            label, [this, row, index] { clickRow(row, index); },
-            [this, row, index] { doubleClickRow(row, index); });
+        if (column.selects)
+            forms::onClick(
+                label, [this, row, index] { clickRow(row, index); },
+                [this, row, index] { doubleClickRow(row, index); });
         m_rows[row].push_back(&label);
     }
 }

@@ -28,6 +28,7 @@ struct BrowseColumn {
     std::function<std::string(data::Recordset&)> text = nullptr;
     TextCut cut = TextCut::End;
     TextAlign align = TextAlign::Left;
+    bool selects = true; ///< whether a click on it is one on its row
 };
 
 /// The children of one parent record, as a list shows them.

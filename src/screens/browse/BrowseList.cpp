@@ -212,11 +212,72 @@ void BrowseList::startOver() {
     m_page.takeFocus();
 }
 
+void BrowseList::BrowseFollow() {
+    try {
+        follow();
+    } catch (const RuntimeError& error) {
+        if (!tellsOfMark(error))
+            throw;
+        BrowseLoad(); // a record has gone meanwhile
+    }
+}
+
+void BrowseList::follow() {
+    if (!goToFirst()) {
+        mTopMark = mFirstMark = mLastMark = noMark;
+        return showEmptyList();
+    }
+    if (vdIsBlank(mFirstMark))
+        return load(); // the list was empty
+    const bool fromFirst = mTopMark == mFirstMark;
+    mFirstMark = m_recordset.Bookmark();
+    findLast();
+    if (fromFirst || !isThere(mTopMark))
+        mTopMark = mFirstMark;
+    if (vdIsBlank(mCurMark) || isThere(mCurMark))
+        findOrPlaceCurrent();
+    else
+        takeRecordOfRow();
+    fillPage();
+}
+
+bool BrowseList::isThere(const std::string& mark) {
+    try {
+        m_recordset.Bookmark(mark);
+        return BrowseRowValid();
+    } catch (const RuntimeError& error) {
+        if (!tellsOfMark(error))
+            throw;
+        return false;
+    }
+}
+
+/// The page stays where it is if the highlighted record, or the end of the list, is on it.
+void BrowseList::findOrPlaceCurrent() {
+    const std::int16_t row = mRow;
+    if (findRow())
+        return;
+    mRow = row;
+    placeCurrent();
+}
+
+/// Highlights what stands in the highlighted row now; behind the last record, the end of the list.
+void BrowseList::takeRecordOfRow() {
+    m_recordset.Bookmark(mTopMark);
+    for (mCount = 0; BrowseRowValid() && mCount < mRow; ++mCount)
+        m_recordset.MoveNext();
+    mRow = mCount;
+    mCurMark = BrowseRowValid() ? m_recordset.Bookmark() : noMark;
+}
+
 void BrowseList::showEmptyList() {
     mRow = 0;
     mCurMark = noMark;
-    m_rows.clear();
     m_rows.BrowseShowEmpty(mRow);
+    for (int row = 1; row <= mLastRow; ++row) {
+        m_rows.BrowseClearRow(row);
+        m_rows.BrowseRowOff(row);
+    }
     m_rows.BrowseRowOn(mRow);
 }
 
@@ -237,6 +298,17 @@ void BrowseList::orAfresh(const Work& work) {
         if (!tellsOfMark(error))
             throw;
         showAfresh();
+    }
+}
+
+template <typename Work>
+void BrowseList::orFailed(const Work& work) {
+    try {
+        work();
+    } catch (const RuntimeError&) {
+        if (!m_actions.failed)
+            throw;
+        run(m_actions.failed);
     }
 }
 
@@ -269,7 +341,8 @@ void BrowseList::fillPage() {
         } else {
             m_rows.BrowseClearRow(row);
         }
-        m_rows.BrowseRowOff(row);
+        if (row != mRow)
+            m_rows.BrowseRowOff(row);
     }
     m_rows.BrowseRowOn(mRow);
 }
@@ -277,9 +350,10 @@ void BrowseList::fillPage() {
 // ---------------------------------------------------------------- moving
 
 void BrowseList::BrowseMove(int key) {
-    if (isSubset() ? isWithoutParent() : m_recordset.IsEmpty())
-        return;
-    orAfresh([&] { move(key); });
+    orFailed([&] {
+        if (!(isSubset() ? isWithoutParent() : m_recordset.IsEmpty()))
+            orAfresh([&] { move(key); });
+    });
 }
 
 void BrowseList::move(int key) {
@@ -409,7 +483,7 @@ void BrowseList::shift(std::string& mark, void (Recordset::*step)()) {
     }
 }
 
-/// Counts the highlighted record's row from the top record.
+/// Counts the highlighted row from the top record; false when it is not on the page.
 bool BrowseList::findRow() {
     m_recordset.Bookmark(mTopMark);
     mRow = 0;
@@ -419,17 +493,19 @@ bool BrowseList::findRow() {
             return true;
         m_recordset.MoveNext();
     }
-    return false;
+    return vdIsBlank(mCurMark) && mRow <= mLastRow; // the End of List row
 }
 
 // ---------------------------------------------------------------- clicks and keys
 
 void BrowseList::BrowseRowClick(int row) {
-    if (m_rows.isBlank(row) || m_recordset.IsEmpty())
-        return m_page.takeFocus();
-    if (row == mRow)
-        return act();
-    orAfresh([&] { highlight(row); });
+    orFailed([&] {
+        if (m_rows.isBlank(row) || m_recordset.IsEmpty())
+            return m_page.takeFocus();
+        if (row == mRow)
+            return act();
+        orAfresh([&] { highlight(row); });
+    });
 }
 
 /// Others may have left fewer records than the page shows; then nothing but the page changes.

@@ -15,6 +15,8 @@ namespace tol::screens {
 /// What the keys and clicks of a list lead to. A key whose action is left out is none of the list's.
 struct BrowseActions {
     std::function<void()> add = {}, edit = {}, remove = {}, exit = {};
+    /// A move or a click whose record could not be read leads to this; without it the error is raised.
+    std::function<void()> failed = {};
 };
 
 /// A list window's page over a table: a fixed number of rows, one of them highlighted, and a
@@ -42,6 +44,10 @@ class BrowseList {
     void setOrder(std::string index, std::optional<int> descriptionColumn);
     /// Puts that record in row 0 and highlights it, after a look at where the list begins and ends now.
     void showFrom(const std::string& mark);
+    /// Shows what others have changed, where the window itself has opened the table afresh. The highlight
+    /// stays on its record, and on its row when the record is gone; a page that began with the first record
+    /// still does where the highlight allows it. Unchanged rows are not painted again.
+    void BrowseFollow();
     /// Repaints the page from the record in row 0.
     void BrowseFillPage();
     /// Moves the highlight: keyDown, keyUp, keyPageDown, keyPageUp, keyHome or keyEnd.
@@ -83,6 +89,10 @@ class BrowseList {
     bool findEnds();
     void findLast();
     void placeCurrent();
+    void follow();
+    bool isThere(const std::string& mark);
+    void findOrPlaceCurrent();
+    void takeRecordOfRow();
     void fillPage();
 
     void move(int key);
@@ -106,6 +116,8 @@ class BrowseList {
     void showAfresh();
     template <typename Work>
     void orAfresh(const Work& work);
+    template <typename Work>
+    void orFailed(const Work& work);
     [[nodiscard]] bool isSubset() const { return m_description.subset.keys != nullptr; }
     [[nodiscard]] bool isWithoutParent() const;
 

@@ -30,10 +30,10 @@ void BrowseRows::BrowseClearRow(int row) {
         setCaption(row, column, " ");
 }
 
+// Each caption is set once: one that stays what it was is not painted again.
 void BrowseRows::showText(int row, const std::string& text) {
-    BrowseClearRow(row);
-    if (m_description.descriptionColumn)
-        setCaption(row, *m_description.descriptionColumn, text);
+    for (int column = 0; column < columns(); ++column)
+        setCaption(row, column, column == m_description.descriptionColumn ? text : " ");
 }
 
 void BrowseRows::BrowseFillRow(int row, data::Recordset& recordset) {
