@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "locks/model/RecordLock.h"
+
+#include "runtime/Conversions.h"
+#include "runtime/RuntimeError.h"
+
+namespace tol::locks {
+namespace {
+
+using runtime::RuntimeError;
+using runtime::Value;
+
+Value valueOf(const data::Recordset& locks, const char* field, Value blank) {
+    Value value = locks.Fields(field).Value();
+    return value.is<runtime::Null>() ? blank : value;
+}
+
+std::string textOf(const data::Recordset& locks, const char* field) {
+    return runtime::toText(valueOf(locks, field, ""));
+}
+
+std::int32_t numberOf(const data::Recordset& locks, const char* field) {
+    return runtime::toLong(valueOf(locks, field, 0));
+}
+
+} // namespace
+
+RecordLock readLock(const data::Recordset& locks) {
+    return {.TAGNO = numberOf(locks, "TAGNO"),
+            .TABLENAME = textOf(locks, "TABLENAME"),
+            .RLUSERNAME = textOf(locks, "RLUSERNAME"),
+            .RLTIMESTAMP = textOf(locks, "RLTIMESTAMP"),
+            .USERTAG = numberOf(locks, "USERTAG"),
+            .Session = numberOf(locks, "Session")};
+}
+
+std::optional<runtime::Date> takenAt(const RecordLock& lock) {
+    try {
+        return runtime::toDate(lock.RLTIMESTAMP);
+    } catch (const RuntimeError&) { // that is how the conversion says that it is none
+        return std::nullopt;
+    }
+}
+
+bool deleteLock(data::Recordset& locks, const std::string& mark, const RecordLock& lock) {
+    try {
+        locks.Bookmark(mark);
+        if (readLock(locks) != lock)
+            return false;
+        locks.Delete();
+        return true;
+    } catch (const RuntimeError& error) {
+        if (error.number() != runtime::errRecordDeleted)
+            throw;
+        return false;
+    }
+}
+
+} // namespace tol::locks
