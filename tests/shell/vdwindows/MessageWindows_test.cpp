@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/vdwindows/frmvdMsgBox.h"
 #include "shell/vdwindows/frmvdNETNoAccess.h"
+#include "shell/vdwindows/frmvdNETRLocked.h"
 #include "shell/vdwindows/frmvdWarning.h"
 #include "support/WindowDriver.h"
 
@@ -76,6 +77,52 @@ TEST(NoAccessWindow, IsLeftWithEscOrEnter) {
         WindowDriver(window).press(key);
         EXPECT_FALSE(window.isLoaded());
     }
+}
+
+class LockedWindow : public testing::Test {
+  protected:
+    LockedWindow() {
+        window.setLock("JOBS", "ann", "1/31/2003 4:05:00 PM");
+        window.showModeless();
+    }
+
+    frmvdNETRLocked window;
+    WindowDriver desk{window};
+};
+
+TEST_F(LockedWindow, TellsWhoHasLockedWhatSinceWhen) {
+    EXPECT_EQ(window.windowTitle(), "Record Locked");
+    EXPECT_EQ(desk.text("lblTABLENAME"), "JOBS");
+    EXPECT_EQ(desk.text("lblUSERNAME"), "ann");
+    EXPECT_EQ(desk.text("lblRLTIMESTAMP"), "1/31/2003 4:05:00 PM");
+    EXPECT_EQ(desk.text("lblExplain"), "The Record you are attemping to access is locked by the above user.");
+    EXPECT_EQ(desk.text("cmdOK"), "OK");
+    EXPECT_EQ(desk.text("cmdREMOVE"), "Remove Lock");
+    desk.keepPicture("record-locked");
+}
+
+TEST_F(LockedWindow, OnlyRemoveLockAsksForTheRemoval) {
+    window.bRemove = true;
+    desk.click("cmdOK");
+    EXPECT_FALSE(window.isLoaded());
+    EXPECT_FALSE(window.bRemove);
+    window.showModeless();
+    desk.click("cmdREMOVE");
+    EXPECT_FALSE(window.isLoaded());
+    EXPECT_TRUE(window.bRemove);
+}
+
+TEST_F(LockedWindow, EscEnterAndTheFrameLeaveTheLock) {
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
+        window.showModeless();
+        desk.press(key);
+        EXPECT_FALSE(window.isLoaded());
+        EXPECT_FALSE(window.bRemove);
+    }
+    window.bRemove = true; // of an earlier showing
+    window.showModeless();
+    window.close();
+    EXPECT_FALSE(window.bRemove);
 }
 
 class WarningWindow : public testing::Test {
