@@ -3,10 +3,12 @@
 
 #include "definition_update/windows/frmDBUDDU.h"
 #include "jobsites/frmDBPBrowse.h"
+#include "locks/frmTOLRLKS01.h"
 #include "rights/frmTOLMOD01.h"
 #include "rights/frmTOLUAI01.h"
 #include "rights/frmTOLURL01.h"
 #include "rights/frmTOLURT01.h"
+#include "rights/frmTOLUTL01.h"
 #include "shell/frmTOLMAIN.h"
 
 namespace tol {
@@ -28,6 +30,8 @@ void addWindows(shell::frmTOLMAIN& main) {
     main.addWindow("frmTOLURT01", overNetwork<rights::frmTOLURT01>);
     main.addWindow("frmTOLUAI01", overNetwork<rights::frmTOLUAI01>);
     main.addWindow("frmTOLMOD01", overNetwork<rights::frmTOLMOD01>);
+    main.addWindow("frmTOLUTL01", overNetwork<rights::frmTOLUTL01>);
+    main.addWindow("frmTOLRLKS01", overNetwork<locks::frmTOLRLKS01>);
     main.addWindow("frmDBUDDU", [](shell::frmTOLMAIN& owner) {
         auto window = std::make_unique<update::frmDBUDDU>();
         window->ModuleCode = "N";
