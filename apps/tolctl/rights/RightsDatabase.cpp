@@ -6,11 +6,17 @@
 
 namespace tol::ctl {
 
-RightsDatabase::RightsDatabase(Use use) : workspace(data::DBEngine::CreateWorkspace("wksNET")) {
+std::string networkFile() {
+    ProgressLine progress(false);
+    const TerminalHost host(progress);
     const std::string file = shell::vdNetPath("", false);
     if (file == "ERROR")
         throw Failure{ExitStatus::CouldNotStart, "there is no network database."};
-    database = workspace.OpenDatabase(file, false, use == Use::Read);
+    return file;
 }
+
+RightsDatabase::RightsDatabase(Use use)
+    : workspace(data::DBEngine::CreateWorkspace("wksNET")),
+      database(workspace.OpenDatabase(networkFile(), false, use == Use::Read)) {}
 
 } // namespace tol::ctl

@@ -5,10 +5,15 @@
 #include "tolctl/ProgressLine.h"
 #include "tolctl/TerminalHost.h"
 
+#include <string>
+
 namespace tol::ctl {
 
-/// The network database, where vdNetPath() finds it, open while this lives. What vdNetPath() tells in a box
-/// is printed; a database that can't be found or opened is an error.
+/// The network database's file, where vdNetPath() finds it. What that tells in a box is printed; a database
+/// that can't be found is an error.
+std::string networkFile();
+
+/// The network database, open while this lives; one that can't be found or opened is an error.
 class RightsDatabase {
     ProgressLine m_progress{false};
     TerminalHost m_host{m_progress};

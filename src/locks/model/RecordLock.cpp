@@ -4,6 +4,8 @@
 #include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"
 
+#include <cmath>
+
 namespace tol::locks {
 namespace {
 
@@ -23,6 +25,16 @@ std::int32_t numberOf(const data::Recordset& locks, const char* field) {
     return runtime::toLong(valueOf(locks, field, 0));
 }
 
+/// What the conversion gives; nothing when it says that the text is none of that kind.
+template <typename Conversion>
+auto orNothing(const Conversion& conversion) -> std::optional<decltype(conversion())> {
+    try {
+        return conversion();
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 RecordLock readLock(const data::Recordset& locks) {
@@ -34,12 +46,11 @@ RecordLock readLock(const data::Recordset& locks) {
             .Session = numberOf(locks, "Session")};
 }
 
+// A time without a day has the day 0, and a number would be the serial of a day.
 std::optional<runtime::Date> takenAt(const RecordLock& lock) {
-    try {
-        return runtime::toDate(lock.RLTIMESTAMP);
-    } catch (const RuntimeError&) { // that is how the conversion says that it is none
-        return std::nullopt;
-    }
+    const auto date = orNothing([&] { return runtime::toDate(lock.RLTIMESTAMP); });
+    const bool namesDay = date && std::fabs(date->serial) >= 1;
+    return namesDay && !orNothing([&] { return runtime::toDouble(lock.RLTIMESTAMP); }) ? date : std::nullopt;
 }
 
 bool deleteLock(data::Recordset& locks, const std::string& mark, const RecordLock& lock) {

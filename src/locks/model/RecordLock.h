@@ -25,7 +25,7 @@ struct RecordLock {
 /// The lock on which the recordset of RECORDLOCKS stands.
 RecordLock readLock(const data::Recordset& locks);
 
-/// Since when the lock is held, where its time stamp, a text or a date, names a date.
+/// Since when the lock is held, where its time stamp, a text or a date, names a day.
 std::optional<runtime::Date> takenAt(const RecordLock& lock);
 
 /// Deletes the lock at the mark. False when it is gone, or another one by now: then nothing is deleted.

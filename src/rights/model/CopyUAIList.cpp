@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "rights/model/CopyUAIList.h"
 
-#include "data/OpenTable.h"
-
 #include <initializer_list>
 
 namespace tol::rights {
@@ -29,21 +27,26 @@ std::int64_t copy(Recordset& from, Recordset& into, const char* index,
 
 } // namespace
 
-CopiedList CopyUAIList(const std::string& netDatabase) {
-    data::OpenTable net("wksNET", netDatabase, "MODULES");
-    Recordset items = net.database.OpenRecordset("USERACCESSITEMS");
-    data::OpenTable delivered("wksDBU", "ZOVDEF.MDB", "MODULES");
-    Recordset deliveredItems = delivered.database.OpenRecordset("USERACCESSITEMS");
+UAIListCopy::UAIListCopy(const std::string& netDatabase)
+    : m_net("wksNET", netDatabase, "MODULES"),
+      m_delivered("wksDBU", "ZOVDEF.MDB", "MODULES"),
+      m_items(m_net.database.OpenRecordset("USERACCESSITEMS")),
+      m_deliveredItems(m_delivered.database.OpenRecordset("USERACCESSITEMS")) {}
 
-    empty(net.rows);
-    empty(items);
+CopiedList UAIListCopy::run() {
+    empty(m_net.rows);
+    empty(m_items);
     CopiedList copied;
-    copied.modules = copy(delivered.rows, net.rows, "MODULES", {"MODULEID", "MODULENAME"});
-    copied.items =
-        copy(deliveredItems, items, "USERACCESSITEMS", {"UAITAG", "MODULEID", "UAICODE", "Desc", "FORMNAME"});
-    delivered.Close();
-    net.Close();
+    copied.modules = copy(m_delivered.rows, m_net.rows, "MODULES", {"MODULEID", "MODULENAME"});
+    copied.items = copy(m_deliveredItems, m_items, "USERACCESSITEMS",
+                        {"UAITAG", "MODULEID", "UAICODE", "Desc", "FORMNAME"});
+    m_delivered.Close();
+    m_net.Close();
     return copied;
+}
+
+CopiedList CopyUAIList(const std::string& netDatabase) {
+    return UAIListCopy(netDatabase).run();
 }
 
 } // namespace tol::rights

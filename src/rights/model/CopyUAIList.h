@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "data/OpenTable.h"
+
 #include <cstdint>
 #include <string>
 
@@ -19,5 +21,18 @@ struct CopiedList {
 /// Both databases are open before anything is deleted. From then on an error passes through, or an end in the
 /// middle leaves, what was copied so far; the next copy makes that good.
 CopiedList CopyUAIList(const std::string& netDatabase);
+
+/// The same in two steps, for who has to know whether anything can have been deleted.
+class UAIListCopy {
+  public:
+    /// Opens both databases.
+    explicit UAIListCopy(const std::string& netDatabase);
+    /// To be called once.
+    CopiedList run();
+
+  private:
+    data::OpenTable m_net, m_delivered;
+    data::Recordset m_items, m_deliveredItems;
+};
 
 } // namespace tol::rights

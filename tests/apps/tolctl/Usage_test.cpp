@@ -29,7 +29,8 @@ TEST_F(UsageTest, HelpGoesToStandardOutput) {
         const Outcome help = m_case.run({option});
         EXPECT_EQ(help.status, 0);
         EXPECT_THAT(help.err, IsEmpty());
-        for (const char* command : {"update", "refresh", "log", "dump", "load", "compact", "rights", "demo"})
+        for (const char* command : {"update", "refresh", "log", "dump", "load", "compact", "rights", "locks",
+                                    "items-update", "demo"})
             EXPECT_THAT(help.out, HasSubstr(std::string("\n  ") + command));
         EXPECT_THAT(help.out, HasSubstr("--dir DIR"));
         EXPECT_THAT(help.out, HasSubstr("4 stopped"));
@@ -62,8 +63,15 @@ INSTANTIATE_TEST_SUITE_P(
                     CommandHelp{"log", {"--json", TOL_PDF ? "--pdf FILE" : "--json"}},
                     CommandHelp{"dump", {"FILE", "--schema-only"}}, CommandHelp{"load", {"FILE", "JSON"}},
                     CommandHelp{"compact", {"FILE"}}, CommandHelp{"rights", {"effective", "apply"}},
-                    CommandHelp{"demo", {"DIR"}}),
-    [](const auto& test) { return test.param.command; });
+                    CommandHelp{"locks",
+                                {"delete", "--user NAME", "--table NAME", "--tag N", "--session N",
+                                 "--older-than TIME", "--json", "--csv"}},
+                    CommandHelp{"items-update", {"--json"}}, CommandHelp{"demo", {"DIR"}}),
+    [](const auto& test) {
+        std::string name = test.param.command;
+        std::erase(name, '-');
+        return name;
+    });
 
 constexpr const char* rightsCommands[] = {"modules",   "items", "templates", "template", "users", "user",
                                           "effective", "who",   "diff",      "check",    "fill",  "apply"};
@@ -98,7 +106,8 @@ TEST_F(UsageTest, TheManualPageTellsEveryCommandAndOption) {
     std::string page = bytesOf(TOL_MAN_PAGE);
     std::erase(page, '\\'); // the page's source says \-\-json
     std::set<std::string> options = optionsIn(m_case.run({"--help"}).out);
-    for (const char* command : {"update", "refresh", "log", "dump", "load", "compact", "rights", "demo"}) {
+    for (const char* command :
+         {"update", "refresh", "log", "dump", "load", "compact", "rights", "locks", "items-update", "demo"}) {
         EXPECT_THAT(page, HasSubstr(std::string("\n.SS ") + command + "\n"));
         options.merge(optionsIn(m_case.run({command, "--help"}).out));
     }
@@ -106,6 +115,7 @@ TEST_F(UsageTest, TheManualPageTellsEveryCommandAndOption) {
         EXPECT_THAT(page, HasSubstr(std::string("rights ") + command));
         options.merge(optionsIn(m_case.run({"rights", command, "--help"}).out));
     }
+    options.merge(optionsIn(m_case.run({"locks", "delete", "--help"}).out));
     if (!TOL_PDF)
         options.insert("--pdf"); // the page is the same for every build
     EXPECT_EQ(optionsIn(page), options);

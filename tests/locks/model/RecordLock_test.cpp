@@ -28,7 +28,8 @@ TEST(TakenAt, IsTheDateThatTheStampNames) {
 }
 
 TEST(TakenAt, IsNothingForAStampThatIsNoDate) {
-    for (const char* stamp : {"", "  ", "yesterday", "31/31/2003", "1/31/2003 25:00", "99999999"})
+    for (const char* stamp :
+         {"", "  ", "yesterday", "31/31/2003", "1/31/2003 25:00", "99999999", "4:05:00 PM", "37652", "12.5"})
         EXPECT_FALSE(locks::takenAt(withStamp(stamp))) << stamp;
 }
 
