@@ -137,5 +137,37 @@ TEST_F(Journey, AModuleIsKept) {
     leave();
 }
 
+TEST_F(Journey, LocksAreDeletedByTwo) {
+    const char* network = "drives/s/NET/ZOVNET.MDB";
+    const std::size_t before = rows(network, "RECORDLOCKS").size();
+    ASSERT_GT(before, 1U) << "the demo has some";
+    open({"alt+u", "3"});
+    display.press({"Down", "d"});
+    answer("Confirm Delete", "Escape");
+    EXPECT_EQ(rows(network, "RECORDLOCKS").size(), before);
+    display.press({"d"});
+    answer("Confirm Delete", "Return");
+    ASSERT_TRUE(comes(network, "RECORDLOCKS", [&](const json& locks) { return locks.size() == before - 1; }))
+        << tol->err();
+    // Another administrator's delete, under the open window.
+    printedBy(TOL_CTL_PROGRAM, {"locks", "delete", "--older-than", "0s", "--yes"});
+    const std::size_t left = rows(network, "RECORDLOCKS").size();
+    EXPECT_LT(left, before - 1);
+    display.press({"x"});
+    leave();
+    EXPECT_EQ(rows(network, "RECORDLOCKS").size(), left);
+}
+
+TEST_F(Journey, TheItemsListIsUpdated) {
+    const char* network = "drives/s/NET/ZOVNET.MDB";
+    open({"alt+u", "2"});
+    display.press({"alt+b"});
+    answer("Finished", "Return");
+    display.press({"Escape"});
+    leave();
+    EXPECT_EQ(rows(network, "USERACCESSITEMS").size(), rows("ZOVDEF.MDB", "USERACCESSITEMS").size());
+    EXPECT_EQ(rows(network, "MODULES").size(), rows("ZOVDEF.MDB", "MODULES").size());
+}
+
 } // namespace
 } // namespace tol::test
