@@ -31,7 +31,6 @@ constexpr runtime::MsgStyle critical{MsgIcon::Critical, MsgButtons::Ok};
 constexpr runtime::MsgStyle information{MsgIcon::Information, MsgButtons::Ok};
 
 constexpr int timerInterval = 500;
-constexpr const char* userDatabase = R"(C:\ZOVUSER\ZOVUSER.MDB)";
 
 } // namespace
 

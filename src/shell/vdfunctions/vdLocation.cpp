@@ -42,25 +42,29 @@ std::string vdDir(std::string_view name) {
     return platform::dir(name);
 }
 
+std::string vdNetworkFolder(data::Recordset& NETPATH) {
+    if (NETPATH.RecordCount() == 0) {
+        NETPATH.AddNew();
+        NETPATH.Update();
+    }
+    NETPATH.MoveFirst();
+    std::string path(runtime::trim(vdNullCheckText(NETPATH.Fields("Path"))));
+    if (path.empty()) {
+        path = platform::currentFolder();
+        NETPATH.Edit();
+        NETPATH.Fields("Path").Value(path);
+        NETPATH.Update();
+    }
+    return platform::withoutBackslash(path);
+}
+
 std::string vdNetworkFolder() {
     if (!fileExists(locationFile))
         return {};
     data::OpenTable table("wksNETPATH", locationFile, "NETPATH");
-    data::Recordset& rows = table.rows;
-    if (rows.RecordCount() == 0) {
-        rows.AddNew();
-        rows.Update();
-        rows.MoveFirst();
-    }
-    std::string path(runtime::trim(vdNullCheckText(rows.Fields("Path"))));
-    if (path.empty()) {
-        path = platform::currentFolder();
-        rows.Edit();
-        rows.Fields("Path").Value(path);
-        rows.Update();
-    }
+    std::string folder = vdNetworkFolder(table.rows);
     table.Close();
-    return platform::withoutBackslash(path);
+    return folder;
 }
 
 std::string vdNetPath(std::string_view path, bool quiet) {
