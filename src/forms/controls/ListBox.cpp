@@ -25,6 +25,10 @@ ListBox::ListBox(QWidget& parent) : QListWidget(&parent) {
         if (!m_byProgram && m_click && ListIndex() >= 0)
             runEvent(*this, m_click);
     });
+    connect(this, &QListWidget::itemClicked, this, [this] {
+        if (m_mouseClick)
+            runEvent(*this, m_mouseClick);
+    });
 }
 
 void ListBox::AddItem(const std::string& line) {

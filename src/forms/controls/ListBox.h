@@ -28,6 +28,8 @@ class ListBox : public QListWidget {
 
     /// A line has been selected by key or click.
     void onClick(EventProcedure procedure) { m_click = std::move(procedure); }
+    /// A line has been clicked; not told of one that is selected by key.
+    void onMouseClick(EventProcedure procedure) { m_mouseClick = std::move(procedure); }
     void onDblClick(EventProcedure procedure) { m_doubleClick = std::move(procedure); }
     /// Enter was pressed. Without a procedure it is the window's.
     void onEnter(EventProcedure procedure) { m_enter = std::move(procedure); }
@@ -41,7 +43,7 @@ class ListBox : public QListWidget {
   private:
     bool selectFirst(int key);
 
-    EventProcedure m_click, m_doubleClick, m_enter;
+    EventProcedure m_click, m_mouseClick, m_doubleClick, m_enter;
     bool m_byProgram = false;
 };
 
