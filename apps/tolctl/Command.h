@@ -34,6 +34,6 @@ class Command {
 /// The commands, each made in the file of its name; Program lists them.
 using CommandFactory = std::unique_ptr<Command>(CLI::App& program);
 CommandFactory updateCommand, refreshCommand, logCommand, dumpCommand, loadCommand, compactCommand,
-    rightsCommand, locksCommand, itemsUpdateCommand, demoCommand;
+    rightsCommand, locksCommand, itemsUpdateCommand, settingsCommand, demoCommand;
 
 } // namespace tol::ctl

@@ -27,9 +27,9 @@ constexpr const char* closing =
     "else in tolvane/drives of the user's data folder.";
 
 /// In the order of the help.
-constexpr CommandFactory* commands[] = {updateCommand,      refreshCommand, logCommand,    dumpCommand,
-                                        loadCommand,        compactCommand, rightsCommand, locksCommand,
-                                        itemsUpdateCommand, demoCommand};
+constexpr CommandFactory* commands[] = {updateCommand,      refreshCommand,  logCommand,    dumpCommand,
+                                        loadCommand,        compactCommand,  rightsCommand, locksCommand,
+                                        itemsUpdateCommand, settingsCommand, demoCommand};
 
 void tell(const std::string& text) {
     std::cerr << "tolctl: " << text << "\n";

@@ -30,7 +30,7 @@ TEST_F(UsageTest, HelpGoesToStandardOutput) {
         EXPECT_EQ(help.status, 0);
         EXPECT_THAT(help.err, IsEmpty());
         for (const char* command : {"update", "refresh", "log", "dump", "load", "compact", "rights", "locks",
-                                    "items-update", "demo"})
+                                    "items-update", "settings", "demo"})
             EXPECT_THAT(help.out, HasSubstr(std::string("\n  ") + command));
         EXPECT_THAT(help.out, HasSubstr("--dir DIR"));
         EXPECT_THAT(help.out, HasSubstr("4 stopped"));
@@ -66,7 +66,9 @@ INSTANTIATE_TEST_SUITE_P(
                     CommandHelp{"locks",
                                 {"delete", "--user NAME", "--table NAME", "--tag N", "--session N",
                                  "--older-than TIME", "--json", "--csv"}},
-                    CommandHelp{"items-update", {"--json"}}, CommandHelp{"demo", {"DIR"}}),
+                    CommandHelp{"items-update", {"--json"}},
+                    CommandHelp{"settings", {"network", "add-user", "select", "--json"}},
+                    CommandHelp{"demo", {"DIR"}}),
     [](const auto& test) {
         std::string name = test.param.command;
         std::erase(name, '-');
@@ -106,8 +108,8 @@ TEST_F(UsageTest, TheManualPageTellsEveryCommandAndOption) {
     std::string page = bytesOf(TOL_MAN_PAGE);
     std::erase(page, '\\'); // the page's source says \-\-json
     std::set<std::string> options = optionsIn(m_case.run({"--help"}).out);
-    for (const char* command :
-         {"update", "refresh", "log", "dump", "load", "compact", "rights", "locks", "items-update", "demo"}) {
+    for (const char* command : {"update", "refresh", "log", "dump", "load", "compact", "rights", "locks",
+                                "items-update", "settings", "demo"}) {
         EXPECT_THAT(page, HasSubstr(std::string("\n.SS ") + command + "\n"));
         options.merge(optionsIn(m_case.run({command, "--help"}).out));
     }
@@ -116,6 +118,7 @@ TEST_F(UsageTest, TheManualPageTellsEveryCommandAndOption) {
         options.merge(optionsIn(m_case.run({"rights", command, "--help"}).out));
     }
     options.merge(optionsIn(m_case.run({"locks", "delete", "--help"}).out));
+    options.merge(optionsIn(m_case.run({"settings", "select", "--help"}).out));
     if (!TOL_PDF)
         options.insert("--pdf"); // the page is the same for every build
     EXPECT_EQ(optionsIn(page), options);
