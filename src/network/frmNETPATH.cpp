@@ -22,8 +22,8 @@ constexpr int maxLength = 60;
 frmNETPATH::frmNETPATH(std::function<void(const std::string&)> changed)
     : Form("frmNETPATH"),
       m_tellChanged(std::move(changed)),
-      lblHNETPATH(forms::addLabel(*this, "lblHNETPATH", "Database Location:", {225, 225, 1800, 330})),
-      m_location(*this, lblHNETPATH, maxLength, {2025, 225, 6000, 330}) {
+      m_location(*this, forms::addLabel(*this, "lblHNETPATH", "Database Location:", {225, 225, 1800, 330}),
+                 maxLength, {2025, 225, 6000, 330}) {
     setWindowTitle("Location of Wendry Database");
     setScaleSize(8250, 1425);
     m_location.setUpperCase();

@@ -8,7 +8,6 @@
 #include <functional>
 #include <string>
 
-class QLabel;
 class QPushButton;
 
 namespace tol::network {
@@ -28,7 +27,6 @@ class frmNETPATH : public forms::Form {
     void cmdUpdate_Click();
 
     std::function<void(const std::string&)> m_tellChanged;
-    QLabel& lblHNETPATH;
     LocationBox m_location;
     QPushButton* cmdCancel;
     data::OpenTable m_netPath;

@@ -42,10 +42,11 @@ frmNETSET::frmNETSET(std::string netPath, std::string moduleCode)
       ModuleCode(std::move(moduleCode)),
       lblUSERNAME(&addRow("USERNAME", "User Name:", 0)),
       lblUSERTAG(&addRow("USERTAG", "User Number:", 1)),
-      lblHNETPATH(forms::addLabel(*this, "lblHNETPATH", "Network Database Location:",
-                                  {margin, topOf(locationRow), headWidth, labelHeight})),
       lblNETPATH(new screens::RowLabel(*this, "lblNETPATH", screens::TextCut::Middle)),
-      m_location(*this, lblHNETPATH, maxLocation, {valueLeft, topOf(locationRow), valueWidth, labelHeight}) {
+      m_location(*this,
+                 forms::addLabel(*this, "lblHNETPATH", "Network Database Location:",
+                                 {margin, topOf(locationRow), headWidth, labelHeight}),
+                 maxLocation, {valueLeft, topOf(locationRow), valueWidth, labelHeight}) {
     forms::place(*lblNETPATH, {valueLeft - screens::RowLabel::margin, topOf(locationRow),
                                valueWidth + 2 * screens::RowLabel::margin, labelHeight});
     lblNETPATH->setTransparent();

@@ -43,7 +43,6 @@ class frmNETSET : public forms::Form {
     bool NetMissing = false;
     bool PathEditing = false;
     QLabel *lblUSERNAME, *lblUSERTAG;
-    QLabel& lblHNETPATH;
     screens::RowLabel* lblNETPATH;
     LocationBox m_location; ///< over lblNETPATH
     QPushButton *cmdNETPATH, *cmdAdd, *cmdExit;

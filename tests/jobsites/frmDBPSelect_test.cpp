@@ -28,9 +28,9 @@ constexpr std::int32_t current = 9; // the Job Site whose settings are in force
 class SelectSite : public testing::Test {
   protected:
     /// Shows the window while a person acts on it; the number of the site that was chosen, 0 for none.
-    std::int32_t choose(const std::function<void(WindowDriver&)>& acts) {
+    std::int32_t choose(const std::function<void(const WindowDriver&)>& acts) {
         jobsites::frmDBPSelect window(current);
-        const OnModal modal("frmDBPSelect", [&](WindowDriver& desk) {
+        const OnModal modal("frmDBPSelect", [&](const WindowDriver& desk) {
             EXPECT_EQ(window.windowTitle(), "Job Sites");
             acts(desk);
         });
@@ -77,7 +77,7 @@ class SelectSite : public testing::Test {
 
 TEST_F(SelectSite, ListsTheSitesInOrder) {
     addThree();
-    EXPECT_EQ(choose([&](WindowDriver& desk) {
+    EXPECT_EQ(choose([&](const WindowDriver& desk) {
                   std::vector<std::string> shown;
                   for (int i = 0; i < lines(desk).ListCount(); ++i)
                       shown.push_back(lines(desk).List(i));
@@ -97,7 +97,7 @@ TEST_F(SelectSite, AClickChangesTheSettings) {
     addThree();
     settings.add({{"Office"}});
     ofSites.add({{1, "Trailer"}});
-    EXPECT_EQ(choose([&](WindowDriver& desk) { clickLine(desk, 1); }), 1);
+    EXPECT_EQ(choose([&](const WindowDriver& desk) { clickLine(desk, 1); }), 1);
     EXPECT_TRUE(succeeded);
     EXPECT_EQ(chosenFolder, "C:\\NORTH");
     EXPECT_THAT(settings.rows(), ElementsAre("Trailer"));
@@ -108,7 +108,7 @@ TEST_F(SelectSite, AClickChangesTheSettings) {
 TEST_F(SelectSite, KeysDoSoWithEnterOrTheButton) {
     addThree();
     settings.add({{"Office"}});
-    EXPECT_EQ(choose([&](WindowDriver& desk) {
+    EXPECT_EQ(choose([&](const WindowDriver& desk) {
                   desk.press(Qt::Key_Down);
                   desk.press(Qt::Key_Down);
                   desk.press(Qt::Key_Down);
@@ -116,22 +116,22 @@ TEST_F(SelectSite, KeysDoSoWithEnterOrTheButton) {
                   desk.press(Qt::Key_Return);
               }),
               3);
-    EXPECT_EQ(choose([&](WindowDriver& desk) {
+    EXPECT_EQ(choose([&](const WindowDriver& desk) {
                   desk.press(Qt::Key_N);
                   desk.press(Qt::Key_S, Qt::AltModifier);
               }),
               1);
-    EXPECT_EQ(choose([](WindowDriver& desk) { desk.press(Qt::Key_Escape); }), 0);
+    EXPECT_EQ(choose([](const WindowDriver& desk) { desk.press(Qt::Key_Escape); }), 0);
 }
 
 TEST_F(SelectSite, TheFirstInOrderOfTwoWithOneNameWins) {
     sites.add({{1, "NORTH", "C:\\Z"}, {2, "North ", "C:\\B"}, {3, "NORTH", "C:\\A"}});
     settings.add({{"Office"}});
-    EXPECT_EQ(choose([&](WindowDriver& desk) { clickLine(desk, 2); }), 3);
+    EXPECT_EQ(choose([&](const WindowDriver& desk) { clickLine(desk, 2); }), 3);
 }
 
 TEST_F(SelectSite, NothingIsChosenFromAnEmptyList) {
-    choose([&](WindowDriver& desk) {
+    choose([&](const WindowDriver& desk) {
         desk.click("cmdSelect");
         expectInvalid();
         desk.press(Qt::Key_Return); // in the list
@@ -143,7 +143,7 @@ TEST_F(SelectSite, NothingIsChosenFromAnEmptyList) {
 TEST_F(SelectSite, ASiteWithoutNameOrOneThatIsGoneIsInvalid) {
     sites.add({{1, "  ", "C:\\NORTH"}, {2, "EAST", "C:\\EAST"}});
     settings.add({{"Office"}});
-    EXPECT_EQ(choose([&](WindowDriver& desk) {
+    EXPECT_EQ(choose([&](const WindowDriver& desk) {
                   clickLine(desk, 0);
                   expectInvalid();
                   sites.remove("DBTAG", 2);
@@ -157,7 +157,7 @@ TEST_F(SelectSite, ASiteWithoutNameOrOneThatIsGoneIsInvalid) {
 
 TEST_F(SelectSite, FailuresAreToldAndTheWindowCloses) {
     addThree();
-    EXPECT_EQ(choose([&](WindowDriver& desk) { clickLine(desk, 0); }), 2);
+    EXPECT_EQ(choose([&](const WindowDriver& desk) { clickLine(desk, 0); }), 2);
     EXPECT_FALSE(succeeded);
     ASSERT_EQ(person.boxes.size(), 1U);
     EXPECT_EQ(person.boxes[0].title, "Error");
@@ -165,7 +165,7 @@ TEST_F(SelectSite, FailuresAreToldAndTheWindowCloses) {
 }
 
 TEST_F(SelectSite, LetsGoOfItsTable) {
-    choose([](WindowDriver&) {});
+    choose([](const WindowDriver&) {});
     data::Workspace workspace = data::DBEngine::CreateWorkspace("test");
     workspace.OpenDatabase("DBPATHS.MDB").TableDefs().Delete("DBPATHS");
 }

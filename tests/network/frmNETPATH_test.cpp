@@ -30,9 +30,9 @@ class NetworkPath : public testing::Test {
         owner.show();
     }
 
-    void show(const std::function<void(WindowDriver&)>& acts) {
+    void show(const std::function<void(const WindowDriver&)>& acts) {
         network::frmNETPATH window([this](const std::string& path) { changes.push_back(path); });
-        const OnModal modal("frmNETPATH", [&](WindowDriver& desk) {
+        const OnModal modal("frmNETPATH", [&](const WindowDriver& desk) {
             EXPECT_EQ(window.windowTitle(), "Location of Wendry Database");
             acts(desk);
         });
@@ -48,7 +48,7 @@ class NetworkPath : public testing::Test {
 
 TEST_F(NetworkPath, ShowsTheLocation) {
     folder.addPath(" C:\\Net\\ ");
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         EXPECT_EQ(desk.text("lblHNETPATH"), "Database Location:");
         EXPECT_EQ(desk.text("txtNETPATH"), "C:\\Net");
         EXPECT_EQ(desk.control<forms::TextBox>("txtNETPATH").MaxLength(), 60);
@@ -63,13 +63,13 @@ TEST_F(NetworkPath, ShowsTheLocation) {
 }
 
 TEST_F(NetworkPath, IsTheCurrentFolderAtFirst) {
-    show([&](WindowDriver& desk) { EXPECT_EQ(desk.text("txtNETPATH"), platform::currentFolder()); });
+    show([&](const WindowDriver& desk) { EXPECT_EQ(desk.text("txtNETPATH"), platform::currentFolder()); });
     EXPECT_THAT(folder.paths(), ElementsAre(Value(platform::currentFolder())));
 }
 
 TEST_F(NetworkPath, IsChangedByKeysInCapitals) {
     folder.addPath("C:\\OLD");
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.type("s:\\new\\");
         desk.press(Qt::Key_Return);
         EXPECT_EQ(desk.focus(), "cmdSelectPath");
@@ -81,7 +81,7 @@ TEST_F(NetworkPath, IsChangedByKeysInCapitals) {
 }
 
 TEST_F(NetworkPath, IsInCapitalsWhenUpdateIsPressedFromTheBox) {
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.type("new");
         desk.press(Qt::Key_U, Qt::AltModifier);
     });
@@ -90,14 +90,14 @@ TEST_F(NetworkPath, IsInCapitalsWhenUpdateIsPressedFromTheBox) {
 
 TEST_F(NetworkPath, IsPickedByClicks) {
     folder.addPath("C:\\OLD");
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         {
-            const OnModal picker("frmDBPSearch", [](WindowDriver& pick) { pick.click("cmdCancel"); });
+            const OnModal picker("frmDBPSearch", [](const WindowDriver& pick) { pick.click("cmdCancel"); });
             desk.click("cmdSelectPath");
         }
         EXPECT_EQ(desk.text("txtNETPATH"), "C:\\OLD");
         {
-            const OnModal picker("frmDBPSearch", [](WindowDriver& pick) { pick.click("cmdSelect"); });
+            const OnModal picker("frmDBPSearch", [](const WindowDriver& pick) { pick.click("cmdSelect"); });
             desk.click("cmdSelectPath");
         }
         desk.click("cmdUpdate");
@@ -109,15 +109,15 @@ TEST_F(NetworkPath, IsPickedByClicks) {
 
 TEST_F(NetworkPath, StaysWhenItIsCancelled) {
     folder.addPath("C:\\OLD");
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.type("new");
         desk.press(Qt::Key_Escape);
     });
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.type("new");
         desk.press(Qt::Key_C, Qt::AltModifier);
     });
-    show([&](WindowDriver& desk) { desk.type("new"); });
+    show([&](const WindowDriver& desk) { desk.type("new"); });
     EXPECT_THAT(folder.paths(), ElementsAre(Value("C:\\OLD")));
     EXPECT_THAT(changes, IsEmpty());
 }
@@ -125,13 +125,13 @@ TEST_F(NetworkPath, StaysWhenItIsCancelled) {
 TEST_F(NetworkPath, ThatIsTooLongForTheBoxStaysWholeUntilItIsTouched) {
     const std::string longer(100, 'x');
     folder.addPath(longer);
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         EXPECT_EQ(desk.text("txtNETPATH"), std::string(60, 'x'));
         desk.click("cmdUpdate");
     });
     EXPECT_THAT(folder.paths(), ElementsAre(Value(longer)));
     EXPECT_THAT(changes, ElementsAre(longer));
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.press(Qt::Key_End);
         desk.press(Qt::Key_Backspace);
         desk.click("cmdUpdate");
@@ -141,7 +141,7 @@ TEST_F(NetworkPath, ThatIsTooLongForTheBoxStaysWholeUntilItIsTouched) {
 
 TEST_F(NetworkPath, GetsARowThatIsGoneMeanwhile) {
     folder.addPath("C:\\OLD");
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         data::OpenTable others("other", "NETPATH.MDB", "NETPATH");
         others.rows.Delete();
         others.Close();
@@ -152,14 +152,14 @@ TEST_F(NetworkPath, GetsARowThatIsGoneMeanwhile) {
 }
 
 TEST_F(NetworkPath, LetsGoOfItsTable) {
-    show([](WindowDriver& desk) { desk.click("cmdUpdate"); });
+    show([](const WindowDriver& desk) { desk.click("cmdUpdate"); });
     data::Workspace workspace = data::DBEngine::CreateWorkspace("test");
     workspace.OpenDatabase("NETPATH.MDB").TableDefs().Delete("NETPATH");
 }
 
 TEST_F(NetworkPath, OnlyCancelIsLeftWithoutTheDatabase) {
     folder.remove("NETPATH.MDB");
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         ASSERT_EQ(person.boxes.size(), 1U);
         EXPECT_EQ(person.boxes[0].title, "Error Displaying Form");
         EXPECT_THAT(person.boxes[0].text, StartsWith("Error Loading Form: frmNETPATH\n\nError Number: 3024"));

@@ -42,9 +42,9 @@ class NetworkSettings : public testing::Test {
     }
 
     /// Shows the window for a module while a person acts on it.
-    void show(const std::function<void(WindowDriver&)>& acts, const char* module = "NET") {
+    void show(const std::function<void(const WindowDriver&)>& acts, const char* module = "NET") {
         network::frmNETSET window(platform::currentFolder(), module);
-        const OnModal modal("frmNETSET", [&](WindowDriver& desk) {
+        const OnModal modal("frmNETSET", [&](const WindowDriver& desk) {
             title = window.windowTitle().toStdString();
             acts(desk);
         });
@@ -91,7 +91,7 @@ class NetworkSettings : public testing::Test {
 
 TEST_F(NetworkSettings, ShowWhoTheUserIsAndWhereTheDatabaseLies) {
     net.users.add({{31, "ann", "", false}});
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         EXPECT_EQ(desk.text("lblHUSERNAME"), "User Name:");
         EXPECT_EQ(desk.text("lblUSERNAME"), "Ann");
         EXPECT_EQ(desk.text("lblHUSERTAG"), "User Number:");
@@ -108,16 +108,16 @@ TEST_F(NetworkSettings, ShowWhoTheUserIsAndWhereTheDatabaseLies) {
 }
 
 TEST_F(NetworkSettings, ShowAUserWhoIsNotInTheList) {
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         EXPECT_EQ(desk.text("lblUSERTAG"), "<none>");
         desk.press(Qt::Key_Escape);
     });
 }
 
 TEST_F(NetworkSettings, AreForAnyModuleOfTheSuite) {
-    show([](WindowDriver&) {}, "BRL");
+    show([](const WindowDriver&) {}, "BRL");
     EXPECT_EQ(title, "Network Settings - Brimel Module");
-    show([](WindowDriver&) {}, "WHO");
+    show([](const WindowDriver&) {}, "WHO");
     EXPECT_EQ(title, "Network Settings - ????");
 }
 
@@ -125,7 +125,7 @@ TEST_F(NetworkSettings, TakeTheLocationOfASiblingWhereThisProgramHasNone) {
     folder.remove("NETPATH.MDB");
     const TestTable sibling("ORVPATH.MDB", "ORVPATH", {{"Path", data::dbText, 100}});
     sibling.add({{"C:\\ELSEWHERE"}});
-    show([&](WindowDriver& desk) { EXPECT_EQ(desk.text("lblNETPATH"), "C:\\ELSEWHERE"); }, "ORV");
+    show([&](const WindowDriver& desk) { EXPECT_EQ(desk.text("lblNETPATH"), "C:\\ELSEWHERE"); }, "ORV");
     EXPECT_THAT(folder.paths(), ElementsAre(Value("C:\\ELSEWHERE")));
     EXPECT_EQ(person.boxes.front().title, "Cannot Access");
 }
@@ -133,7 +133,7 @@ TEST_F(NetworkSettings, TakeTheLocationOfASiblingWhereThisProgramHasNone) {
 TEST_F(NetworkSettings, GoOnWithoutADatabaseOfTheirOwn) {
     folder.remove("NETPATH.MDB");
     show(
-        [&](WindowDriver& desk) {
+        [&](const WindowDriver& desk) {
             EXPECT_EQ(desk.text("lblNETPATH"), "The Database NETPATH.mdb is Missing.");
             EXPECT_EQ(desk.text("lblUSERTAG"), "<none>") << "found by the caller's folder";
             desk.click("cmdNETPATH");
@@ -152,7 +152,7 @@ TEST_F(NetworkSettings, ShowNoNumberWhenTheDatabaseCanNotBeReached) {
         "Cannot Find the Database: " + platform::currentFolder() +
         "\\ZOVNET.MDB\n\nFind the correct location for ZOVNET.mdb and update your Network "
         "Database Location setting.";
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         expectBox("Cannot Access", text, QMessageBox::Critical);
         EXPECT_EQ(desk.text("lblUSERTAG"), "");
         EXPECT_EQ(desk.text("lblNETPATH"), platform::currentFolder());
@@ -164,7 +164,7 @@ TEST_F(NetworkSettings, ShowNoNumberWhenTheDatabaseCanNotBeReached) {
 
 TEST_F(NetworkSettings, OnlyExitIsLeftWhenTheLoadFails) {
     folder.remove("NETPATH.MDB");
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         expectBox("Error Displaying Form",
                   "Error Loading Form: frmNETSET\n\nError Number: 53\n\nError Description: File not found: "
                   "'NETPATH.MDB'",
@@ -179,7 +179,7 @@ TEST_F(NetworkSettings, OnlyExitIsLeftWhenTheLoadFails) {
 TEST_F(NetworkSettings, OnlyExitIsLeftWithoutTheListOfUsers) {
     std::filesystem::remove("ZOVNET.MDB");
     const TestTable other("ZOVNET.MDB", "OTHER", {{"A", data::dbLong}});
-    show([&](WindowDriver&) {
+    show([&](const WindowDriver&) {
         ASSERT_EQ(person.boxes.size(), 1U);
         EXPECT_THAT(person.boxes[0].text, StartsWith("Error Loading Form: frmNETSET\n\nError Number: 3078"));
     });
@@ -188,7 +188,7 @@ TEST_F(NetworkSettings, OnlyExitIsLeftWithoutTheListOfUsers) {
 // The location.
 
 TEST_F(NetworkSettings, TheLocationIsChangedByKeys) {
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.press(Qt::Key_M, Qt::AltModifier);
         expectEditing(desk);
         EXPECT_EQ(desk.text("txtNETPATH"), platform::currentFolder());
@@ -200,17 +200,17 @@ TEST_F(NetworkSettings, TheLocationIsChangedByKeys) {
         EXPECT_EQ(desk.text("lblNETPATH"), "s:\\new place\\");
     });
     EXPECT_THAT(folder.paths(), ElementsAre(Value("s:\\new place\\")));
-    show([&](WindowDriver& desk) { EXPECT_EQ(desk.text("lblNETPATH"), "s:\\new place"); });
+    show([&](const WindowDriver& desk) { EXPECT_EQ(desk.text("lblNETPATH"), "s:\\new place"); });
 }
 
 TEST_F(NetworkSettings, TheLocationIsChangedByClicks) {
     std::filesystem::create_directories(folder.driveC() / "Net");
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.click("cmdNETPATH");
         EXPECT_EQ(desk.text("cmdSelectPath"), "=");
         EXPECT_EQ(desk.control("cmdSelectPath").toolTip(), "Click for Location Selection Form");
         {
-            const OnModal picker("frmDBPSearch", [](WindowDriver& pick) { pick.click("cmdSelect"); });
+            const OnModal picker("frmDBPSearch", [](const WindowDriver& pick) { pick.click("cmdSelect"); });
             desk.click("cmdSelectPath");
         }
         EXPECT_EQ(desk.text("txtNETPATH"), runtime::upperCase(platform::currentFolder()));
@@ -220,11 +220,11 @@ TEST_F(NetworkSettings, TheLocationIsChangedByClicks) {
 }
 
 TEST_F(NetworkSettings, TheLocationStaysWhenThePickerIsCancelled) {
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.click("cmdNETPATH");
         desk.type("mine");
         for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_C}) {
-            const OnModal picker("frmDBPSearch", [key](WindowDriver& pick) {
+            const OnModal picker("frmDBPSearch", [key](const WindowDriver& pick) {
                 pick.press(key, key == Qt::Key_C ? Qt::AltModifier : Qt::NoModifier);
             });
             desk.click("cmdSelectPath");
@@ -235,7 +235,7 @@ TEST_F(NetworkSettings, TheLocationStaysWhenThePickerIsCancelled) {
 
 TEST_F(NetworkSettings, AnEditIsGivenUp) {
     const auto before = folder.paths();
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.click("cmdNETPATH");
         desk.type("nonsense");
         desk.press(Qt::Key_Escape);
@@ -252,7 +252,7 @@ TEST_F(NetworkSettings, AnEditIsGivenUp) {
 }
 
 TEST_F(NetworkSettings, EnterGoesFromTheBoxToTheNextControl) {
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.click("cmdNETPATH");
         desk.press(Qt::Key_Return);
         EXPECT_EQ(desk.focus(), "cmdSelectPath");
@@ -261,7 +261,7 @@ TEST_F(NetworkSettings, EnterGoesFromTheBoxToTheNextControl) {
 
 TEST_F(NetworkSettings, AHundredCharactersFitAndNoMore) {
     const std::string longest(100, 'x');
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.click("cmdNETPATH");
         desk.type(QString::fromStdString(longest + "yz"));
         EXPECT_EQ(desk.text("txtNETPATH"), longest);
@@ -276,7 +276,7 @@ TEST_F(NetworkSettings, ALongerLocationIsShownAndKeptWhole) {
     const std::string longer = std::string(100, 'x') + "/more";
     const TestTable own("NETPATH.MDB", "NETPATH", {{"Path", data::dbText, 200}});
     own.add({{longer}});
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         person.boxes.clear();
         EXPECT_EQ(desk.text("lblNETPATH"), longer);
         desk.keepPicture("network-settings-long");
@@ -289,13 +289,13 @@ TEST_F(NetworkSettings, ALongerLocationIsShownAndKeptWhole) {
 }
 
 TEST_F(NetworkSettings, NoLocationAtAllIsTheCurrentFolderTheNextTime) {
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.click("cmdNETPATH");
         desk.press(Qt::Key_Delete);
         desk.click("cmdNETPATH");
         EXPECT_EQ(desk.text("lblNETPATH"), "");
     });
-    show([&](WindowDriver& desk) { EXPECT_EQ(desk.text("lblNETPATH"), platform::currentFolder()); });
+    show([&](const WindowDriver& desk) { EXPECT_EQ(desk.text("lblNETPATH"), platform::currentFolder()); });
 }
 
 class NetworkSettingsDeathTest : public NetworkSettings {};
@@ -306,7 +306,7 @@ TEST_F(NetworkSettingsDeathTest, ALocationThatCanNotBeStoredEndsTheProgram) {
             fmt::print(stderr, "[{}|{}]", box.windowTitle().toStdString(), box.text().toStdString());
             box.close();
         };
-        show([&](WindowDriver& desk) {
+        show([&](const WindowDriver& desk) {
             desk.click("cmdNETPATH");
             desk.type("new");
             folder.remove("NETPATH.MDB");
@@ -321,7 +321,7 @@ TEST_F(NetworkSettingsDeathTest, ALocationThatCanNotBeStoredEndsTheProgram) {
 
 TEST_F(NetworkSettings, TheUserIsAddedOnce) {
     net.tags.add({{1, 2, 31}});
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         person.onBox = [&](QMessageBox& box) {
             EXPECT_EQ(desk.text("lblUSERTAG"), "31") << "not shown under the box";
             box.close();
@@ -343,18 +343,18 @@ TEST_F(NetworkSettings, TheUserIsAddedOnce) {
 
 TEST_F(NetworkSettings, AUserWithLettersBeyondASCIIIsAdded) {
     login = "\u00c4NNE";
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         EXPECT_EQ(desk.text("lblUSERNAME"), login);
         desk.click("cmdAdd");
         expectBox("User List Updated", "The User Name: \u00e4nne\nhas been added to the list of users.",
                   QMessageBox::Information);
     });
-    show([&](WindowDriver& desk) { EXPECT_EQ(desk.text("lblUSERTAG"), "1"); });
+    show([&](const WindowDriver& desk) { EXPECT_EQ(desk.text("lblUSERTAG"), "1"); });
 }
 
 TEST_F(NetworkSettings, AUserWithoutNameIsNotAdded) {
     login = "  ";
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.click("cmdAdd");
         expectBox("Cannot Update Record", "Empty User Name Detected", QMessageBox::Critical);
         EXPECT_EQ(desk.focus(), "cmdExit");
@@ -363,7 +363,7 @@ TEST_F(NetworkSettings, AUserWithoutNameIsNotAdded) {
 }
 
 TEST_F(NetworkSettings, LetGoOfTheirTables) {
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.click("cmdAdd");
         data::Workspace workspace = data::DBEngine::CreateWorkspace("test");
         workspace.OpenDatabase("ZOVNET.MDB").TableDefs().Delete("NETTAGS");

@@ -21,9 +21,9 @@ using testing::StartsWith;
 
 class SiteInformation : public testing::Test {
   protected:
-    void show(const std::function<void(WindowDriver&)>& acts) {
+    void show(const std::function<void(const WindowDriver&)>& acts) {
         shell::frmAboutEdit window(folder.path());
-        const OnModal modal("frmAboutEdit", [&](WindowDriver& desk) {
+        const OnModal modal("frmAboutEdit", [&](const WindowDriver& desk) {
             EXPECT_EQ(window.windowTitle(), "Site Information Update Screen");
             acts(desk);
         });
@@ -46,7 +46,7 @@ TEST_F(SiteInformation, IsShownInItsBoxes) {
                                                                {"txtZIP", "62701", 5},
                                                                {"txtPLUS4", "1234", 4},
                                                                {"txtLOCATIONNO", "100", 5}};
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         for (const auto& [name, text, length] : boxes) {
             EXPECT_EQ(desk.text(name), text);
             EXPECT_EQ(desk.control<forms::TextBox>(name).MaxLength(), length) << name;
@@ -69,7 +69,7 @@ TEST_F(SiteInformation, IsShownInItsBoxes) {
 }
 
 TEST_F(SiteInformation, IsTypedFromBoxToBoxAndStored) {
-    show([](WindowDriver& desk) {
+    show([](const WindowDriver& desk) {
         for (const char* text : {"New Works", "2 Low Road", "", "Shelbyville", "il", "60001", "9", "-7up"}) {
             desk.press(Qt::Key_Delete); // what is selected
             desk.type(text);
@@ -82,7 +82,7 @@ TEST_F(SiteInformation, IsTypedFromBoxToBoxAndStored) {
 }
 
 TEST_F(SiteInformation, MayStayBlank) {
-    show([](WindowDriver& desk) { desk.click("cmdUpdate"); });
+    show([](const WindowDriver& desk) { desk.click("cmdUpdate"); });
     const auto blank = [](std::size_t size) { return std::string(size, ' ') + "|"; };
     EXPECT_THAT(site.rows(), ElementsAre(blank(50) + blank(50) + blank(50) + blank(20) + blank(2) + blank(5) +
                                          blank(4) + "0"));
@@ -90,7 +90,7 @@ TEST_F(SiteInformation, MayStayBlank) {
 
 TEST_F(SiteInformation, WithoutALeadingNumberHasNumberZero) {
     site.add({wholeSite});
-    show([](WindowDriver& desk) {
+    show([](const WindowDriver& desk) {
         desk.control("txtLOCATIONNO").setFocus();
         desk.type("no 5");
         desk.press(Qt::Key_U, Qt::AltModifier);
@@ -100,12 +100,12 @@ TEST_F(SiteInformation, WithoutALeadingNumberHasNumberZero) {
 
 TEST_F(SiteInformation, IsNotStoredByExitEscOrTheCloseButton) {
     site.add({wholeSite});
-    const auto type = [](WindowDriver& desk) { desk.type("Nonsense"); };
-    show([&](WindowDriver& desk) {
+    const auto type = [](const WindowDriver& desk) { desk.type("Nonsense"); };
+    show([&](const WindowDriver& desk) {
         type(desk);
         desk.click("cmdExit");
     });
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         type(desk);
         desk.press(Qt::Key_Escape);
     });
@@ -114,14 +114,14 @@ TEST_F(SiteInformation, IsNotStoredByExitEscOrTheCloseButton) {
 }
 
 TEST_F(SiteInformation, LetsGoOfItsTable) {
-    show([](WindowDriver&) {});
+    show([](const WindowDriver&) {});
     data::Workspace workspace = data::DBEngine::CreateWorkspace("test");
     workspace.OpenDatabase("MAIN.MDB").TableDefs().Delete("SITEINFO");
 }
 
 TEST_F(SiteInformation, OnlyExitIsLeftWithoutTheDatabase) {
     folder.remove("MAIN.MDB");
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         ASSERT_EQ(person.boxes.size(), 1U);
         EXPECT_EQ(person.boxes[0].title, "Error Displaying Form");
         EXPECT_THAT(person.boxes[0].text,
@@ -142,7 +142,7 @@ TEST_F(SiteInformationDeathTest, ANumberBeyondTheFieldEndsTheProgram) {
             fmt::print(stderr, "[{}|{}]", box.windowTitle().toStdString(), box.text().toStdString());
             box.close();
         };
-        show([](WindowDriver& desk) {
+        show([](const WindowDriver& desk) {
             desk.control("txtLOCATIONNO").setFocus();
             desk.type("70000");
             desk.click("cmdUpdate");

@@ -27,7 +27,7 @@ using testing::StartsWith;
 
 class About : public testing::Test {
   protected:
-    void show(const std::function<void(WindowDriver&)>& acts, const std::string& notice = {}) {
+    void show(const std::function<void(const WindowDriver&)>& acts, const std::string& notice = {}) {
         shell::frmAboutView window(
             {.folder = folder.path(), .mode = "A", .database = database, .notice = notice});
         window.setWindowTitle("About Tolvane Module");
@@ -52,7 +52,7 @@ class About : public testing::Test {
 
 TEST_F(About, ShowsModuleVersionAndCompany) {
     site.add({wholeSite});
-    show([](WindowDriver& desk) {
+    show([](const WindowDriver& desk) {
         EXPECT_EQ(desk.text("lblModuleName"), "Tolvane Module");
         EXPECT_EQ(desk.text("lblVersionNumber"), "Version 1.1.1");
         EXPECT_THAT(desk.text("lblCRNotice"), StartsWith("Copyright (c) 2026"));
@@ -68,15 +68,16 @@ TEST_F(About, ShowsModuleVersionAndCompany) {
 }
 
 TEST_F(About, ShowsTheNoticeThatItIsGiven) {
-    show([](WindowDriver& desk) { EXPECT_EQ(desk.text("lblCRNotice"), "All mine"); }, "All mine");
-    show([](WindowDriver& desk) { EXPECT_THAT(desk.text("lblCRNotice"), StartsWith("Copyright")); }, "  ");
+    show([](const WindowDriver& desk) { EXPECT_EQ(desk.text("lblCRNotice"), "All mine"); }, "All mine");
+    show([](const WindowDriver& desk) { EXPECT_THAT(desk.text("lblCRNotice"), StartsWith("Copyright")); },
+         "  ");
 }
 
 TEST_F(About, WithoutASecondAddressTheCityMovesUp) {
     TestTable::Row row = wholeSite;
     row[2] = "  ";
     site.add({row});
-    show([](WindowDriver& desk) {
+    show([](const WindowDriver& desk) {
         EXPECT_THAT(lines(desk),
                     ElementsAre("Acme Works", "1 High Street", "Springfield, IL 62701-1234", "", "100"));
     });
@@ -86,12 +87,12 @@ TEST_F(About, WithoutPlus4TheZipStandsAlone) {
     TestTable::Row row = wholeSite;
     row[6] = runtime::Null();
     site.add({row});
-    show([](WindowDriver& desk) { EXPECT_EQ(desk.text("lblADDBLK3"), "Springfield, IL 62701"); });
+    show([](const WindowDriver& desk) { EXPECT_EQ(desk.text("lblADDBLK3"), "Springfield, IL 62701"); });
 }
 
 TEST_F(About, AnEmptyTableGainsOneEmptyRow) {
     for (int i = 0; i < 2; ++i) {
-        show([](WindowDriver& desk) { EXPECT_EQ(desk.text("lblLOCATIONNO"), "0"); });
+        show([](const WindowDriver& desk) { EXPECT_EQ(desk.text("lblLOCATIONNO"), "0"); });
         EXPECT_THAT(site.rows(), ElementsAre("Null|Null|Null|Null|Null|Null|Null|Null"));
     }
 }
@@ -100,18 +101,18 @@ TEST_F(About, ReadsMAINWhenNoDatabaseIsNamed) {
     siteTable("MAIN.MDB").add({wholeSite});
     for (const char* none : {"", " "}) {
         database = none;
-        show([](WindowDriver& desk) { EXPECT_EQ(desk.text("lblCONAME"), "Acme Works"); });
+        show([](const WindowDriver& desk) { EXPECT_EQ(desk.text("lblCONAME"), "Acme Works"); });
     }
     database = " main.mdb ";
-    show([](WindowDriver& desk) { EXPECT_EQ(desk.text("lblCONAME"), "Acme Works"); });
+    show([](const WindowDriver& desk) { EXPECT_EQ(desk.text("lblCONAME"), "Acme Works"); });
 }
 
 // The edit screen works on the folder's MAIN.MDB, whatever the About box reads.
 TEST_F(About, ShiftF10EditsTheFoldersMAIN) {
     site.add({wholeSite});
     const TestTable other = siteTable("MAIN.MDB");
-    show([&](WindowDriver& desk) {
-        const OnModal edit("frmAboutEdit", [&](WindowDriver& screen) {
+    show([&](const WindowDriver& desk) {
+        const OnModal edit("frmAboutEdit", [&](const WindowDriver& screen) {
             screen.type("Other Works");
             screen.click("cmdUpdate");
             site.change("CONAME", "Acme Works", "Renamed Works"); // by somebody else
@@ -125,8 +126,8 @@ TEST_F(About, ShiftF10EditsTheFoldersMAIN) {
 TEST_F(About, ShowsWhatWasChangedInItsOwnDatabase) {
     database = "MAIN.MDB";
     siteTable("MAIN.MDB").add({wholeSite});
-    show([&](WindowDriver& desk) {
-        const OnModal edit("frmAboutEdit", [&](WindowDriver& screen) {
+    show([&](const WindowDriver& desk) {
+        const OnModal edit("frmAboutEdit", [&](const WindowDriver& screen) {
             screen.control("txtADDRESS2").setFocus();
             screen.press(Qt::Key_Delete);
             screen.press(Qt::Key_U, Qt::AltModifier);
@@ -138,7 +139,7 @@ TEST_F(About, ShowsWhatWasChangedInItsOwnDatabase) {
 }
 
 TEST_F(About, NoOtherKeyEdits) {
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         desk.press(Qt::Key_F10);
         desk.press(Qt::Key_F10, Qt::ControlModifier);
         desk.press(Qt::Key_F10, Qt::ControlModifier | Qt::ShiftModifier);
@@ -150,7 +151,7 @@ TEST_F(About, NoOtherKeyEdits) {
 
 TEST_F(About, OnlyOKIsLeftWithoutTheDatabase) {
     folder.remove("ZOVNET.MDB");
-    show([&](WindowDriver& desk) {
+    show([&](const WindowDriver& desk) {
         ASSERT_EQ(person.boxes.size(), 1U);
         EXPECT_THAT(person.boxes[0].text,
                     StartsWith("Error Loading Form: frmAboutView\n\nError Number: 3024"));
@@ -163,7 +164,7 @@ TEST_F(About, OnlyOKIsLeftWithoutTheDatabase) {
 }
 
 TEST_F(About, LetsGoOfItsTable) {
-    show([](WindowDriver& desk) { desk.click("cmdOK"); });
+    show([](const WindowDriver& desk) { desk.click("cmdOK"); });
     data::Workspace workspace = data::DBEngine::CreateWorkspace("test");
     workspace.OpenDatabase("ZOVNET.MDB").TableDefs().Delete("SITEINFO");
 }
@@ -173,7 +174,7 @@ TEST_F(About, LetsGoOfItsTable) {
 TEST_F(About, AClickOnTheAddressOpensIt) {
     QTextBrowser browser; // stands in for the person's own
     QDesktopServices::setUrlHandler("https", &browser, "setSource");
-    show([&](WindowDriver& desk) { desk.click("lblHyperLink"); });
+    show([&](const WindowDriver& desk) { desk.click("lblHyperLink"); });
     QDesktopServices::unsetUrlHandler("https");
     EXPECT_EQ(browser.source(), QUrl(TOL_HOMEPAGE));
 }
@@ -187,7 +188,7 @@ class SystemInfo : public About {
     }
 
     void press() {
-        show([](WindowDriver& desk) { desk.click("cmdSysInfo"); });
+        show([](const WindowDriver& desk) { desk.click("cmdSysInfo"); });
     }
     void write(const std::string& key, const std::string& line) const {
         folder.write("registry", "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\" + key + "]\n" + line + "\n");

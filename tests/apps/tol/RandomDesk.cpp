@@ -10,6 +10,9 @@
 #include "shell/frmTOLMAIN.h"
 #include "tol/Windows.h"
 
+#include <QDesktopServices>
+#include <QTextBrowser>
+
 #include <string>
 
 int main(int count, char** arguments) {
@@ -17,6 +20,8 @@ int main(int count, char** arguments) {
         return 2;
     const tol::forms::Application application("Tolvane Module");
     const tol::forms::WindowHost host;
+    QTextBrowser browser; // in the place of the person's own
+    QDesktopServices::setUrlHandler("https", &browser, "setSource");
     tol::data::DBEngine::addEngine(std::make_unique<tol::data::sqlite::SqliteEngine>());
     tol::shell::frmTOLMAIN mainWindow;
     tol::addWindows(mainWindow);

@@ -20,9 +20,8 @@ const char* const mainTitle = "Zovarin Series - Tolvane Module";
 
 // The keys that choose each item behind which no window stands yet.
 const std::vector<std::vector<std::string>> waitingItems = {
-    {"alt+f", "1"}, {"alt+r", "1"}, {"alt+r", "2"}, {"alt+a", "1"},
-    {"alt+u", "2"}, {"alt+u", "3"}, {"alt+u", "4"}, {"alt+h", "c"},
-    {"alt+h", "i"}, {"alt+h", "s"}, {"alt+h", "a"}, {"alt", "Down", "Return"}, // without any letter
+    {"alt+u", "2"}, {"alt+u", "3"}, {"alt+h", "c"},
+    {"alt+h", "i"}, {"alt+h", "s"}, {"alt", "Left", "Down", "Return"}, // without any letter
 };
 
 class Tol : public testing::Test {
