@@ -23,6 +23,8 @@ using testing::MatchesRegex;
 
 class Settings : public testing::Test {
   protected:
+    Settings() { folder.remove("drives/c/ZOVUSER/ZOVUSER.MDB"); }
+
     [[nodiscard]] Outcome run(std::vector<std::string> words,
                               const std::function<void()>& prepare = {}) const {
         words.insert(words.begin(), "settings");
@@ -95,7 +97,6 @@ TEST_F(UsersSettings, AreToldAsOneObject) {
 }
 
 TEST_F(Settings, ThatAreNotThereAreToldAsSuch) {
-    folder.remove("drives/c/ZOVUSER/ZOVUSER.MDB");
     EXPECT_THAT(run({}).out, HasSubstr("\nUser number        <none>\nJob Site in force  <not recorded>\n"));
     const Json told = json();
     EXPECT_EQ(told["userNumber"], nullptr);
@@ -126,6 +127,11 @@ TEST_F(Settings, CanNotBeToldWithoutTheirDatabase) {
     expectFailure(run({}), 1, "File not found: 'NETPATH.MDB' (error 53)");
     expectFailure(run({"network", "C:\\NET"}), 1, "File not found: 'NETPATH.MDB' (error 53)");
     EXPECT_FALSE(std::filesystem::exists("NETPATH.MDB"));
+}
+
+TEST_F(Settings, CanNotBeToldFromAHalfDatabase) {
+    const TestTable other{R"(C:\ZOVUSER\ZOVUSER.MDB)", "OTHER", {{"A", data::dbLong}}};
+    expectFailure(run({}), 1, "Cannot find the table 'SETTINGS'. (error 3078)");
 }
 
 TEST_F(Settings, ThatNobodyReadsAreAnError) {
