@@ -24,9 +24,9 @@ constexpr const char* siteTable = R"({"tables": [{"name": "SITEINFO", "fields": 
 class NetworkJourney : public Desk {
   protected:
     NetworkJourney()
-        : Desk([](const std::filesystem::path& folder) {
-              EXPECT_EQ(Program(TOL_CTL_PROGRAM, {"demo", "work"}, folder).wait(), 0);
-              return folder / "work";
+        : Desk([](const std::filesystem::path& below) {
+              EXPECT_EQ(Program(TOL_CTL_PROGRAM, {"demo", "work"}, below).wait(), 0);
+              return below / "work";
           }) {}
 
     [[nodiscard]] bool comesLocation(const std::string& location) const {
