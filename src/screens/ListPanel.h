@@ -5,6 +5,7 @@
 #include "screens/browse/BrowseDescription.h"
 #include "screens/browse/BrowsePage.h"
 
+#include <QRgb>
 #include <QString>
 
 #include <functional>
