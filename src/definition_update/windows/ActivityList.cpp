@@ -23,12 +23,12 @@ screens::BrowseColumn nameColumn(const char* label, const char* headingLabel, co
 // The last column holds every text that the update itself writes.
 screens::BrowseDescription description() {
     return {.index = "",
-            .columns = {nameColumn("lblALPATHNAME", "lblHALPATHNAME", "Job Site", 1830, "PATHNAME"),
+            .columns = {nameColumn("lblALPATHNAME", "lblHALPATHNAME", "Job Site", 1770, "PATHNAME"),
                         nameColumn("lblDBNAME", "lblHDBNAME", "Database", 1230, "DBNAME"),
                         nameColumn("lblTABLENAME", "lblHTABLENAME", "Table", 1170, "TABLENAME"),
                         nameColumn("lblINDEXNAME", "lblHINDEXNAME", "Index", 1170, "INDEXNAME"),
                         nameColumn("lblFIELDNAME", "lblHFIELDNAME", "Field", 1170, "FIELDNAME"),
-                        {"lblACTION", "Label1", "Action", 4230, "Action"}},
+                        {"lblACTION", "Label1", "Action", 4290, "Action"}},
             .descriptionColumn = 5,
             .rows = rows,
             .endText = "End of List",
