@@ -28,12 +28,13 @@ long residentBytes() {
     return resident * sysconf(_SC_PAGESIZE);
 }
 
-/// The files that this process has open.
+/// The files that this process has open; pipes and events, which threads make at their first use, are none.
 std::multiset<std::string> openFiles() {
     std::multiset<std::string> files;
     std::error_code gone;
     for (const auto& handle : fs::directory_iterator("/proc/self/fd"))
-        files.insert(fs::read_symlink(handle.path(), gone).string());
+        if (const fs::path file = fs::read_symlink(handle.path(), gone); file.is_absolute())
+            files.insert(file.string());
     return files;
 }
 
@@ -60,7 +61,8 @@ TEST_F(DayOfLocks, TakesNoMoreMemoryAndLeavesNoFileOpen) {
         addNumbered(30 + part, 30 + part);
         playSeconds(seconds / 10);
     }
-    constexpr long slack = 512 * 1024; // of the allocator
+    constexpr long slack =
+        2 * 1024 * 1024; // of the allocator; one handle kept at each tick would take far more
     EXPECT_LE(residentBytes() - bytesAtFirst, slack);
     EXPECT_EQ(openFiles(), filesAtFirst);
     window->unload();
