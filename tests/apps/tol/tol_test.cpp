@@ -18,10 +18,9 @@ using testing::ElementsAre;
 const char* const splashTitle = "Tolvane Module";
 const char* const mainTitle = "Zovarin Series - Tolvane Module";
 
-// The keys that choose each item behind which no window stands yet.
+// The keys that choose each item behind which no window stands.
 const std::vector<std::vector<std::string>> waitingItems = {
-    {"alt+u", "2"}, {"alt+u", "3"}, {"alt+h", "c"},
-    {"alt+h", "i"}, {"alt+h", "s"}, {"alt", "Left", "Down", "Return"}, // without any letter
+    {"alt+h", "c"}, {"alt+h", "i"}, {"alt+h", "s"}, {"alt", "Left", "Down", "Return"}, // without any letter
 };
 
 class Tol : public testing::Test {
