@@ -100,7 +100,6 @@ TEST_F(NetworkSettings, ShowWhoTheUserIsAndWhereTheDatabaseLies) {
         EXPECT_EQ(desk.text("lblNETPATH"), platform::currentFolder());
         EXPECT_EQ(desk.text("cmdExit"), "E&xit");
         expectViewing(desk);
-        desk.keepPicture("network-settings");
         desk.press(Qt::Key_X, Qt::AltModifier);
     });
     EXPECT_EQ(title, "Network Settings - Tolvane Module");
@@ -176,6 +175,23 @@ TEST_F(NetworkSettings, OnlyExitIsLeftWhenTheLoadFails) {
     });
 }
 
+TEST_F(NetworkSettings, ShowALocationOnADrive) {
+    net.users.add({{31, "ann", "", false}});
+    std::filesystem::create_directories("drives/n/SUITE");
+    std::filesystem::rename("ZOVNET.MDB", "drives/n/SUITE/ZOVNET.MDB");
+    std::filesystem::remove("NETPATH.MDB");
+    const TestTable own("NETPATH.MDB", "NETPATH", {{"Path", data::dbText, 100}});
+    own.add({{"N:\\SUITE\\"}});
+    show([&](const WindowDriver& desk) {
+        EXPECT_EQ(desk.text("lblUSERTAG"), "31");
+        EXPECT_EQ(desk.text("lblNETPATH"), "N:\\SUITE");
+        desk.keepPicture("network-settings");
+        desk.press(Qt::Key_M, Qt::AltModifier);
+        EXPECT_EQ(desk.text("txtNETPATH"), "N:\\SUITE");
+        desk.keepPicture("network-settings-edit");
+    });
+}
+
 TEST_F(NetworkSettings, OnlyExitIsLeftWithoutTheListOfUsers) {
     std::filesystem::remove("ZOVNET.MDB");
     const TestTable other("ZOVNET.MDB", "OTHER", {{"A", data::dbLong}});
@@ -193,7 +209,6 @@ TEST_F(NetworkSettings, TheLocationIsChangedByKeys) {
         expectEditing(desk);
         EXPECT_EQ(desk.text("txtNETPATH"), platform::currentFolder());
         EXPECT_EQ(desk.control<forms::TextBox>("txtNETPATH").MaxLength(), 100);
-        desk.keepPicture("network-settings-edit");
         desk.type("  s:\\new place\\ ");
         desk.press(Qt::Key_U, Qt::AltModifier);
         expectViewing(desk);
