@@ -116,7 +116,7 @@ void ListPanel::makeRows(const BrowseDescription& description, bool coloredHeadi
 void ListPanel::makeHeading(const BrowseColumn& column, int left, bool colored) {
     const QString text = QString::fromStdString(column.heading);
     QLabel& heading = forms::addLabel(m_form, QString::fromStdString(column.headingLabel), text, {});
-    forms::setTextSize(heading, 100, true);
+    forms::setTextSize(heading, 100, !colored); // its colour sets a heading apart as well
     const auto letter = std::ranges::find_if(text, [](QChar c) { return c != u' '; });
     const QString blanks = colored ? QString() : text.first(letter - text.begin());
     const int before = forms::toTwips(heading.fontMetrics().horizontalAdvance(blanks));
